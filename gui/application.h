@@ -1,0 +1,18 @@
+#pragma once
+
+namespace rotavel {
+
+// The layer's beginning and end. Everything else of gui/ and draw/ works between the two calls.
+
+// Connects to the windowing system. Ends the process when there is none. From then on SIGINT,
+// SIGTERM and SIGHUP post CloseRequested for window 0 and dismiss an open requester.
+void GuiStart();
+
+// Destroys every window, gadget, menu, image and font and disconnects.
+void GuiStop();
+
+// Raises the program's windows and activates the one that had the keyboard last. Before the first
+// window is open there is nothing to do: a new window comes to the front by itself.
+void BringToFront();
+
+}  // namespace rotavel

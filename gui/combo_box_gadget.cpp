@@ -1,0 +1,143 @@
+#include "gui/combo_box_gadget.h"
+
+#include <QComboBox>
+#include <QIcon>
+#include <QPixmap>
+
+#include "gui/event_queue.h"
+#include "gui/native/gadget_view.h"
+#include "gui/native/native_image.h"
+#include "gui/native/native_text.h"
+
+namespace rotavel {
+
+namespace {
+
+constexpr int blankImageSide = 16;
+
+class Qz_NSPopUpButton final : public QzGadgetView<QComboBox>, public QzControl {
+  public:
+    explicit Qz_NSPopUpButton(QWidget* container) : QzGadgetView(container) {
+        // The gadget has the size it was given; measuring every item for a hint is for nothing.
+        setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    }
+
+    void SetStringValue(const QString& value) override { setCurrentIndex(findText(value)); }
+    QString StringValue() const override { return currentText(); }
+};
+
+const QIcon& BlankImage() {
+    static const QIcon blank = [] {
+        QPixmap pixmap(blankImageSide, blankImageSide);
+        pixmap.fill(Qt::transparent);
+        return QIcon(pixmap);
+    }();
+    return blank;
+}
+
+class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
+  public:
+    void EventHandler() override { SendEvent(Change); }
+
+    std::int64_t AddGadgetItem(std::int64_t position, std::u16string_view text, NativeImage* image,
+                               std::uint32_t) override {
+        QComboBox& view = View();
+        const bool inserts = position >= 0 && position < view.count();
+        const int index = inserts ? static_cast<int>(position) : view.count();
+        const bool hadSelection = view.currentIndex() >= 0;
+        view.insertItem(index, ItemImage(image), Fold(text), QVariant::fromValue<qlonglong>(0));
+        if (!hadSelection) {
+            view.setCurrentIndex(-1);  // the toolkit selects the first item of a list by itself
+        }
+        return 1;
+    }
+    void RemoveGadgetItem(std::int64_t item) override {
+        if (IsItem(item)) {
+            const bool removesSelection = item == View().currentIndex();
+            View().removeItem(static_cast<int>(item));
+            if (removesSelection) {
+                View().setCurrentIndex(-1);
+            }
+        }
+    }
+    void ClearGadgetItems() override { View().clear(); }
+    std::int64_t CountGadgetItems() const override { return View().count(); }
+
+    void SetGadgetState(std::int64_t state) override {
+        if (state == -1 || IsItem(state)) {
+            View().setCurrentIndex(static_cast<int>(state));
+        }
+    }
+    std::int64_t GetGadgetState() const override { return View().currentIndex(); }
+
+    void SetGadgetText(std::u16string_view text) override {
+        const int index = View().findText(Fold(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
+        if (index >= 0) {
+            View().setCurrentIndex(index);
+        }
+    }
+    std::u16string GetGadgetText() const override { return FromQString(View().currentText()); }
+
+    void SetGadgetItemText(std::int64_t item, std::u16string_view text, std::int64_t) override {
+        if (IsItem(item)) {
+            View().setItemText(static_cast<int>(item), Fold(text));
+        }
+    }
+    std::u16string GetGadgetItemText(std::int64_t item, std::int64_t) override {
+        return IsItem(item) ? FromQString(View().itemText(static_cast<int>(item)))
+                            : std::u16string();
+    }
+    void SetGadgetItemData(std::int64_t item, std::int64_t value) override {
+        if (IsItem(item)) {
+            View().setItemData(static_cast<int>(item), QVariant::fromValue<qlonglong>(value));
+        }
+    }
+    std::int64_t GetGadgetItemData(std::int64_t item) const override {
+        return IsItem(item) ? View().itemData(static_cast<int>(item)).toLongLong() : 0;
+    }
+    void SetGadgetItemImage(std::int64_t item, NativeImage* image) override {
+        if (HasImages() && IsItem(item)) {
+            View().setItemIcon(static_cast<int>(item), ItemImage(image));
+        }
+    }
+
+  private:
+    QComboBox& View() const { return static_cast<Qz_NSPopUpButton&>(*Gadget->View); }
+    bool IsItem(std::int64_t item) const { return item >= 0 && item < View().count(); }
+    bool HasImages() const { return (Gadget->Flags & ComboBoxImages) != 0; }
+
+    QIcon ItemImage(NativeImage* image) const {
+        if (!HasImages()) {
+            return {};
+        }
+        return image == nullptr ? BlankImage() : QIcon(QPixmap::fromImage(*FromHandle(image)));
+    }
+
+    QString Fold(std::u16string_view text) const {
+        const QString given = ToQString(text);
+        if ((Gadget->Flags & ComboBoxLowerCase) != 0) {
+            return given.toLower();
+        }
+        return (Gadget->Flags & ComboBoxUpperCase) != 0 ? given.toUpper() : given;
+    }
+};
+
+}  // namespace
+
+std::int64_t ComboBoxGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+                                  std::int64_t width, std::int64_t height, std::uint32_t flags) {
+    QWidget* const container = ContainerForNewGadget(number);
+    if (container == nullptr) {
+        return 0;
+    }
+    auto* const view = new Qz_NSPopUpButton(container);
+    auto owned = std::make_unique<QzComboBoxGadgetFunctions>();
+    QzComboBoxGadgetFunctions* const functions = owned.get();
+    const std::int64_t result =
+        PlaceGadget(std::move(owned), number, ComboBoxKind, view, {x, y, width, height}, flags);
+    // Also when the item chosen was selected already, and never when the program selects.
+    QObject::connect(view, &QComboBox::activated, [functions] { functions->EventHandler(); });
+    return result;
+}
+
+}  // namespace rotavel

@@ -1,0 +1,163 @@
+#include "gui/menu.h"
+
+#include <QMenuBar>
+#include <QPixmap>
+#include <QPointer>
+
+#include "gui/native/application_menu.h"
+#include "gui/native/menu_bars.h"
+#include "gui/native/native_image.h"
+#include "gui/native/native_text.h"
+#include "gui/native/shortcut_text.h"
+#include "gui/native/window_record.h"
+
+namespace rotavel {
+
+namespace {
+
+struct MenuRecord {
+    QPointer<QzWindow> Window;
+    QPointer<QMenuBar> Bar;  // owned by the window while it is installed there
+    ApplicationMenu Application = {};
+};
+
+NumberedObjects<MenuRecord> registry;
+
+// The bar being built, and the menu that new items go into.
+MenuRecord* building = nullptr;
+QMenu* currentMenu = nullptr;
+
+QString Title(std::u16string_view text) {
+    return ToQString(text).remove('&');
+}
+
+QMenuBar* MakeBar(QzWindow* window) {
+    auto* const bar = new QMenuBar(window);
+    bar->setNativeMenuBar(false);
+    return bar;
+}
+
+void FreeOne(std::int64_t number, const MenuRecord& record) {
+    if (building == &record) {
+        building = nullptr;
+        currentMenu = nullptr;
+    }
+    QMenuBar* const bar = record.Bar;
+    QzWindow* const window = record.Window;
+    registry.Remove(number);
+    if (bar == nullptr) {
+        return;
+    }
+    if (window != nullptr && window->MenuBar() == bar) {
+        QMenuBar* const plain = MakeBar(window);
+        AddApplicationMenu(*plain);
+        window->SetMenuBar(plain);
+    }
+    bar->deleteLater();  // the choice of one of its items may be under way
+}
+
+// Number and record of the first menu bar of a window; a null record when it has none.
+std::pair<std::int64_t, MenuRecord*> FirstOf(const QzWindow* window) {
+    auto next = registry.Next(0);
+    while (next.second != nullptr && next.second->Window != window) {
+        next = registry.Next(next.first + 1);
+    }
+    return next;
+}
+
+}  // namespace
+
+void InstallMenuBarOf(QzWindow* window) {
+    const MenuRecord* const record = FirstOf(window).second;
+    if (record != nullptr) {
+        window->SetMenuBar(record->Bar);
+        QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(window));
+    }
+}
+
+void FreeMenuOf(const QzWindow* window) {
+    const auto [number, record] = FirstOf(window);
+    if (record == nullptr) {
+        return;
+    }
+    record->Window = nullptr;  // no other bar takes its place: the window goes
+    FreeOne(number, *record);
+}
+
+std::int64_t MenuCreate(std::int64_t number, NativeWindow* handle) {
+    QzWindow* const window = FromHandle(handle);
+    if (window == nullptr || number < AnyNumber) {
+        return 0;
+    }
+    if (number != AnyNumber) {
+        FreeMenu(number);
+    }
+    const auto [id, record] = registry.Create(number);
+    QMenuBar* const bar = MakeBar(window);
+    *record = {window, bar, AddApplicationMenu(*bar)};
+    QObject::connect(bar, &QMenuBar::triggered, [window](const QAction* item) {
+        // The application menu's items carry no number: they have actions of their own.
+        if (item->data().isValid()) {
+            QzMenuDelegate::Shared().EventHandler(item, WindowNumberOf(window));
+        }
+    });
+    window->SetMenuBar(bar);
+    building = record;
+    currentMenu = nullptr;
+    return number == AnyNumber ? id : reinterpret_cast<std::intptr_t>(bar);
+}
+
+void MenuTitle(std::u16string_view text) {
+    if (building != nullptr) {
+        currentMenu = building->Bar->addMenu(Title(text));
+    }
+}
+
+void MenuItem(std::int64_t number, std::u16string_view text, NativeImage* image) {
+    if (building != nullptr && (number == PreferencesItem || number == AboutItem)) {
+        QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(building->Window));
+        (number == AboutItem ? building->Application.About : building->Application.Preferences)
+            ->setEnabled(true);
+        return;
+    }
+    if (currentMenu == nullptr || number == QuitItem) {
+        return;
+    }
+    const ItemText item = ParseItemText(ToQString(text));
+    QAction* const action = currentMenu->addAction(item.Title);
+    action->setShortcut(item.Shortcut);
+    if (image != nullptr) {
+        action->setIcon(QPixmap::fromImage(*FromHandle(image)));
+    }
+    action->setData(QVariant::fromValue<qlonglong>(number));
+}
+
+void MenuSeparator() {
+    if (currentMenu != nullptr) {
+        currentMenu->addSeparator();
+    }
+}
+
+void MenuOpenSubmenu(std::u16string_view text) {
+    if (currentMenu != nullptr) {
+        currentMenu = currentMenu->addMenu(Title(text));
+    }
+}
+
+void MenuCloseSubmenu() {
+    if (currentMenu != nullptr) {
+        currentMenu = qobject_cast<QMenu*>(currentMenu->parentWidget());
+    }
+}
+
+void FreeMenu(std::int64_t number) {
+    if (number == AnyNumber) {
+        for (auto next = registry.Next(0); next.second != nullptr; next = registry.Next(0)) {
+            FreeOne(next.first, *next.second);
+        }
+    } else if (const MenuRecord* const record = registry.Find(number)) {
+        FreeOne(number, *record);
+    }
+}
+
+}  // namespace rotavel

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "gui/handles.h"
+
+class QWidget;
+
+namespace rotavel {
+
+enum GadgetKind : std::int32_t;
+struct GadgetRecord;
+
+// Where a gadget is to stand.
+struct GadgetBounds {
+    std::int64_t X;
+    std::int64_t Y;
+    std::int64_t Width;
+    std::int64_t Height;
+};
+
+// The operations of one gadget. Each kind derives a class that overrides what it does differently;
+// what it does not serve falls back to here, where it does nothing and returns 0.
+class QzGadgetFunctions {
+  public:
+    virtual ~QzGadgetFunctions() = default;
+
+    // Enters the gadget into the registry under `number` (which must be free), with this as its
+    // functions, and prepares the view: tag and default font.
+    static void Setup(std::unique_ptr<QzGadgetFunctions> functions, std::int64_t number,
+                      GadgetKind kind, QWidget* view, QWidget* container, std::uint32_t flags);
+    // Takes over the gadget of an existing record under a new kind; its functions are released.
+    static void Reuse(std::unique_ptr<QzGadgetFunctions> functions, GadgetRecord& record,
+                      GadgetKind kind);
+
+    // Posts GadgetActivity for this gadget.
+    void SendEvent(std::int64_t type) const;
+    // The control's action.
+    virtual void EventHandler() { SendEvent(0); }
+
+    virtual void FreeGadget() {}
+    virtual void ActivateGadget();
+    virtual void GadgetToolTip(std::u16string_view text);
+    virtual void HideGadget(int state);
+    virtual void DisableGadget(int state);
+    virtual std::int64_t GadgetX(int mode) const;
+    virtual std::int64_t GadgetY(int mode) const;
+    virtual std::int64_t GadgetWidth() const;
+    virtual std::int64_t GadgetHeight() const;
+    virtual void ResizeGadget(std::int64_t x, std::int64_t y, std::int64_t width,
+                              std::int64_t height);
+    virtual void SetGadgetFont(std::int64_t font);
+    virtual std::int64_t GetGadgetFont() const;
+
+    virtual std::int64_t AddGadgetItem(std::int64_t, std::u16string_view, NativeImage*,
+                                       std::uint32_t) {
+        return 0;
+    }
+    virtual void RemoveGadgetItem(std::int64_t) {}
+    virtual void ClearGadgetItems() {}
+    virtual std::int64_t CountGadgetItems() const { return 0; }
+    virtual std::int64_t AddGadgetColumn(std::int64_t, std::u16string_view, std::int64_t) {
+        return 0;
+    }
+    virtual void RemoveGadgetColumn(std::int64_t) {}
+
+    virtual void SetGadgetState(std::int64_t state);
+    virtual std::int64_t GetGadgetState() const;
+    virtual void SetGadgetItemState(std::int64_t, std::int64_t) {}
+    virtual std::int64_t GetGadgetItemState(std::int64_t) const { return 0; }
+    virtual void SetGadgetItemImage(std::int64_t, NativeImage*) {}
+
+    virtual void SetGadgetText(std::u16string_view text);
+    virtual std::u16string GetGadgetText() const;
+    virtual void SetGadgetItemText(std::int64_t, std::u16string_view, std::int64_t) {}
+    virtual std::u16string GetGadgetItemText(std::int64_t, std::int64_t) { return {}; }
+
+    virtual void SetGadgetAttribute(std::int64_t, std::int64_t) {}
+    virtual std::int64_t GetGadgetAttribute(std::int64_t) const { return 0; }
+    virtual void SetGadgetItemAttribute(std::int64_t, std::int64_t, std::int64_t, std::int64_t) {}
+    virtual std::int64_t GetGadgetItemAttribute(std::int64_t, std::int64_t, std::int64_t) const {
+        return 0;
+    }
+    virtual void SetGadgetColor(std::int64_t, std::int64_t) {}
+    virtual std::int64_t GetGadgetColor(std::int64_t) const { return 0; }
+    virtual void SetGadgetItemColor(std::int64_t, std::int64_t, std::int64_t, std::int64_t) {}
+    virtual std::int64_t GetGadgetItemColor(std::int64_t, std::int64_t, std::int64_t) const {
+        return 0;
+    }
+    virtual void SetGadgetItemData(std::int64_t, std::int64_t) {}
+    virtual std::int64_t GetGadgetItemData(std::int64_t) const { return 0; }
+    virtual void OpenGadgetList(std::int64_t) {}
+
+  protected:
+    std::int64_t GadgetID = -1;
+    GadgetRecord* Gadget = nullptr;
+    bool isNSControl = false;
+
+  private:
+    std::int64_t fontNumber = -1;
+};
+
+// The container that new gadgets go into, once `number` is free: a gadget that holds it is freed.
+// Null when there is no window or the number cannot be used.
+QWidget* ContainerForNewGadget(std::int64_t number);
+
+// Enters a new view as a gadget, puts it in its place and shows it. Returns what the creation
+// function returns.
+std::int64_t PlaceGadget(std::unique_ptr<QzGadgetFunctions> functions, std::int64_t number,
+                         GadgetKind kind, QWidget* view, const GadgetBounds& bounds,
+                         std::uint32_t flags);
+
+}  // namespace rotavel

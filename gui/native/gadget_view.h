@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <utility>
+
+#include <QString>
+#include <QWidget>
+
+#include "gui/native/gadget_record.h"
+
+namespace rotavel {
+
+// A native view that is a control: it has a value as text and as a whole number.
+class QzControl {
+  public:
+    virtual ~QzControl() = default;
+    virtual void SetStringValue(const QString& value) = 0;
+    virtual QString StringValue() const = 0;
+    virtual void SetIntValue(int value) { SetStringValue(QString::number(value)); }
+    virtual int IntValue() const { return StringValue().toInt(); }
+};
+
+// What every native view of a gadget carries: the gadget's number, and whether its record is gone.
+class QzTaggedView {
+  public:
+    virtual ~QzTaggedView() = default;
+    void SetTag(std::int64_t tag) { Qz_tag = tag; }
+    void SetAlreadyDestroyed(bool destroyed) { Qz_alreadyDestroyed = destroyed; }
+    std::int64_t Tag() const { return Qz_tag; }
+
+  protected:
+    std::int64_t Qz_tag = -1;
+    bool Qz_alreadyDestroyed = false;
+};
+
+// A toolkit widget as a gadget's view: takes its record along when it goes, whoever deletes it.
+template <typename Base>
+class QzGadgetView : public Base, public QzTaggedView {
+  public:
+    using Base::Base;
+    ~QzGadgetView() override {
+        if (!Qz_alreadyDestroyed) {
+            FreeGadgetRecord(Qz_tag);
+        }
+    }
+};
+
+}  // namespace rotavel

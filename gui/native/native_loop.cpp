@@ -1,0 +1,42 @@
+#include "gui/native/native_loop.h"
+
+#include <algorithm>
+#include <limits>
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QTimer>
+
+#include "gui/native/qz_application.h"
+
+namespace rotavel {
+
+void WakeNativeLoop() {
+    if (QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance()) {
+        dispatcher->wakeUp();
+    }
+}
+
+bool ProcessNativeEvents(const QDeadlineTimer& deadline, NativeInput input) {
+    QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
+    const qint64 remaining = deadline.remainingTime();
+    QTimer alarm;
+    alarm.setTimerType(Qt::PreciseTimer);
+    if (remaining > 0) {
+        alarm.start(static_cast<int>(std::min<qint64>(remaining, std::numeric_limits<int>::max())));
+    }
+    QzApplication::Instance()->TakeNativeEventSeen();
+    QEventLoop::ProcessEventsFlags flags = QEventLoop::AllEvents;
+    flags.setFlag(QEventLoop::WaitForMoreEvents, remaining != 0);
+    flags.setFlag(QEventLoop::ExcludeUserInputEvents, input == NativeInput::Postpone);
+    dispatcher->processEvents(flags);
+    return QzApplication::Instance()->TakeNativeEventSeen();
+}
+
+void FlushDeferredDeletes() {
+    // Without a running event loop of the toolkit's own nobody else does.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+}  // namespace rotavel

@@ -1,0 +1,58 @@
+#include "gui/native/qz_views.h"
+
+#include <QMouseEvent>
+
+#include "gui/event_queue.h"
+#include "gui/native/qz_window.h"
+
+namespace rotavel {
+
+namespace {
+
+// Larger than any content area it has to cover.
+constexpr int disabledViewSide = 4096;
+
+}  // namespace
+
+QzFlippedWindowView::QzFlippedWindowView(QzWindow* window) : QWidget(window) {}
+
+void QzFlippedWindowView::mouseDoubleClickEvent(QMouseEvent*) {
+    clickCount = 2;
+}
+
+void QzFlippedWindowView::mousePressEvent(QMouseEvent*) {
+    clickCount = 1;
+}
+
+void QzFlippedWindowView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        QueueEvent(clickCount == 2 ? LeftDoubleClick : LeftClick, WindowID, WindowID, 0);
+    } else if (event->button() == Qt::RightButton && clickCount == 1) {
+        QueueEvent(RightClick, WindowID, WindowID, 0);
+    }
+}
+
+void QzFlippedWindowView::paintEvent(QPaintEvent*) {
+    QzWindow::Of(this)->ContentPainted();
+    QueueEvent(Repaint, WindowID, WindowID, 0);
+}
+
+QzDisabledView::QzDisabledView(QWidget* contentView) : QWidget(contentView) {
+    setGeometry(0, 0, disabledViewSide, disabledViewSide);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+}
+
+bool QzDisabledView::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::Wheel:
+            event->accept();
+            return true;
+        default:
+            return QWidget::event(event);
+    }
+}
+
+}  // namespace rotavel

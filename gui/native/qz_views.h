@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+
+#include <QWidget>
+
+namespace rotavel {
+
+class QzWindow;
+
+// The content view of every window: holds the gadgets, and reports painting and the clicks that no
+// gadget takes.
+class QzFlippedWindowView final : public QWidget {
+  public:
+    explicit QzFlippedWindowView(QzWindow* window);
+
+    std::int64_t WindowID = -1;
+
+  protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    int clickCount = 0;
+};
+
+// Lies over a disabled window's content and swallows every click. Remembers which boxes of the
+// title bar were enabled before.
+class QzDisabledView final : public QWidget {
+  public:
+    explicit QzDisabledView(QWidget* contentView);
+
+    bool CloseButtonEnabled = false;
+    bool MinimizeButtonEnabled = false;
+    bool MaximizeButtonEnabled = false;
+
+  protected:
+    bool event(QEvent* event) override;
+};
+
+}  // namespace rotavel

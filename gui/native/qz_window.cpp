@@ -1,0 +1,467 @@
+#include "gui/native/qz_window.h"
+
+#include <algorithm>
+#include <vector>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDeadlineTimer>
+#include <QMenuBar>
+#include <QScreen>
+#include <QWindow>
+
+#include "gui/native/key_views.h"
+#include "gui/native/native_loop.h"
+#include "gui/native/qz_views.h"
+#include "gui/native/qz_window_events.h"
+#include "gui/window.h"
+
+namespace rotavel {
+
+namespace {
+
+// How long a window manager may take to frame a window before its frame is taken as it is.
+constexpr int framingPatienceMs = 1000;
+
+const QEvent::Type reportGeometryEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
+
+std::vector<QzWindow*> windows;  // in order of creation
+QPointer<QzWindow> keyWindow;
+QMargins frameMargins;  // of the window framed last, for placing the next one
+
+constexpr Qt::WindowFlags titleBarButtons =
+    Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint;
+
+Qt::WindowFlags ToolkitFlags(std::uint32_t flags, bool hasParent) {
+    if ((flags & WindowBorderless) != 0) {
+        // Beside its parent a borderless window has to be popup-like: only such a surface can be
+        // placed where the program wants it on every platform.
+        return hasParent ? Qt::ToolTip | Qt::WindowDoesNotAcceptFocus
+                         : Qt::Window | Qt::FramelessWindowHint;
+    }
+    Qt::WindowFlags native =
+        Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
+    native.setFlag(Qt::WindowCloseButtonHint,
+                   (flags & (WindowCloseBox | WindowMaximizeBox | WindowMinimizeBox)) != 0);
+    native.setFlag(Qt::WindowMinimizeButtonHint,
+                   (flags & (WindowMinimizeBox | WindowStartMiniaturized)) != 0);
+    native.setFlag(Qt::WindowMaximizeButtonHint,
+                   (flags & (WindowResizable | WindowMaximizeBox | WindowStartZoomed)) != 0);
+    return native;
+}
+
+}  // namespace
+
+QzWindow::QzWindow(std::uint32_t creationFlags, QzWindow* parent, QSize contentSize)
+    : borderless((creationFlags & WindowBorderless) != 0),
+      resizable(!borderless &&
+                (creationFlags & (WindowResizable | WindowMaximizeBox | WindowStartZoomed)) != 0),
+      flags(creationFlags),
+      parentWindow(parent),
+      contentMinimum(0, 0),
+      contentMaximum(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) {
+    setWindowFlags(ToolkitFlags(flags, parent != nullptr));
+    contentView = new QzFlippedWindowView(this);
+    setFocusPolicy(Qt::NoFocus);
+    SetContentSize(contentSize);
+    reported = QRect(pos(), contentSize);
+    windows.push_back(this);
+}
+
+QzWindow::~QzWindow() {
+    std::erase(windows, this);
+}
+
+QzWindow* QzWindow::Of(const QWidget* widget) {
+    return dynamic_cast<QzWindow*>(widget->window());
+}
+
+QzWindow* QzWindow::KeyWindow() {
+    return keyWindow;
+}
+
+void QzWindow::PresentPending() {
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        if (windows[i]->presentPending) {
+            windows[i]->Present();
+        }
+    }
+}
+
+void QzWindow::BringAllToFront() {
+    for (QzWindow* const window : windows) {
+        if (window->isVisible()) {
+            window->raise();
+        }
+    }
+    if (keyWindow != nullptr) {
+        keyWindow->MakeKeyAndOrderFront();
+    }
+}
+
+void QzWindow::MiniaturizeAll() {
+    for (QzWindow* const window : windows) {
+        if (window->isVisible() && !window->borderless) {
+            window->showMinimized();
+        }
+    }
+}
+
+void QzWindow::DeminiaturizeAll() {
+    for (QzWindow* const window : windows) {
+        if (window->isMinimized()) {
+            window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+        }
+    }
+}
+
+void QzWindow::SetMenuBar(QMenuBar* bar) {
+    if (bar == menuBar) {
+        return;
+    }
+    const QSize content = ContentSize();
+    if (menuBar != nullptr) {
+        menuBar->hide();
+        menuBar->setParent(nullptr);
+    }
+    menuBar = bar;
+    if (menuBar != nullptr) {
+        menuBar->setParent(this);
+        menuBar->setEnabled(!IsDisabled());
+        menuBar->show();
+    }
+    SetContentSize(content);
+    LayOut();
+}
+
+QSize QzWindow::ContentSize() const {
+    return contentView->size();
+}
+
+void QzWindow::SetContentSize(QSize size) {
+    const QSize whole(size.width(), size.height() + MenuBarHeight(size.width()));
+    if (resizable) {
+        SetContentLimits(contentMinimum, contentMaximum);
+        resize(whole);
+    } else {
+        setFixedSize(whole);
+    }
+    LayOut();
+}
+
+void QzWindow::SetContentLimits(QSize minimum, QSize maximum) {
+    contentMinimum = minimum;
+    contentMaximum = maximum;
+    if (resizable) {
+        const int barHeight = MenuBarHeight(width());
+        setMinimumSize(minimum.width(), minimum.height() + barHeight);
+        setMaximumSize(maximum.width(), std::min(maximum.height() + barHeight, QWIDGETSIZE_MAX));
+    }
+}
+
+QRect QzWindow::Frame() {
+    EnsureFramed();
+    return frameGeometry();
+}
+
+void QzWindow::MoveFrame(QPoint position) {
+    flags &= ~(WindowScreenCentred | WindowOwnerCentred);
+    move(position);
+}
+
+void QzWindow::ReportGeometry() {
+    const QRect current(pos(), ContentSize());
+    const QRect before = std::exchange(reported, current);
+    const bool zoomed = isMaximized();
+    if (std::exchange(wasZoomed, zoomed) != zoomed && current.size() != before.size()) {
+        delegate->WindowShouldZoom(current.width() > before.width() ||
+                                   current.height() > before.height());
+    }
+    if (current.size() != before.size()) {
+        delegate->WindowDidResize();
+    }
+    if (current.topLeft() != before.topLeft()) {
+        delegate->WindowDidMove();
+    }
+}
+
+void QzWindow::Show(std::uint32_t showFlags) {
+    constexpr std::uint32_t placement = WindowScreenCentred | WindowOwnerCentred;
+    flags = (flags & ~(placement | WindowNotActivated)) |
+            (showFlags & (placement | WindowNotActivated));
+    presentPending = true;
+    framed = false;
+    if ((flags & WindowNotActivated) == 0 && CanBecomeKeyWindow() && windowType() != Qt::ToolTip) {
+        keyWindow = this;
+    }
+}
+
+void QzWindow::Hide() {
+    presentPending = false;
+    hide();
+}
+
+void QzWindow::Present() {
+    presentPending = false;
+    Place();
+    AttachToParent();
+    setAttribute(Qt::WA_ShowWithoutActivating, (flags & WindowNotActivated) != 0);
+    if ((flags & WindowStartMiniaturized) != 0) {
+        showMinimized();
+    } else if ((flags & WindowStartZoomed) != 0) {
+        wasZoomed = true;
+        showMaximized();
+    } else {
+        show();
+    }
+    // The state asked for at creation is the window's first state only.
+    flags &= ~(WindowStartMiniaturized | WindowStartZoomed);
+    if (keyWindow == this) {
+        MakeKeyAndOrderFront();
+    }
+}
+
+QRect QzWindow::EstimatedFrame() const {
+    return QRect(pos(), size()).marginsAdded(borderless ? QMargins() : frameMargins);
+}
+
+void QzWindow::Place() {
+    QRect frame = EstimatedFrame();
+    if ((flags & WindowScreenCentred) != 0) {
+        frame.moveCenter(screen()->availableGeometry().center());
+        move(frame.topLeft());
+        return;
+    }
+    QzWindow* const owner = parentWindow != nullptr ? parentWindow.data() : keyWindow.data();
+    if ((flags & WindowOwnerCentred) != 0 && owner != nullptr && owner != this) {
+        const QRect over = owner->frameGeometry();
+        move(over.x() + (over.width() - frame.width()) / 2,
+             over.y() + (over.height() - frame.height()) / 2);
+    }
+}
+
+void QzWindow::AttachToParent() {
+    if (parentWindow == nullptr || !parentWindow->IsShown()) {
+        return;
+    }
+    parentWindow->winId();  // makes the native windows that are to be tied together
+    winId();
+    windowHandle()->setTransientParent(parentWindow->windowHandle());
+}
+
+void QzWindow::EnsureFramed() {
+    if (presentPending) {
+        Present();
+    }
+    if (framed || !isVisible()) {
+        return;
+    }
+    // The window manager frames a window at its own pace; the true frame is known once the window
+    // is on the screen.
+    const QDeadlineTimer patience(framingPatienceMs);
+    while (!windowHandle()->isExposed() && !isMinimized() && !patience.hasExpired()) {
+        ProcessNativeEvents(patience, NativeInput::Postpone);
+    }
+    framed = true;
+}
+
+void QzWindow::MakeKeyAndOrderFront() {
+    raise();
+    if (!CanBecomeKeyWindow() || (windowFlags() & Qt::WindowDoesNotAcceptFocus) != 0) {
+        return;
+    }
+    keyWindow = this;
+    if (!isActiveWindow()) {
+        activateWindow();
+    }
+}
+
+void QzWindow::Disable() {
+    Enable();
+    responderBeforeDisabling = firstResponder;
+    const Qt::WindowFlags buttons = windowFlags() & titleBarButtons;
+    overlay = new QzDisabledView(contentView);
+    overlay->CloseButtonEnabled = (buttons & Qt::WindowCloseButtonHint) != 0;
+    overlay->MinimizeButtonEnabled = (buttons & Qt::WindowMinimizeButtonHint) != 0;
+    overlay->MaximizeButtonEnabled = (buttons & Qt::WindowMaximizeButtonHint) != 0;
+    overlay->show();
+    overlay->raise();
+    MakeFirstResponder(nullptr);
+    if (menuBar != nullptr) {
+        menuBar->setEnabled(false);
+    }
+    SetTitleBarButtons({});
+}
+
+void QzWindow::Enable() {
+    if (overlay == nullptr) {
+        return;
+    }
+    Qt::WindowFlags buttons;
+    buttons.setFlag(Qt::WindowCloseButtonHint, overlay->CloseButtonEnabled);
+    buttons.setFlag(Qt::WindowMinimizeButtonHint, overlay->MinimizeButtonEnabled);
+    buttons.setFlag(Qt::WindowMaximizeButtonHint, overlay->MaximizeButtonEnabled);
+    SetTitleBarButtons(buttons);
+    delete std::exchange(overlay, nullptr);
+    if (menuBar != nullptr) {
+        menuBar->setEnabled(true);
+    }
+    if (responderBeforeDisabling != nullptr && responderBeforeDisabling->isEnabled()) {
+        MakeFirstResponder(responderBeforeDisabling);
+    }
+}
+
+void QzWindow::SetTitleBarButtons(Qt::WindowFlags buttons) {
+    if (borderless) {
+        return;
+    }
+    // The toolkit would hide the window to change these; the window manager takes the new set from
+    // the native window as it is.
+    overrideWindowFlags((windowFlags() & ~titleBarButtons) | buttons);
+    if (windowHandle() != nullptr) {
+        windowHandle()->setFlags(windowFlags());
+    }
+}
+
+void QzWindow::FocusArrived(QWidget* widget) {
+    if (contentView->isAncestorOf(widget)) {
+        SetFirstResponder(widget);
+    }
+}
+
+void QzWindow::MakeFirstResponder(QWidget* view) {
+    if (view != nullptr) {
+        view->setFocus(Qt::OtherFocusReason);
+    } else if (QWidget* const focused = focusWidget()) {
+        focused->clearFocus();
+    }
+    SetFirstResponder(view);
+}
+
+void QzWindow::SetFirstResponder(QWidget* widget) {
+    if (widget == firstResponder) {
+        return;
+    }
+    auto* const before = dynamic_cast<FirstResponderView*>(firstResponder.data());
+    firstResponder = widget;
+    if (before != nullptr) {
+        before->TextDidEndEditing();
+    }
+    if (auto* const now = dynamic_cast<FirstResponderView*>(widget)) {
+        now->BecomeFirstResponder();
+    }
+}
+
+bool QzWindow::focusNextPrevChild(bool next) {
+    QWidget* const view = IsDisabled() ? nullptr : NextKeyView(*contentView, focusWidget(), next);
+    if (view == nullptr) {
+        return false;
+    }
+    view->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+void QzWindow::ContentPainted() {
+    if (settled) {
+        return;
+    }
+    // Up to here the geometry followed the window manager's framing, which is no event.
+    settled = true;
+    framed = true;
+    reported = QRect(pos(), ContentSize());
+    if (!borderless) {
+        const QRect frame = frameGeometry();
+        const QRect inner = geometry();
+        frameMargins = QMargins(inner.left() - frame.left(), inner.top() - frame.top(),
+                                frame.right() - inner.right(), frame.bottom() - inner.bottom());
+    }
+}
+
+void QzWindow::LayOut() {
+    const int barHeight = MenuBarHeight(width());
+    if (menuBar != nullptr) {
+        menuBar->setGeometry(0, 0, width(), barHeight);
+    }
+    contentView->setGeometry(0, barHeight, width(), std::max(height() - barHeight, 0));
+}
+
+int QzWindow::MenuBarHeight(int width) const {
+    return menuBar == nullptr ? 0 : menuBar->heightForWidth(width);
+}
+
+void QzWindow::ReportGeometryLater() {
+    // A zoom reaches the window as a new state and a new size, in either order: both are told once
+    // both are here.
+    if (settled && !reportScheduled) {
+        reportScheduled = true;
+        QCoreApplication::postEvent(this, new QEvent(reportGeometryEvent));
+    }
+}
+
+void QzWindow::resizeEvent(QResizeEvent*) {
+    LayOut();
+    ReportGeometryLater();
+}
+
+void QzWindow::moveEvent(QMoveEvent*) {
+    ReportGeometryLater();
+}
+
+void QzWindow::closeEvent(QCloseEvent* event) {
+    const bool closes = delegate != nullptr && !IsDisabled() && delegate->WindowShouldClose();
+    event->setAccepted(closes);
+}
+
+void QzWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange || delegate == nullptr || !settled) {
+        return;
+    }
+    const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
+    const bool wasMiniaturized = (before & Qt::WindowMinimized) != 0;
+    if (isMinimized() && !wasMiniaturized) {
+        delegate->WindowDidMiniaturize();
+    } else if (!isMinimized() && wasMiniaturized) {
+        delegate->WindowDidDeminiaturize();
+    } else {
+        ReportGeometryLater();
+    }
+}
+
+bool QzWindow::event(QEvent* event) {
+    if (delegate == nullptr) {
+        return QWidget::event(event);
+    }
+    if (event->type() == reportGeometryEvent) {
+        reportScheduled = false;
+        ReportGeometry();
+        return true;
+    }
+    if (event->type() == QEvent::WindowActivate) {
+        BecameActive();
+    } else if (event->type() == QEvent::WindowDeactivate && std::exchange(isKey, false)) {
+        if (keyWindow == this) {
+            keyWindow = nullptr;
+        }
+        delegate->WindowDidResignKey();
+    }
+    return QWidget::event(event);
+}
+
+void QzWindow::BecameActive() {
+    if (CanBecomeKeyWindow()) {
+        isKey = true;
+        keyWindow = this;
+        delegate->WindowDidBecomeKey();
+        return;
+    }
+    // A disabled window cannot have the keyboard: the newest window above it gets it.
+    const auto above = std::find_if(windows.rbegin(), windows.rend(), [this](QzWindow* window) {
+        return window->parentWindow == this && window->isVisible() && window->CanBecomeKeyWindow();
+    });
+    if (above != windows.rend()) {
+        (*above)->MakeKeyAndOrderFront();
+    }
+}
+
+}  // namespace rotavel

@@ -1,0 +1,122 @@
+#pragma once
+
+#include <cstdint>
+
+#include <QPointer>
+#include <QWidget>
+
+class QMenuBar;
+
+namespace rotavel {
+
+class QzDisabledView;
+class QzFlippedWindowView;
+class QzWindowEvents;
+struct WindowRecord;
+
+// A native top-level window: the menu bar on top and, below it, the content view at exactly the
+// size asked for. Reports to its delegate; knows nothing of numbers or queues.
+class QzWindow final : public QWidget {
+  public:
+    // `flags` are those of WindowCreate; `parent` may be null.
+    QzWindow(std::uint32_t flags, QzWindow* parent, QSize contentSize);
+    ~QzWindow() override;
+
+    // The window that a widget lies in, or null.
+    static QzWindow* Of(const QWidget* widget);
+    // The window that has the keyboard or has just been given it, or null.
+    static QzWindow* KeyWindow();
+    // Puts the windows on the screen whose showing was put off until they are complete.
+    static void PresentPending();
+    static void BringAllToFront();
+    static void MiniaturizeAll();
+    static void DeminiaturizeAll();
+
+    void SetDelegate(QzWindowEvents* newDelegate) { delegate = newDelegate; }
+    QzWindowEvents* Delegate() const { return delegate; }
+    QzFlippedWindowView* ContentView() const { return contentView; }
+    QMenuBar* MenuBar() const { return menuBar; }
+    // Puts a menu bar, or none, above the content, which keeps its size. The window owns it.
+    void SetMenuBar(QMenuBar* bar);
+
+    bool IsResizable() const { return resizable; }
+    // On the screen, or about to be.
+    bool IsShown() const { return presentPending || isVisible(); }
+
+    QSize ContentSize() const;
+    void SetContentSize(QSize size);
+    QSize ContentMinimumSize() const { return contentMinimum; }
+    QSize ContentMaximumSize() const { return contentMaximum; }
+    void SetContentLimits(QSize minimum, QSize maximum);
+    // The outer frame on the screen; puts the window there first if it is to be shown.
+    QRect Frame();
+    // Moves the frame; a present request of the creation to centre the window is dropped.
+    void MoveFrame(QPoint position);
+    // Tells the delegate where the frame or the content size differs from what it was told last.
+    void ReportGeometry();
+
+    // Shows the window when the program next waits. Flags as for WindowShow.
+    void Show(std::uint32_t flags);
+    void Hide();
+    // Brings the window to the front and gives it the keyboard, unless it is disabled.
+    void MakeKeyAndOrderFront();
+
+    // The overlay swallows clicks; without an overlay the window can have the keyboard.
+    void Disable();
+    void Enable();
+    bool IsDisabled() const { return overlay != nullptr; }
+    bool CanBecomeKeyWindow() const { return overlay == nullptr; }
+
+    // The toolkit's focus is on a widget of this window now.
+    void FocusArrived(QWidget* widget);
+    // Makes a widget of the content, or none, the one that keys go to, also while the window does
+    // not have the keyboard.
+    void MakeFirstResponder(QWidget* view);
+
+    // The content view was painted: the frame stands.
+    void ContentPainted();
+
+  protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void Present();
+    void Place();
+    void BecameActive();
+    void AttachToParent();
+    void EnsureFramed();
+    void LayOut();
+    int MenuBarHeight(int width) const;
+    void ReportGeometryLater();
+    void SetFirstResponder(QWidget* widget);
+    void SetTitleBarButtons(Qt::WindowFlags buttons);
+    QRect EstimatedFrame() const;
+
+    const bool borderless;
+    const bool resizable;
+    std::uint32_t flags;  // what the next presentation goes by
+    QPointer<QzWindow> parentWindow;
+    QzWindowEvents* delegate = nullptr;
+    QMenuBar* menuBar = nullptr;
+    QzFlippedWindowView* contentView = nullptr;
+    QzDisabledView* overlay = nullptr;
+    QPointer<QWidget> firstResponder;
+    QPointer<QWidget> responderBeforeDisabling;
+
+    QSize contentMinimum;
+    QSize contentMaximum;
+    QRect reported;  // frame position and content size that the delegate knows
+    bool presentPending = false;
+    bool framed = false;
+    bool settled = false;
+    bool reportScheduled = false;
+    bool wasZoomed = false;
+    bool isKey = false;
+};
+
+}  // namespace rotavel

@@ -1,0 +1,70 @@
+#include "gui/native/qz_window_events.h"
+
+#include "gui/gadget_list.h"
+#include "gui/native/menu_bars.h"
+#include "gui/native/qz_views.h"
+#include "gui/native/qz_window.h"
+#include "gui/native/status_bars.h"
+#include "gui/native/window_record.h"
+
+namespace rotavel {
+
+void QzWindowEvents::Connect(QzWindow* window, std::int64_t id) {
+    WindowInstance = window;
+    WindowID = id;
+    ZoomEvent = 0;
+    window->SetDelegate(this);
+}
+
+bool QzWindowEvents::WindowShouldClose() const {
+    QueueEvent(CloseRequested, WindowID, WindowID, 0);
+    return false;
+}
+
+void QzWindowEvents::WindowWillClose() {
+    QzGadgetList::RemoveWindow(ToHandle(WindowInstance));
+    WindowInstance->SetDelegate(nullptr);
+    DeleteQueuedEvents(WindowID);
+    WindowRegistry().Remove(WindowID);  // and, with the record, its timers and this delegate
+}
+
+void QzWindowEvents::WindowDidResize() {
+    if (ZoomEvent != 0) {
+        QueueEvent(ZoomEvent, WindowID, WindowID, 0);
+    }
+    // Drops older resize events of window 0 only; those of other windows merge when they are
+    // neighbours.
+    DeleteQueuedEvents(WindowResized, 0, WindowID, 0);
+    QueueEvent(WindowResized, WindowID, WindowID, 0);
+    AdjustStatusBarsOf(WindowInstance);
+    WindowInstance->ContentView()->update();
+    ZoomEvent = 0;
+}
+
+void QzWindowEvents::WindowDidMove() const {
+    QueueEvent(WindowMoved, WindowID, WindowID, 0);
+}
+
+void QzWindowEvents::WindowDidBecomeKey() const {
+    InstallMenuBarOf(WindowInstance);
+    QueueEvent(WindowActivated, WindowID, WindowID, 0);
+}
+
+void QzWindowEvents::WindowDidResignKey() const {
+    QueueEvent(WindowDeactivated, WindowID, WindowID, 0);
+}
+
+void QzWindowEvents::WindowDidMiniaturize() const {
+    QueueEvent(WindowMinimized, WindowID, WindowID, 0);
+}
+
+void QzWindowEvents::WindowDidDeminiaturize() const {
+    const bool zoomed = WindowInstance->IsResizable() && WindowInstance->isMaximized();
+    QueueEvent(zoomed ? WindowMaximized : WindowRestored, WindowID, WindowID, 0);
+}
+
+void QzWindowEvents::WindowShouldZoom(bool grows) {
+    ZoomEvent = grows ? WindowMaximized : WindowRestored;
+}
+
+}  // namespace rotavel

@@ -1,0 +1,180 @@
+#include "gui/string_gadget.h"
+
+#include <algorithm>
+#include <limits>
+
+#include <QLineEdit>
+
+#include "gui/event_queue.h"
+#include "gui/gadget.h"
+#include "gui/native/formatters.h"
+#include "gui/native/gadget_colours.h"
+#include "gui/native/gadget_view.h"
+#include "gui/native/key_views.h"
+#include "gui/native/native_text.h"
+
+namespace rotavel {
+
+namespace {
+
+// What the two views of a string field share.
+class QzStringField : public QzGadgetView<QLineEdit>, public QzControl {
+  public:
+    explicit QzStringField(QWidget* container) : QzGadgetView(container) {
+        // The toolkit's limit would cut the program's own texts; the formatter knows the real one.
+        setMaxLength(std::numeric_limits<int>::max());
+    }
+
+    void SetFormatter(std::unique_ptr<QzMaximumLengthFormatter> newFormatter) {
+        formatter = std::move(newFormatter);
+        setValidator(formatter.get());
+    }
+    QzMaximumLengthFormatter& Formatter() const { return *formatter; }
+
+    void SetStringValue(const QString& value) override {
+        // Without its validator the toolkit neither judges nor replaces the text, and takes the
+        // next edit for one of a valid text, which it undoes when the formatter refuses it.
+        setValidator(nullptr);
+        setText(value);
+        setCursorPosition(0);
+        setValidator(formatter.get());
+        judged = text();
+    }
+    QString StringValue() const override { return text(); }
+
+    // Whether the user's edit stands. The toolkit does not judge what undo and redo bring back.
+    bool EditStands() {
+        QString proposed = text();
+        if (!formatter->IsPartialStringValid(proposed)) {
+            SetStringValue(judged);
+            return false;
+        }
+        judged = text();
+        return true;
+    }
+
+  private:
+    std::unique_ptr<QzMaximumLengthFormatter> formatter;
+    QString judged;  // the text before the edit at hand
+};
+
+class QzSecureTextField final : public QzStringField {
+  public:
+    explicit QzSecureTextField(QWidget* container) : QzStringField(container) {
+        setEchoMode(Password);
+    }
+};
+
+class QzStringGadgetTextField final : public QzStringField, public FirstResponderView {
+  public:
+    using QzStringField::QzStringField;
+
+    void BecomeFirstResponder() override { SendEventFor(Tag(), Focus); }
+    void TextDidEndEditing() override { SendEventFor(Tag(), LostFocus); }
+};
+
+class QzStringGadgetFunctions final : public QzGadgetFunctions {
+  public:
+    void RememberDefaults() {
+        defaultBackgroundColor = View().palette().color(QPalette::Base);
+        defaultFrontColor = View().palette().color(QPalette::Text);
+    }
+
+    // Pressing Return is no event.
+    void EventHandler() override {}
+
+    void ControlTextDidChange() {
+        if (View().EditStands()) {
+            SendEvent(Change);
+        }
+    }
+
+    void SetGadgetText(std::u16string_view text) override {
+        const QString given = ToQString(text);
+        if ((Gadget->Flags & StringLowerCase) != 0) {
+            View().SetStringValue(given.toLower());
+        } else if ((Gadget->Flags & StringUpperCase) != 0) {
+            View().SetStringValue(given.toUpper());
+        } else {
+            View().SetStringValue(given);
+        }
+    }
+
+    void SetGadgetAttribute(std::int64_t attribute, std::int64_t value) override {
+        if (attribute == StringMaximumLength) {
+            View().Formatter().SetMaximumLength(static_cast<std::int32_t>(
+                std::clamp<std::int64_t>(value, 0, std::numeric_limits<std::int32_t>::max())));
+        }
+    }
+    std::int64_t GetGadgetAttribute(std::int64_t attribute) const override {
+        return attribute == StringMaximumLength ? View().Formatter().MaximumLength() : 0;
+    }
+
+    void SetGadgetColor(std::int64_t type, std::int64_t colour) override {
+        if (type == FrontColour) {
+            SetPaletteColour(View(), QPalette::Text,
+                             colour == NoColour ? defaultFrontColor : ToColour(colour));
+        } else if (type == BackColour) {
+            SetPaletteColour(View(), QPalette::Base,
+                             colour == NoColour ? defaultBackgroundColor : ToColour(colour));
+        }
+    }
+    std::int64_t GetGadgetColor(std::int64_t type) const override {
+        if (type == FrontColour) {
+            return FromColour(View().palette().color(QPalette::Text));
+        }
+        return type == BackColour ? FromColour(View().palette().color(QPalette::Base)) : 0;
+    }
+
+  private:
+    QzStringField& View() const { return dynamic_cast<QzStringField&>(*Gadget->View); }
+
+    QColor defaultBackgroundColor;
+    QColor defaultFrontColor;
+};
+
+std::unique_ptr<QzMaximumLengthFormatter> FormatterFor(std::uint32_t flags) {
+    if ((flags & StringNumeric) != 0) {
+        return std::make_unique<QzNumericFormatter>();
+    }
+    if ((flags & StringUpperCase) != 0) {
+        return std::make_unique<QzUpperCaseFormatter>();
+    }
+    if ((flags & StringLowerCase) != 0) {
+        return std::make_unique<QzLowerCaseFormatter>();
+    }
+    return std::make_unique<QzMaximumLengthFormatter>();
+}
+
+QzStringField* MakeView(QWidget* container, std::uint32_t flags) {
+    if ((flags & StringPassword) != 0) {
+        return new QzSecureTextField(container);
+    }
+    return new QzStringGadgetTextField(container);
+}
+
+}  // namespace
+
+std::int64_t StringGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+                                std::int64_t width, std::int64_t height, std::u16string_view text,
+                                std::uint32_t flags) {
+    QWidget* const container = ContainerForNewGadget(number);
+    if (container == nullptr) {
+        return 0;
+    }
+    QzStringField* const view = MakeView(container, flags);
+    view->setReadOnly((flags & StringReadOnly) != 0);
+    view->setFrame((flags & StringBorderless) == 0);
+    view->SetFormatter(FormatterFor(flags));
+    auto owned = std::make_unique<QzStringGadgetFunctions>();
+    QzStringGadgetFunctions* const functions = owned.get();
+    const std::int64_t result =
+        PlaceGadget(std::move(owned), number, StringKind, view, {x, y, width, height}, flags);
+    functions->RememberDefaults();
+    functions->SetGadgetText(text);
+    QObject::connect(view, &QLineEdit::textEdited,
+                     [functions] { functions->ControlTextDidChange(); });
+    return result;
+}
+
+}  // namespace rotavel

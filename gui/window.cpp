@@ -1,0 +1,257 @@
+#include "gui/window.h"
+
+#include <memory>
+#include <tuple>
+
+#include "gui/event_queue.h"
+#include "gui/gadget.h"
+#include "gui/gadget_list.h"
+#include "gui/native/coordinates.h"
+#include "gui/native/gadget_record.h"
+#include "gui/native/menu_bars.h"
+#include "gui/native/native_text.h"
+#include "gui/native/qz_views.h"
+#include "gui/native/status_bars.h"
+#include "gui/native/window_record.h"
+
+namespace rotavel {
+
+namespace {
+
+NumberedObjects<WindowRecord> registry;
+
+// The window that gets the keyboard when `closing` goes: the one that had it before if that is
+// visible, else the first visible one.
+QzWindow* NextKeyWindow(const WindowRecord& closing) {
+    QzWindow* candidate = nullptr;
+    for (auto [number, record] = registry.Next(0); record != nullptr;
+         std::tie(number, record) = registry.Next(number + 1)) {
+        if (record == &closing || !record->Window->IsShown()) {
+            continue;
+        }
+        if (record->Window == closing.PreviousKeyWindow) {
+            return record->Window;
+        }
+        if (candidate == nullptr) {
+            candidate = record->Window;
+        }
+    }
+    return candidate;
+}
+
+void DestroyOne(std::int64_t number, const WindowRecord& record) {
+    const QPointer<QzWindow> window = record.Window;
+    UnbindWindowEvents(number);
+    FreeGadgetsOfWindow(number);
+    DestroyStatusBarsOf(record.Window);
+    QzWindow* heir = nullptr;
+    if (record.PreviousKeyWindow != nullptr && QzWindow::KeyWindow() == window) {
+        heir = NextKeyWindow(record);
+    }
+    FreeMenuOf(window);
+    window->Hide();
+    record.Delegate->WindowWillClose();
+    // The toolkit may be in the middle of telling this window something.
+    window->deleteLater();
+    DeleteQueuedEvents(number);
+    if (heir != nullptr) {
+        heir->MakeKeyAndOrderFront();
+    }
+}
+
+QzWindow* FindWindow(std::int64_t number) {
+    const WindowRecord* const record = registry.Find(number);
+    return record == nullptr ? nullptr : record->Window.data();
+}
+
+}  // namespace
+
+NumberedObjects<WindowRecord>& WindowRegistry() {
+    return registry;
+}
+
+std::int64_t WindowNumberOf(const QWidget* widget) {
+    const QzWindow* const window = widget == nullptr ? nullptr : QzWindow::Of(widget);
+    return window == nullptr || window->Delegate() == nullptr ? -1
+                                                              : window->Delegate()->GetWindowID();
+}
+
+std::int64_t WindowCreate(std::int64_t number, std::int64_t x, std::int64_t y, std::int64_t width,
+                          std::int64_t height, std::u16string_view title, std::uint32_t flags,
+                          NativeWindow* parent) {
+    if (width > LargestSide || height > LargestSide || number < AnyNumber) {
+        return 0;
+    }
+    if (number != AnyNumber) {
+        WindowDestroy(number);
+    }
+    if (x == IgnoreValue || y == IgnoreValue) {
+        flags |= WindowScreenCentred;
+    }
+    const auto [id, record] = registry.Create(number);
+    auto* const window =
+        new QzWindow(flags, FromHandle(parent), QSize(ToSide(width), ToSide(height)));
+    record->Window = window;
+    record->Delegate = std::make_unique<QzWindowEvents>();
+    record->Delegate->Connect(window, id);
+    record->PreviousKeyWindow = QzWindow::KeyWindow();
+    window->ContentView()->WindowID = id;
+    window->setWindowTitle(ToQString(title).replace("[*]", "[*][*]"));  // "[*]" is the toolkit's
+    if ((flags & WindowScreenCentred) == 0) {
+        window->move(ToCoordinate(x), ToCoordinate(y));
+    }
+    if ((flags & WindowHidden) == 0) {
+        window->Show(flags);
+    }
+    if ((flags & WindowOutsideGadgetList) == 0) {
+        QzGadgetList::SetWindow(ToHandle(window));
+    }
+    return number == AnyNumber ? id : reinterpret_cast<std::intptr_t>(window);
+}
+
+void WindowDestroy(std::int64_t number) {
+    if (number == AnyNumber) {
+        for (auto next = registry.Next(0); next.second != nullptr; next = registry.Next(0)) {
+            DestroyOne(next.first, *next.second);
+        }
+    } else if (const WindowRecord* const record = registry.Find(number)) {
+        DestroyOne(number, *record);
+    }
+}
+
+void WindowShow(std::int64_t number, int hide, std::uint32_t flags) {
+    QzWindow* const window = FindWindow(number);
+    if (window == nullptr) {
+        return;
+    }
+    if (hide != 0) {
+        window->Hide();
+    } else {
+        window->Show(flags);
+    }
+}
+
+void WindowActivate(std::int64_t number) {
+    QzWindow* const window = FindWindow(number);
+    if (window != nullptr && window->IsShown()) {
+        window->MakeKeyAndOrderFront();
+    }
+}
+
+void WindowDisable(std::int64_t number, int state) {
+    QzWindow* const window = FindWindow(number);
+    if (window == nullptr) {
+        return;
+    }
+    if (state != 0) {
+        window->Disable();
+    } else {
+        window->Enable();
+    }
+}
+
+bool WindowIsDisabled(std::int64_t number) {
+    const QzWindow* const window = FindWindow(number);
+    return window != nullptr && window->IsDisabled();
+}
+
+std::int64_t WindowGetX(std::int64_t number, int mode) {
+    QzWindow* const window = FindWindow(number);
+    if (window == nullptr) {
+        return 0;
+    }
+    const QRect frame = window->Frame();
+    return mode == OuterFrame ? frame.x() : window->ContentView()->mapToGlobal(QPoint()).x();
+}
+
+std::int64_t WindowGetY(std::int64_t number, int mode) {
+    QzWindow* const window = FindWindow(number);
+    if (window == nullptr) {
+        return 0;
+    }
+    const QRect frame = window->Frame();
+    return mode == OuterFrame ? frame.y() : window->ContentView()->mapToGlobal(QPoint()).y();
+}
+
+std::int64_t WindowGetWidth(std::int64_t number, int mode) {
+    QzWindow* const window = FindWindow(number);
+    if (window == nullptr) {
+        return 0;
+    }
+    return mode == OuterFrame ? window->Frame().width() : window->ContentSize().width();
+}
+
+std::int64_t WindowGetHeight(std::int64_t number, int mode) {
+    QzWindow* const window = FindWindow(number);
+    if (window == nullptr) {
+        return 0;
+    }
+    return mode == OuterFrame ? window->Frame().height() : window->ContentSize().height();
+}
+
+void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::int64_t width,
+                     std::int64_t height) {
+    QzWindow* const window = FindWindow(number);
+    if (window == nullptr) {
+        return;
+    }
+    QSize content = window->ContentSize();
+    if (width != IgnoreValue) {
+        content.setWidth(ToSide(width));
+    }
+    if (height != IgnoreValue) {
+        content.setHeight(ToSide(height));
+    }
+    if (content != window->ContentSize()) {
+        window->SetContentSize(content);
+    }
+    if (x != IgnoreValue || y != IgnoreValue) {
+        QPoint position = window->pos();
+        if (x != IgnoreValue) {
+            position.setX(ToCoordinate(x));
+        }
+        if (y != IgnoreValue) {
+            position.setY(ToCoordinate(y));
+        }
+        window->MoveFrame(position);
+    }
+    window->ReportGeometry();
+}
+
+void WindowSetContentLimits(std::int64_t number, std::int64_t minimumWidth,
+                            std::int64_t minimumHeight, std::int64_t maximumWidth,
+                            std::int64_t maximumHeight) {
+    QzWindow* const window = FindWindow(number);
+    if (window == nullptr) {
+        return;
+    }
+    const auto limit = [](std::int64_t asked, int current) {
+        return asked == IgnoreValue ? current : ToSide(asked);
+    };
+    const QSize minimum = window->ContentMinimumSize();
+    const QSize maximum = window->ContentMaximumSize();
+    window->SetContentLimits(
+        {limit(minimumWidth, minimum.width()), limit(minimumHeight, minimum.height())},
+        {limit(maximumWidth, maximum.width()), limit(maximumHeight, maximum.height())});
+}
+
+void WindowAddTimer(std::int64_t number, int milliseconds, TimerCallback callback,
+                    void* userValue) {
+    WindowRecord* const record = registry.Find(number);
+    if (record == nullptr || milliseconds < 1) {
+        return;
+    }
+    const auto& timer = record->Timers.emplace_back(std::make_unique<QTimer>());
+    QObject::connect(timer.get(), &QTimer::timeout, [callback, userValue] { callback(userValue); });
+    timer->start(milliseconds);
+}
+
+NativeWindow* WindowNativeHandle(std::int64_t number) {
+    return ToHandle(FindWindow(number));
+}
+
+bool WindowExists(std::int64_t number) {
+    return registry.Find(number) != nullptr;
+}
+
+}  // namespace rotavel
