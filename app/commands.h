@@ -1,0 +1,12 @@
+#pragma once
+
+#include <vector>
+
+#include "app/motorcycles.h"
+
+namespace rotavel {
+
+// Waits for events and carries out the commands they stand for, until the main window is to close.
+void RunMainLoop(const std::vector<MakerRecord>& makers);
+
+}  // namespace rotavel

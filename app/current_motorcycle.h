@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "app/motorcycles.h"
+
+namespace rotavel {
+
+// Maker and model of the motorcycle on show; both empty when its values were typed by hand.
+extern std::u16string CurrentManufacturer;
+extern std::u16string CurrentModel;
+
+// Shows both in the main window's status bar.
+void ShowCurrentMotorcycle();
+
+// The values on show are no stored motorcycle's any more: empties both texts and the status bar.
+void ForgetCurrentMotorcycle();
+
+// Makes a motorcycle the current one and puts its values into the main window.
+void ChooseMotorcycle(const MotorcycleChoice& choice);
+
+}  // namespace rotavel

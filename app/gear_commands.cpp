@@ -1,0 +1,82 @@
+#include "app/gear_commands.h"
+
+#include <optional>
+#include <string>
+
+#include "app/main_window.h"
+#include "gui/gadget.h"
+#include "text/number_text.h"
+
+namespace rotavel {
+
+namespace {
+
+// Both are kept for the whole run: what one chart leaves behind, the next one finds.
+GearInputs chartInputs;
+std::int64_t TopGearIndex = 0;
+
+std::int64_t OfGear(std::int64_t firstGearGadget, std::size_t gear) {
+    return firstGearGadget + static_cast<std::int64_t>(gear);
+}
+
+GearTexts TextsOnShow() {
+    GearTexts texts{GetGadgetText(TyreWidthField),   GetGadgetText(PercentHeightField),
+                    GetGadgetText(RimDiameterField), GetGadgetText(PrimaryRatioField),
+                    GetGadgetText(FinalRatioField),  {}};
+    for (std::size_t gear = 0; gear < GearCount; ++gear) {
+        texts.GearRatio[gear] = GetGadgetText(OfGear(GearRatioField, gear));
+    }
+    return texts;
+}
+
+SpeedUnit UnitOnShow() {
+    return static_cast<SpeedUnit>(GetGadgetState(SpeedUnitBox));
+}
+
+}  // namespace
+
+GearMask ReadGearInputs(GearInputs& target) {
+    const GearReading reading = ReadGearTexts(TextsOnShow(), target);
+    if (reading.InchWidth) {
+        SetGadgetText(TyreWidthField, *reading.InchWidth);
+        DisableGadget(PercentHeightField, 1);
+    }
+    return reading.Mask;
+}
+
+void CalcSpeeds() {
+    GearInputs inputs;
+    if (ReadGearInputs(inputs) == 0) {
+        return;
+    }
+    const auto speeds = RoadSpeeds(inputs, TextToInteger(GetGadgetText(RpmField)), UnitOnShow());
+    for (std::size_t gear = 0; gear < GearCount; ++gear) {
+        SetGadgetText(OfGear(GearSpeedField, gear),
+                      speeds[gear] ? NumberToText(*speeds[gear], 0) : NoSpeedText);
+    }
+}
+
+void CalcRpmForGear(std::int64_t button) {
+    const auto gear = static_cast<std::size_t>(button - CalcRpmButton);
+    GearInputs inputs;
+    const GearMask mask = ReadGearInputs(inputs);
+    const std::optional<double> rpm =
+        EngineSpeed(inputs, mask, gear, GetGadgetText(OfGear(GearSpeedField, gear)), UnitOnShow());
+    if (!rpm) {
+        return;
+    }
+    for (std::size_t other = 0; other < GearCount; ++other) {
+        if (other != gear) {
+            SetGadgetText(OfGear(GearSpeedField, other), NoSpeedText);
+        }
+    }
+    SetGadgetText(RpmField, NumberToText(*rpm, 0));
+}
+
+void ShowSpeedChart() {
+    const GearMask mask = ReadGearInputs(chartInputs);
+    const std::int64_t maxRpm = TextToInteger(GetGadgetText(MaxRpmField));
+    ChartTopSpeed(chartInputs, mask, maxRpm, UnitOnShow(), TopGearIndex);
+}
+
+}  // namespace rotavel

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+
+#include "app/gear_calculation.h"
+
+namespace rotavel {
+
+// The commands that calculate: each reads the main window's fields afresh and writes its results
+// back into them. With fields that give nothing to calculate with they change nothing.
+
+// Fills `target` from the window. Writes an inch width back as it is looked up ("3,5" as "3.50")
+// and disables the percent field for it.
+GearMask ReadGearInputs(GearInputs& target);
+
+// "Calc speed": the road speed of every gear at the typed engine speed.
+void CalcSpeeds();
+
+// "Calc rpm" of one gear, by the number of its button: the engine speed for the road speed typed
+// into the gear's field.
+void CalcRpmForGear(std::int64_t button);
+
+// "Graphic".
+void ShowSpeedChart();
+
+}  // namespace rotavel

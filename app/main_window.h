@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "app/motorcycles.h"
+
+namespace rotavel {
+
+// The main window: its numbers, and the tables it is built from.
+
+inline constexpr std::int64_t MainWindow = 0;
+inline constexpr std::int64_t MainMenu = 0;
+inline constexpr std::int64_t MainStatusBar = 0;
+
+// Gadgets that commands read and write. Those of a gear are the number of first gear's plus the
+// gear, counted from 0.
+inline constexpr std::int64_t TyreWidthField = 1;
+inline constexpr std::int64_t PercentHeightField = 3;
+inline constexpr std::int64_t RimDiameterField = 5;
+inline constexpr std::int64_t SpeedUnitBox = 11;
+inline constexpr std::int64_t GearDrivingField = 18;
+inline constexpr std::int64_t GearDrivenField = 24;
+inline constexpr std::int64_t GearRatioField = 30;
+inline constexpr std::int64_t GearSpeedField = 36;
+inline constexpr std::int64_t CalcRpmButton = 42;
+inline constexpr std::int64_t PrimaryDrivingField = 49;
+inline constexpr std::int64_t PrimaryDrivenField = 50;
+inline constexpr std::int64_t PrimaryRatioField = 51;
+inline constexpr std::int64_t FinalDrivingField = 53;
+inline constexpr std::int64_t FinalDrivenField = 54;
+inline constexpr std::int64_t FinalRatioField = 55;
+inline constexpr std::int64_t MaxRpmField = 57;
+inline constexpr std::int64_t RpmField = 60;
+inline constexpr std::int64_t CalcSpeedButton = 61;
+inline constexpr std::int64_t GraphicButton = 62;
+
+// Menu items. The motorcycles take the numbers from FirstMotorcycleMenuItem on.
+inline constexpr std::int64_t QuitMenuItem = 1;
+inline constexpr std::int64_t AboutMenuItem = 2;
+inline constexpr std::int64_t FirstMotorcycleMenuItem = 10;
+
+// What a gear's speed field shows while it has no speed.
+inline constexpr const char16_t* NoSpeedText = u"----";
+
+// The program's name and version, and who wrote it.
+inline constexpr const char16_t* ProgramTitle = u"Rotavel V1.55";
+inline constexpr const char16_t* CopyrightText = u"\u00A9 2026 The Rotavel authors";
+
+// Opens the main window with its menu bar and gadgets, and gives each motorcycle the number of its
+// menu item.
+void OpenMainWindow(std::vector<MakerRecord>& makers);
+
+}  // namespace rotavel

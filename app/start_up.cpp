@@ -1,0 +1,96 @@
+#include "app/start_up.h"
+
+#include <string>
+#include <vector>
+
+#include "app/commands.h"
+#include "app/current_motorcycle.h"
+#include "app/default_settings.h"
+#include "app/last_values.h"
+#include "app/main_window.h"
+#include "app/motorcycles.h"
+#include "gui/application.h"
+#include "gui/event_queue.h"
+#include "gui/font.h"
+#include "gui/gadget.h"
+#include "gui/requester.h"
+#include "gui/status_bar.h"
+#include "gui/window.h"
+#include "runtime/numbered_objects.h"
+#include "runtime/raw_file.h"
+#include "settings/program_location.h"
+#include "settings/settings_store.h"
+#include "text/number_text.h"
+#include "text/utf.h"
+
+namespace rotavel {
+
+namespace {
+
+constexpr std::int64_t gadgetFont = 0;
+constexpr double gadgetFontPoints = 8;
+constexpr std::int64_t statusBarMargin = 5;
+
+std::u16string SettingsPath() {
+    const std::u16string program = ProgramFilename();
+    std::u16string path(DirectoryPart(program));
+    path += u"../Resources/";
+    path += FilePart(program, 0);
+    path += u".ini";
+    return path;
+}
+
+// A file that is missing, or cannot be opened, is replaced without a word; where that fails too,
+// opening it for the run tells.
+void WriteDefaultSettingsIfMissing(const std::u16string& path) {
+    if (SettingsOpenDefault(path)) {
+        SettingsClose();
+        return;
+    }
+    RawFile file;
+    if (file.Create(ToUtf8(path))) {
+        file.Replace(DefaultSettingsText);
+    }
+}
+
+void AddStatusBar() {
+    StatusBarCreate(MainStatusBar, WindowNativeHandle(MainWindow));
+    StatusBarAddField(WindowGetWidth(MainWindow) - statusBarMargin);
+    ShowCurrentMotorcycle();
+}
+
+void RunWithSettings() {
+    std::vector<MakerRecord> makers = ReadMotorcycles();
+    SettingsSelectGroup(u"Settings");
+    FontLoad(gadgetFont, u"Arial", gadgetFontPoints);
+    SetGadgetFont(AnyNumber, gadgetFont);
+    OpenMainWindow(makers);
+    RestoreLastValues();
+    // Lets the percent field be enabled or disabled to suit the restored width.
+    PostProgramEvent(GadgetActivity, MainWindow, TyreWidthField, Change);
+    AddStatusBar();
+    ActivateGadget(TyreWidthField);
+    RunMainLoop(makers);
+    SaveLastValues();
+}
+
+}  // namespace
+
+int RunProgram() {
+    GuiStart();
+    SetUpLocale();  // after the toolkit, which takes the decimal point from the user's locale
+    BringToFront();
+    EnterBundleContents();
+    const std::u16string path = SettingsPath();
+    WriteDefaultSettingsIfMissing(path);
+    if (SettingsOpen(path, GroupSpacing)) {
+        RunWithSettings();
+    } else {
+        MessageRequester(u"Error", u"No ini file found");
+    }
+    SettingsClose();
+    GuiStop();
+    return 0;
+}
+
+}  // namespace rotavel
