@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "settings/settings_flags.h"
+
+namespace rotavel {
+
+// The settings store: one INI file of groups and keys, held in memory from SettingsOpen to
+// SettingsClose and rewritten as a whole when a write has changed it. There is one store, for use
+// from one thread. Names and keys are compared ignoring case for ASCII letters only, and the first
+// match wins. The store shows no messages; where memory is short an operation fails and changes
+// nothing.
+
+// Closes what was open and opens the file at `path`, to be rewritten in the layout of `flags`
+// (settings_flags.h). False when no file could be opened: the store is then empty and the first
+// flush creates the file. Also false when the file could not be read whole: what was read can be
+// used, but the file is never rewritten.
+bool SettingsOpen(std::u16string_view path, std::uint32_t flags);
+
+// The same with no flags.
+bool SettingsOpenDefault(std::u16string_view path);
+
+// Flushes, then empties the store.
+void SettingsClose();
+
+// Rewrites the file when there were writes since the last time. False when there was nothing to
+// rewrite or it failed; the old content then stays. A file that could be opened for reading only
+// is closed by this and keeps its content.
+bool SettingsFlush();
+
+// Makes the group of that name the current one; the empty name stands for the keys before the
+// first group. False when there is no such group: reads then find no key, and the next write adds
+// the group at the end.
+bool SettingsSelectGroup(std::u16string_view name);
+
+// Visit all groups in file order: rewind, then each SettingsNextGroup makes the next group current
+// until it returns false. Rewinding returns false when no store is open.
+bool SettingsRewindGroups();
+bool SettingsNextGroup();
+
+// The current group's name, empty before the first group.
+std::u16string SettingsGroupName();
+
+// The value of a key of the current group, or the default when there is no such key. The text is
+// without the spaces and tabs at its start. The integer is scanned like "%lld" and saturates, the
+// number as by BytesToNumber; a value that is none gives 0, not the default.
+std::u16string SettingsReadString(std::u16string_view key, std::u16string_view defaultText);
+std::int64_t SettingsReadInteger(std::u16string_view key, std::int64_t defaultValue);
+double SettingsReadNumber(std::u16string_view key, double defaultValue);
+
+// Set a key of the current group, in the caller's spelling, or add it as the group's last line.
+// Values are stored as they are, without quoting.
+bool SettingsWriteString(std::u16string_view key, std::u16string_view value);
+bool SettingsWriteInteger(std::u16string_view key, std::int64_t value);
+
+}  // namespace rotavel

@@ -1,0 +1,185 @@
+#include "settings/settings_text.h"
+
+#include <algorithm>
+#include <new>
+#include <string_view>
+
+#include "settings/settings_flags.h"
+
+namespace rotavel {
+
+namespace {
+
+constexpr std::string_view MarkLine = "\xEF\xBB\xBF\n";
+
+bool IsBlank(char character) {
+    return character == ' ' || character == '\t';
+}
+
+bool IsLineEnd(char character) {
+    return character == '\r' || character == '\n';
+}
+
+char* FindLineEnd(char* position, char* end) {
+    return FindAny<'\r', '\n'>(position, end);
+}
+
+char* SkipBlanks(char* position, char* end) {
+    while (position < end && IsBlank(*position)) {
+        ++position;
+    }
+    return position;
+}
+
+char* SkipLineEnds(char* position, char* end) {
+    while (position < end && IsLineEnd(*position)) {
+        ++position;
+    }
+    return position;
+}
+
+// Each Parse function appends the entry that starts at `position`, ends its pieces with zero bytes
+// and returns where its line ended; null when memory is short.
+
+char* ParseGroup(char* position, char* end, SettingsEntries& entries) {
+    char* const name = position + 1;
+    char* const nameEnd = FindAny<']', '\r', '\n'>(name, end);
+    char* const lineEnd = FindLineEnd(nameEnd, end);
+    *nameEnd = '\0';
+    const auto length = static_cast<std::size_t>(nameEnd - name);
+    return entries.AppendFromText(GroupMarker, 0, name, length) ? lineEnd : nullptr;
+}
+
+char* ParseComment(char* position, char* end, SettingsEntries& entries) {
+    char* const comment = position + (position[1] == ' ' ? 2 : 1);
+    char* const lineEnd = FindLineEnd(comment, end);
+    *lineEnd = '\0';
+    const auto length = static_cast<std::size_t>(lineEnd - comment);
+    return entries.AppendFromText(CommentMarker, 0, comment, length) ? lineEnd : nullptr;
+}
+
+char* ParseKey(char* position, char* end, SettingsEntries& entries) {
+    char* lineEnd = FindLineEnd(position, end);
+    char* const separator = FindAny<'='>(position, lineEnd);
+    char* keyEnd = separator;
+    while (keyEnd > position && IsBlank(keyEnd[-1])) {
+        --keyEnd;
+    }
+    char* const value = SkipBlanks(std::min(separator + 1, end), end);
+    if (separator == lineEnd) {
+        // Without "=" the first character of the line end stands in for it, which makes the line
+        // after a lone LF the value.
+        lineEnd = FindLineEnd(value, end);
+    }
+    *keyEnd = '\0';
+    *lineEnd = '\0';
+    return entries.AppendFromText(position, static_cast<std::size_t>(keyEnd - position), value,
+                                  static_cast<std::size_t>(lineEnd - value))
+               ? lineEnd
+               : nullptr;
+}
+
+// The bytes from 0x80 on among at most 255. The sum is as narrow as the bytes, so that the loop
+// adds vectors of them.
+unsigned char CountHighBytes(const char* bytes, std::size_t length) {
+    unsigned char count = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        count = static_cast<unsigned char>(count + (static_cast<unsigned char>(bytes[i]) >> 7));
+    }
+    return count;
+}
+
+// What an entry's line can need besides its texts: "; " and a line end, brackets, an empty line
+// before and a line end, or " = " and a line end.
+constexpr std::size_t MostDecoration = 4;
+
+std::size_t ComposedSize(const SettingsEntries& entries) {
+    std::size_t size = MarkLine.size();
+    for (const SettingsEntry* entry = entries.First(); entry != nullptr; entry = entry->Next) {
+        size += entry->KeyText().size() + entry->ValueText().size() + MostDecoration;
+    }
+    return size;
+}
+
+char* Put(char* position, std::string_view bytes) {
+    return std::copy(bytes.begin(), bytes.end(), position);
+}
+
+}  // namespace
+
+std::size_t Utf8LengthOfLatin1(const char* bytes, std::size_t length) {
+    constexpr std::size_t blockSize = 128;  // what CountHighBytes can count
+    std::size_t highBytes = 0;
+    for (std::size_t start = 0; start < length; start += blockSize) {
+        highBytes += CountHighBytes(bytes + start, std::min(blockSize, length - start));
+    }
+    return length + highBytes;
+}
+
+void Latin1ToUtf8(const char* bytes, std::size_t length, char* target) {
+    for (const char* const end = bytes + length; bytes < end; ++bytes) {
+        const auto byte = static_cast<unsigned char>(*bytes);
+        if (byte < 0x80) {
+            *target++ = *bytes;
+        } else {
+            *target++ = static_cast<char>(0xC0 | byte >> 6);
+            *target++ = static_cast<char>(0x80 | (byte & 0x3F));
+        }
+    }
+}
+
+bool ParseSettingsText(char* text, std::size_t length, SettingsEntries& entries) {
+    char* const end = text + length;
+    std::fill_n(end, SettingsTextPadding, '\0');
+    char* position = text;
+    while (position < end) {
+        position = SkipBlanks(position, end);
+        if (!IsLineEnd(*position)) {
+            position = *position == '['   ? ParseGroup(position, end, entries)
+                       : *position == ';' ? ParseComment(position, end, entries)
+                                          : ParseKey(position, end, entries);
+            if (position == nullptr) {
+                return false;
+            }
+        }
+        // The piece that ended here has put a zero byte over the first character of the line end.
+        position = SkipLineEnds(std::min(position + 1, end), end);
+    }
+    return true;
+}
+
+SettingsBytes ComposeSettingsText(const SettingsEntries& entries, SettingsEncoding encoding,
+                                  std::uint32_t flags) {
+    SettingsBytes result;
+    result.Block.reset(new (std::nothrow) char[ComposedSize(entries)]);
+    if (result.Block == nullptr) {
+        return result;
+    }
+    const std::string_view separator = (flags & CompactSeparator) != 0 ? "=" : " = ";
+    const std::string_view groupStart = (flags & GroupSpacing) != 0 ? "\n[" : "[";
+    bool isFirstGroup = true;
+    char* position = result.Block.get();
+    if (encoding == SettingsEncoding::Utf8) {
+        position = Put(position, MarkLine);
+    }
+    for (const SettingsEntry* entry = entries.First(); entry != nullptr; entry = entry->Next) {
+        if (entry->IsComment()) {
+            position = Put(position, "; ");
+            position = Put(position, entry->ValueText());
+        } else if (entry->IsGroup()) {
+            position = Put(position, isFirstGroup ? "[" : groupStart);
+            position = Put(position, entry->ValueText());
+            *position++ = ']';
+            isFirstGroup = false;
+        } else {
+            position = Put(position, entry->KeyText());
+            position = Put(position, separator);
+            position = Put(position, entry->ValueText());
+        }
+        *position++ = '\n';
+    }
+    result.Length = static_cast<std::size_t>(position - result.Block.get());
+    return result;
+}
+
+}  // namespace rotavel

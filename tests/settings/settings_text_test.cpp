@@ -1,0 +1,126 @@
+#include "settings/settings_text.h"
+
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "text/utf.h"
+
+namespace rotavel {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// The entries as "[name", ";comment" and "key=value".
+Lines Listed(const SettingsEntries& entries) {
+    Lines lines;
+    for (const SettingsEntry* entry = entries.First(); entry != nullptr; entry = entry->Next) {
+        const std::string value(entry->ValueText());
+        EXPECT_EQ(entry->Value[value.size()], '\0');
+        lines.push_back(entry->IsGroup()     ? '[' + value
+                        : entry->IsComment() ? ';' + value
+                                             : std::string(entry->KeyText()) + '=' + value);
+    }
+    return lines;
+}
+
+Lines Parsed(const std::string& text) {
+    // No byte more than the parser asks for, so that the sanitizer sees it read any.
+    const std::size_t size = text.size() + SettingsTextPadding;
+    auto block = std::make_unique<char[]>(size);
+    char* const start = block.get();
+    text.copy(start, text.size());
+    SettingsEntries entries;
+    entries.AdoptText(std::move(block), size);
+    EXPECT_TRUE(ParseSettingsText(start, text.size(), entries));
+    return Listed(entries);
+}
+
+// The rules once more, one character after the other.
+Lines ParsedSlowly(const std::string& text) {
+    Lines lines;
+    std::size_t position = 0;
+    const auto at = [&](const char* characters) {
+        return position < text.size() &&
+               std::string(characters).find(text[position]) != std::string::npos;
+    };
+    const auto takeUntil = [&](const char* stops) {
+        std::string taken;
+        for (; position < text.size() && !at(stops); ++position) {
+            taken += text[position];
+        }
+        return taken;
+    };
+    const auto skip = [&](const char* characters) {
+        while (at(characters)) {
+            ++position;
+        }
+    };
+    while (position < text.size()) {
+        skip(" \t");
+        if (at("[")) {
+            ++position;
+            lines.push_back('[' + takeUntil("]\r\n"));
+            takeUntil("\r\n");
+        } else if (at(";")) {
+            ++position;
+            position += at(" ") ? 1 : 0;
+            lines.push_back(';' + takeUntil("\r\n"));
+        } else if (!at("\r\n")) {
+            std::string key = takeUntil("=\r\n");
+            key.erase(key.find_last_not_of(" \t") + 1);
+            ++position;
+            skip(" \t");
+            lines.push_back(key + '=' + takeUntil("\r\n"));
+        }
+        skip("\r\n");
+    }
+    return lines;
+}
+
+TEST(SettingsText, ParsesEveryKindOfLine) {
+    const std::pair<std::string, Lines> cases[] = {
+        {"Key=Value\nKey = Value\n  Key\t=\tValue  ", {"Key=Value", "Key=Value", "Key=Value  "}},
+        {"[A]x\r\n[ A ]\r[A\n[", {"[A", "[ A ", "[A", "["}},
+        {";comment\n; comment\n;  comment\n;", {";comment", ";comment", "; comment", ";"}},
+        {"# x = 1\n=5\na==b;\"", {"# x=1", "=5", "a==b;\""}},
+        {"alone\r\nKey=1", {"alone=", "Key=1"}},
+        {"alone\nKey=1\nNext=2", {"alone=Key=1", "Next=2"}},
+        {"alone\n\n[A]", {"alone=", "[A"}},
+        {"a=1\nalone", {"a=1", "alone="}},
+        {"a=1\n \t", {"a=1", "="}},
+        {"\n \r\n\t\n", {}},
+        {std::string("a\0b = c\0d\n\0=\xFF", 13),
+         {std::string("a\0b=c\0d", 7), std::string("\0=\xFF", 3)}},
+    };
+    for (const auto& [text, lines] : cases) {
+        EXPECT_EQ(Parsed(text), lines) << text;
+    }
+}
+
+TEST(SettingsText, ParsesRandomTextsLikeTheSlowReference) {
+    const std::string alphabet("[]];;==  \t\r\n\n\0\xFFkey", 18);
+    std::mt19937 random(1);
+    for (int i = 0; i < 100000; ++i) {
+        std::string text(random() % 60, ' ');
+        for (char& character : text) {
+            character = alphabet[random() % alphabet.size()];
+        }
+        ASSERT_EQ(Parsed(text), ParsedSlowly(text)) << ::testing::PrintToString(text);
+    }
+}
+
+TEST(SettingsText, ConvertsLatin1) {
+    std::u16string text;
+    for (int i = 0; i < 1024; ++i) {
+        text += static_cast<char16_t>(i & 0xFF);
+    }
+    const std::string bytes(text.begin(), text.end());
+    std::string converted(Utf8LengthOfLatin1(bytes.data(), bytes.size()), ' ');
+    Latin1ToUtf8(bytes.data(), bytes.size(), converted.data());
+    EXPECT_EQ(converted, ToUtf8(text));
+}
+
+}  // namespace
+}  // namespace rotavel
