@@ -1,5 +1,6 @@
 #include "gui/window.h"
 
+#include <algorithm>
 #include <memory>
 #include <tuple>
 
@@ -79,7 +80,11 @@ std::int64_t WindowNumberOf(const QWidget* widget) {
 std::int64_t WindowCreate(std::int64_t number, std::int64_t x, std::int64_t y, std::int64_t width,
                           std::int64_t height, std::u16string_view title, std::uint32_t flags,
                           NativeWindow* parent) {
-    if (width > LargestSide || height > LargestSide || number < AnyNumber) {
+    if ((flags & WindowStartZoomed) != 0) {
+        width = std::max<std::int64_t>(width, 1);
+        height = std::max<std::int64_t>(height, 1);
+    }
+    if (!IsPossibleSize(width, height) || number < AnyNumber) {
         return 0;
     }
     if (number != AnyNumber) {

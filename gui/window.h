@@ -33,8 +33,8 @@ inline constexpr int InnerContent = 1;
 // destroyed first) and, unless it is to stay hidden, shows it: it appears, whole, when the program
 // next waits or asks for its frame. An x or y of IgnoreValue centres it on the screen. A parent
 // keeps it above that window; a borderless window with a parent is a popup that never takes the
-// keyboard. Returns the automatic number, else non-zero; 0 when it cannot be made (a side above
-// 32767 pixels).
+// keyboard. Returns the automatic number, else non-zero; 0 when it cannot be made (a side below
+// 1 or above 32767 pixels, or more than 64 Mi pixels in all).
 std::int64_t WindowCreate(std::int64_t number, std::int64_t x, std::int64_t y, std::int64_t width,
                           std::int64_t height, std::u16string_view title = {},
                           std::uint32_t flags = WindowCloseBox, NativeWindow* parent = nullptr);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include <QImage>
 
 #include "gui/handles.h"
@@ -13,5 +15,10 @@ inline QImage* FromHandle(NativeImage* handle) {
 inline NativeImage* ToHandle(QImage* image) {
     return reinterpret_cast<NativeImage*>(image);
 }
+
+// A bitmap of this size in the program's pixels, 24 bits deep and as fine as the screen: at a
+// screen scale of 2 it holds four of its own pixels for each. A null image when a side is below 1
+// or above what the windowing system can hold, or memory is short.
+QImage MakeBitmap(std::int64_t width, std::int64_t height);
 
 }  // namespace rotavel

@@ -189,6 +189,9 @@ void QzWindow::Show(std::uint32_t showFlags) {
     constexpr std::uint32_t placement = WindowScreenCentred | WindowOwnerCentred;
     flags = (flags & ~(placement | WindowNotActivated)) |
             (showFlags & (placement | WindowNotActivated));
+    if (isVisible() && (flags & placement) == 0) {
+        return;
+    }
     presentPending = true;
     framed = false;
     if ((flags & WindowNotActivated) == 0 && CanBecomeKeyWindow() && windowType() != Qt::ToolTip) {
@@ -266,14 +269,15 @@ void QzWindow::EnsureFramed() {
 }
 
 void QzWindow::MakeKeyAndOrderFront() {
+    if (keyWindow == this && isActiveWindow()) {
+        return;
+    }
     raise();
     if (!CanBecomeKeyWindow() || (windowFlags() & Qt::WindowDoesNotAcceptFocus) != 0) {
         return;
     }
     keyWindow = this;
-    if (!isActiveWindow()) {
-        activateWindow();
-    }
+    activateWindow();
 }
 
 void QzWindow::Disable() {

@@ -1,0 +1,131 @@
+#include "gui/canvas_gadget.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "gui/gadget.h"
+#include "gui/gadget_list.h"
+#include "gui/native/canvas_bitmap.h"
+#include "gui/native/gadget_colours.h"
+#include "gui/native/gadget_view.h"
+#include "gui/native/native_image.h"
+
+namespace rotavel {
+
+namespace {
+
+class Qz_CanvasView final : public QzGadgetView<QWidget> {
+  public:
+    explicit Qz_CanvasView(QWidget* container) : QzGadgetView(container) {
+        setAttribute(Qt::WA_OpaquePaintEvent);
+        setMouseTracking(true);
+    }
+
+    QImage& Bitmap() { return bitmap; }
+    QPoint Mouse() const { return mouse; }
+    void SetBackground(const QColor& colour) { background = colour; }
+    QColor Background() const { return background; }
+
+  protected:
+    void enterEvent(QEnterEvent* event) override {
+        mouse = event->position().toPoint();
+        SendEventFor(Tag(), CanvasMouseEnter);
+    }
+    void leaveEvent(QEvent*) override { SendEventFor(Tag(), CanvasMouseLeave); }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        mouse = event->position().toPoint();
+        SendEventFor(Tag(), CanvasMouseMove);
+    }
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), background);
+        painter.drawImage(0, 0, bitmap);
+    }
+    void resizeEvent(QResizeEvent*) override { AdjustImage(); }
+
+  private:
+    // A bitmap of the new size with what the old one shows.
+    void AdjustImage() {
+        QImage adjusted = MakeBitmap(width(), height());
+        if (!adjusted.isNull()) {
+            adjusted.fill(background);
+            QPainter(&adjusted).drawImage(0, 0, bitmap);
+        }
+        bitmap = std::move(adjusted);
+    }
+
+    QImage bitmap;
+    QPoint mouse;
+    QColor background = Qt::white;
+};
+
+class QzCanvasGadgetFunctions final : public QzGadgetFunctions {
+  public:
+    void DisableGadget(int state) override { View().setEnabled(state == 0); }
+
+    void SetGadgetAttribute(std::int64_t attribute, std::int64_t value) override {
+        if (attribute == CanvasCursor) {
+            View().setCursor(value == CursorCrossHair ? Qt::CrossCursor : Qt::ArrowCursor);
+        }
+    }
+    std::int64_t GetGadgetAttribute(std::int64_t attribute) const override {
+        switch (attribute) {
+            case CanvasMouseX:
+                return View().Mouse().x();
+            case CanvasMouseY:
+                return View().Mouse().y();
+            case CanvasCursor:
+                return View().cursor().shape() == Qt::CrossCursor ? CursorCrossHair : CursorArrow;
+            default:
+                return 0;
+        }
+    }
+
+    void SetGadgetColor(std::int64_t type, std::int64_t colour) override {
+        if (type == BackColour) {
+            View().SetBackground(colour == NoColour ? QColor(Qt::white) : ToColour(colour));
+        }
+    }
+    std::int64_t GetGadgetColor(std::int64_t type) const override {
+        return type == BackColour ? FromColour(View().Background()) : 0;
+    }
+
+    void OpenGadgetList(std::int64_t) override {
+        if (QzGadgetList* const list = QzGadgetList::CurrentList()) {
+            list->Push(ToHandle(Gadget->View));
+        }
+    }
+
+  private:
+    Qz_CanvasView& View() const { return static_cast<Qz_CanvasView&>(*Gadget->View); }
+};
+
+Qz_CanvasView* FindCanvas(std::int64_t gadget) {
+    const GadgetRecord* const record = GadgetRegistry().Find(gadget);
+    return record == nullptr ? nullptr : dynamic_cast<Qz_CanvasView*>(record->View);
+}
+
+}  // namespace
+
+QImage* CanvasBitmap(std::int64_t gadget) {
+    Qz_CanvasView* const canvas = FindCanvas(gadget);
+    return canvas == nullptr || canvas->Bitmap().isNull() ? nullptr : &canvas->Bitmap();
+}
+
+void ShowCanvasBitmap(std::int64_t gadget) {
+    if (Qz_CanvasView* const canvas = FindCanvas(gadget)) {
+        canvas->update();
+    }
+}
+
+std::int64_t CanvasGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+                                std::int64_t width, std::int64_t height, std::uint32_t flags) {
+    QWidget* const container = ContainerForNewGadget(number);
+    if (container == nullptr) {
+        return 0;
+    }
+    return PlaceGadget(std::make_unique<QzCanvasGadgetFunctions>(), number, CanvasKind,
+                       new Qz_CanvasView(container), {x, y, width, height}, flags);
+}
+
+}  // namespace rotavel

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+
+#include "gui/handles.h"
+
+namespace rotavel {
+
+// A bitmap of the gadget's size that the program draws on (draw/raster_drawing.h), white at first.
+// The pointer over it posts GadgetActivity with one of these types.
+
+inline constexpr std::int64_t CanvasMouseEnter = 65537;
+inline constexpr std::int64_t CanvasMouseLeave = 65538;
+inline constexpr std::int64_t CanvasMouseMove = 65539;
+
+// Attributes. The pointer's place is in pixels of the canvas and read-only; the pointer's shape
+// over the canvas is one of the two below.
+inline constexpr std::int64_t CanvasMouseX = 2;
+inline constexpr std::int64_t CanvasMouseY = 3;
+inline constexpr std::int64_t CanvasCursor = 7;
+
+inline constexpr std::int64_t CursorArrow = 0;
+inline constexpr std::int64_t CursorCrossHair = 1;
+
+std::int64_t CanvasGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+                                std::int64_t width, std::int64_t height, std::uint32_t flags = 0);
+
+}  // namespace rotavel

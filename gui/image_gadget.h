@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+
+#include "gui/handles.h"
+
+namespace rotavel {
+
+// Shows an image, centred, and scaled down where it is larger than the gadget. Its state is the
+// image's handle (of draw/image.h, as a number; 0 for none): setting it copies the image, which may
+// be freed afterwards, and gives the gadget the image's size.
+
+inline constexpr std::uint32_t ImageSunken = 1;  // a sunken frame
+
+// Types of the GadgetActivity events.
+inline constexpr std::int64_t ImageRightClick = 1;
+inline constexpr std::int64_t ImageRightDoubleClick = 3;
+
+std::int64_t ImageGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+                               std::int64_t width, std::int64_t height,
+                               NativeImage* image = nullptr, std::uint32_t flags = 0);
+
+}  // namespace rotavel

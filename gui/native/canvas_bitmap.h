@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+
+class QImage;
+
+namespace rotavel {
+
+// The bitmap of a canvas gadget, for drawing on; null when there is no such canvas or its size
+// leaves nothing to draw on.
+QImage* CanvasBitmap(std::int64_t gadget);
+
+// Brings what was drawn on the bitmap to the screen.
+void ShowCanvasBitmap(std::int64_t gadget);
+
+}  // namespace rotavel
