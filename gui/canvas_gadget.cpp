@@ -21,7 +21,13 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
         setMouseTracking(true);
     }
 
-    QImage& Bitmap() { return bitmap; }
+    // Of the gadget's present size; what was drawn before a change of size stays.
+    QImage& Bitmap() {
+        if (bitmap.isNull() || bitmap.deviceIndependentSize() != QSizeF(size())) {
+            AdjustImage();
+        }
+        return bitmap;
+    }
     QPoint Mouse() const { return mouse; }
     void SetBackground(const QColor& colour) { background = colour; }
     QColor Background() const { return background; }
@@ -39,12 +45,10 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.fillRect(rect(), background);
-        painter.drawImage(0, 0, bitmap);
+        painter.drawImage(0, 0, Bitmap());
     }
-    void resizeEvent(QResizeEvent*) override { AdjustImage(); }
 
   private:
-    // A bitmap of the new size with what the old one shows.
     void AdjustImage() {
         QImage adjusted = MakeBitmap(width(), height());
         if (!adjusted.isNull()) {

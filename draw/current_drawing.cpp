@@ -1,0 +1,52 @@
+#include "draw/current_drawing.h"
+
+#include "gui/native/canvas_bitmap.h"
+#include "gui/native/native_image.h"
+
+namespace rotavel {
+
+namespace {
+
+std::unique_ptr<Drawing> current;
+
+}  // namespace
+
+Drawing* CurrentDrawing() {
+    return current.get();
+}
+
+bool BeginDrawing(const DrawingTarget& target) {
+    EndDrawing();
+    if (target.Bitmap == nullptr) {
+        return false;
+    }
+    current = std::make_unique<Drawing>();
+    current->Target = target;
+    if (!current->Painter.begin(FromHandle(target.Bitmap))) {
+        current.reset();
+        return false;
+    }
+    return true;
+}
+
+void EndDrawing() {
+    if (current == nullptr) {
+        return;
+    }
+    const std::int64_t canvas = current->Target.Canvas;
+    current.reset();
+    ShowCanvasBitmap(canvas);
+}
+
+void EndDrawingOn(const NativeImage* bitmap) {
+    if (current != nullptr && current->Target.Bitmap == bitmap) {
+        EndDrawing();
+    }
+}
+
+QColor ToQColor(Colour colour) {
+    return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
+                  static_cast<int>(colour >> 16 & 0xFF), static_cast<int>(colour >> 24));
+}
+
+}  // namespace rotavel
