@@ -7,6 +7,7 @@
 #include "app/gear_calculation.h"
 #include "app/gear_commands.h"
 #include "app/main_window.h"
+#include "app/speed_chart.h"
 #include "gui/event_loop.h"
 #include "gui/event_queue.h"
 #include "gui/gadget.h"
@@ -99,7 +100,8 @@ void RunMainLoop(const std::vector<MakerRecord>& makers) {
         const std::int64_t kind = WaitForEventBlocking();
         // A session that ends asks for the same as "Quit", but names no window.
         const bool sessionEnds = kind == MenuChosen && CurrentEventObject() == QuitItem;
-        if (kind <= 0 || (CurrentEventWindow() != MainWindow && !sessionEnds)) {
+        if (kind > 0 && CurrentEventWindow() != MainWindow && !sessionEnds) {
+            HandleChartEvent();
             continue;
         }
         switch (kind) {

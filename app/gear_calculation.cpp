@@ -144,9 +144,9 @@ std::int64_t GearTopSpeed(const GearInputs& inputs, std::size_t gear, std::int64
                           UnitFactor(unit));
 }
 
-std::optional<std::int64_t> ChartTopSpeed(const GearInputs& inputs, GearMask mask,
-                                          std::int64_t maxRpm, SpeedUnit unit,
-                                          std::int64_t& topGearIndex) {
+std::optional<std::int64_t> TopSpeedForChart(const GearInputs& inputs, GearMask mask,
+                                             std::int64_t maxRpm, SpeedUnit unit,
+                                             std::int64_t& topGearIndex) {
     if (mask == 0) {
         return std::nullopt;
     }

@@ -70,9 +70,9 @@ std::int64_t GearTopSpeed(const GearInputs& inputs, std::size_t gear, std::int64
 // caller keeps it from one use to the next. Once it is not 0 only sixth gear can displace it, even
 // when its own gear has no ratio any more. -1, found when a first use has nothing but first gear,
 // stands for the final drive ratio in place of a gear's.
-std::optional<std::int64_t> ChartTopSpeed(const GearInputs& inputs, GearMask mask,
-                                          std::int64_t maxRpm, SpeedUnit unit,
-                                          std::int64_t& topGearIndex);
+std::optional<std::int64_t> TopSpeedForChart(const GearInputs& inputs, GearMask mask,
+                                             std::int64_t maxRpm, SpeedUnit unit,
+                                             std::int64_t& topGearIndex);
 
 // The nearest whole number, of two equally near the even one. What does not fit in 64 bits becomes
 // the nearest value that does; not-a-number becomes 0.

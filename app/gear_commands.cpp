@@ -11,10 +11,6 @@ namespace rotavel {
 
 namespace {
 
-// Both are kept for the whole run: what one chart leaves behind, the next one finds.
-GearInputs chartInputs;
-std::int64_t TopGearIndex = 0;
-
 std::int64_t OfGear(std::int64_t firstGearGadget, std::size_t gear) {
     return firstGearGadget + static_cast<std::int64_t>(gear);
 }
@@ -29,11 +25,11 @@ GearTexts TextsOnShow() {
     return texts;
 }
 
+}  // namespace
+
 SpeedUnit UnitOnShow() {
     return static_cast<SpeedUnit>(GetGadgetState(SpeedUnitBox));
 }
-
-}  // namespace
 
 GearMask ReadGearInputs(GearInputs& target) {
     const GearReading reading = ReadGearTexts(TextsOnShow(), target);
@@ -71,12 +67,6 @@ void CalcRpmForGear(std::int64_t button) {
         }
     }
     SetGadgetText(RpmField, NumberToText(*rpm, 0));
-}
-
-void ShowSpeedChart() {
-    const GearMask mask = ReadGearInputs(chartInputs);
-    const std::int64_t maxRpm = TextToInteger(GetGadgetText(MaxRpmField));
-    ChartTopSpeed(chartInputs, mask, maxRpm, UnitOnShow(), TopGearIndex);
 }
 
 }  // namespace rotavel

@@ -13,14 +13,14 @@ namespace rotavel {
 // and disables the percent field for it.
 GearMask ReadGearInputs(GearInputs& target);
 
+// The unit that the speed-unit box shows.
+SpeedUnit UnitOnShow();
+
 // "Calc speed": the road speed of every gear at the typed engine speed.
 void CalcSpeeds();
 
 // "Calc rpm" of one gear, by the number of its button: the engine speed for the road speed typed
 // into the gear's field.
 void CalcRpmForGear(std::int64_t button);
-
-// "Graphic".
-void ShowSpeedChart();
 
 }  // namespace rotavel

@@ -12,6 +12,7 @@ namespace rotavel {
 inline constexpr std::int64_t MainWindow = 0;
 inline constexpr std::int64_t MainMenu = 0;
 inline constexpr std::int64_t MainStatusBar = 0;
+inline constexpr std::int64_t ProgramFont = 0;  // of every gadget and of the chart
 
 // Gadgets that commands read and write. Those of a gear are the number of first gear's plus the
 // gear, counted from 0.

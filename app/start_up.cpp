@@ -27,8 +27,7 @@ namespace rotavel {
 
 namespace {
 
-constexpr std::int64_t gadgetFont = 0;
-constexpr double gadgetFontPoints = 8;
+constexpr double programFontPoints = 8;
 constexpr std::int64_t statusBarMargin = 5;
 
 std::u16string SettingsPath() {
@@ -62,8 +61,8 @@ void AddStatusBar() {
 void RunWithSettings() {
     std::vector<MakerRecord> makers = ReadMotorcycles();
     SettingsSelectGroup(u"Settings");
-    FontLoad(gadgetFont, u"Arial", gadgetFontPoints);
-    SetGadgetFont(AnyNumber, gadgetFont);
+    FontLoad(ProgramFont, u"Arial", programFontPoints);
+    SetGadgetFont(AnyNumber, ProgramFont);
     OpenMainWindow(makers);
     RestoreLastValues();
     // Lets the percent field be enabled or disabled to suit the restored width.

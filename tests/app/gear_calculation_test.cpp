@@ -137,9 +137,9 @@ TEST(GearCalculation, ChartTopIsTheNextTenAbove) {
     };
     for (const auto& chart : cases) {
         std::int64_t topGearIndex = 0;
-        EXPECT_EQ(
-            ChartTopSpeed(Plain({8, 1, 0, 0, 0, 0}), 0b11, chart.MaxRpm, chart.Unit, topGearIndex),
-            chart.Top);
+        EXPECT_EQ(TopSpeedForChart(Plain({8, 1, 0, 0, 0, 0}), 0b11, chart.MaxRpm, chart.Unit,
+                                   topGearIndex),
+                  chart.Top);
         EXPECT_EQ(topGearIndex, 1);
     }
 }
@@ -147,7 +147,7 @@ TEST(GearCalculation, ChartTopIsTheNextTenAbove) {
 TEST(GearCalculation, ChartRemembersItsTopGear) {
     std::int64_t topGearIndex = 0;
     const auto top = [&topGearIndex](const GearInputs& inputs) {
-        return ChartTopSpeed(inputs, 1, 3000, SpeedUnit::Mph, topGearIndex).value();
+        return TopSpeedForChart(inputs, 1, 3000, SpeedUnit::Mph, topGearIndex).value();
     };
 
     GearInputs firstGearOnly = Plain({4, 0, 0, 0, 0, 0});
@@ -163,7 +163,7 @@ TEST(GearCalculation, ChartRemembersItsTopGear) {
     topGearIndex = 0;
     EXPECT_EQ(top(Plain({4, 2, 1, -1, 0, 0})), -100);
     EXPECT_EQ(topGearIndex, 3);
-    EXPECT_FALSE(ChartTopSpeed(Plain({}), 0, 3000, SpeedUnit::Kmh, topGearIndex));
+    EXPECT_FALSE(TopSpeedForChart(Plain({}), 0, 3000, SpeedUnit::Kmh, topGearIndex));
 }
 
 TEST(GearCalculation, RoundsHalvesToEvenAndSaturates) {

@@ -1,0 +1,200 @@
+#include "app/speed_chart.h"
+
+#include <string>
+
+#include "app/chart_plot.h"
+#include "app/current_motorcycle.h"
+#include "app/gear_calculation.h"
+#include "app/gear_commands.h"
+#include "app/main_window.h"
+#include "draw/colour.h"
+#include "draw/image.h"
+#include "draw/raster_drawing.h"
+#include "draw/vector_drawing.h"
+#include "gui/canvas_gadget.h"
+#include "gui/event_queue.h"
+#include "gui/gadget.h"
+#include "gui/image_gadget.h"
+#include "gui/status_bar.h"
+#include "gui/window.h"
+#include "runtime/numbered_objects.h"
+#include "text/number_text.h"
+
+namespace rotavel {
+
+namespace {
+
+constexpr std::int64_t chartWindow = 1;
+constexpr std::int64_t magnifierWindow = 2;
+constexpr std::int64_t chartStatusBar = 1;
+constexpr std::int64_t headingField = 0;
+constexpr std::int64_t readOutField = 1;
+constexpr std::int64_t canvas = 63;
+constexpr std::int64_t magnifierImage = 64;
+
+constexpr std::int64_t canvasMargin = 10;  // of the canvas to the window's edges
+constexpr std::int64_t statusBarMargin = 5;
+constexpr std::int64_t magnifierSide = 100;
+constexpr std::int64_t magnifiedSide = 20;
+constexpr Colour crossHairColour = 0;
+
+// Both are kept for the whole run: what one chart leaves behind, the next one finds.
+GearInputs keptInputs;
+std::int64_t TopGearIndex = 0;
+
+// Of the open chart.
+std::int64_t ChartImage = 0;
+std::int64_t ChartMaxRpm = 0;
+std::int64_t ChartTopSpeed = 0;
+
+bool OpenChartWindow(const PlotSize& plot, std::u16string_view heading) {
+    const std::int64_t width = plot.Width + PlotSize::ImageMarginX;
+    const std::int64_t height = plot.Height + PlotSize::ImageMarginY;
+    const std::u16string title = std::u16string(ProgramTitle) + u" Graphic";
+    if (WindowCreate(chartWindow, 0, 0, width + 2 * canvasMargin, height + 2 * canvasMargin, title,
+                     WindowOwnerCentred | WindowCloseBox, WindowNativeHandle(MainWindow)) == 0) {
+        return false;
+    }
+    WindowDisable(MainWindow, 1);
+    CanvasGadgetCreate(canvas, canvasMargin, canvasMargin, width, height);
+    SetGadgetAttribute(canvas, CanvasCursor, CursorCrossHair);
+    const std::int64_t headingWidth = WindowGetWidth(MainWindow);
+    StatusBarCreate(chartStatusBar, WindowNativeHandle(chartWindow));
+    StatusBarAddField(headingWidth);
+    StatusBarAddField(WindowGetWidth(chartWindow) - headingWidth - statusBarMargin);
+    StatusBarSetText(chartStatusBar, headingField, heading, StatusCentred);
+    WindowSetBounds(chartWindow, IgnoreValue, IgnoreValue, IgnoreValue,
+                    WindowGetHeight(chartWindow) + StatusBarHeight(chartStatusBar));
+    return true;
+}
+
+// An image with the plot, shown on the canvas; 0 when it cannot be made.
+std::int64_t MakePlotImage(const GearInputs& inputs, const PlotSize& plot, std::int64_t maxRpm,
+                           std::int64_t topSpeed) {
+    const std::int64_t image = ImageCreate(AnyNumber, plot.Width + PlotSize::ImageMarginX,
+                                           plot.Height + PlotSize::ImageMarginY);
+    if (image == 0 || !VectorBegin(ImageVectorTarget(image))) {
+        return image;
+    }
+    DrawPlot(inputs, maxRpm, topSpeed, UnitOnShow());
+    VectorEnd();
+    if (RasterBegin(CanvasRasterTarget(canvas))) {
+        RasterDrawImage(ImageHandle(image), 0, 0);
+        RasterEnd();
+    }
+    return image;
+}
+
+std::int64_t MagnifierLeft() {
+    return WindowGetX(chartWindow, OuterFrame) + WindowGetWidth(chartWindow, OuterFrame);
+}
+
+void OpenMagnifier() {
+    if (WindowCreate(magnifierWindow, MagnifierLeft(), WindowGetY(chartWindow, OuterFrame),
+                     magnifierSide, magnifierSide, u"", WindowHidden | WindowBorderless,
+                     WindowNativeHandle(chartWindow)) != 0) {
+        ImageGadgetCreate(magnifierImage, 0, 0, magnifierSide, magnifierSide);
+    }
+}
+
+void ClearReadOut() {
+    StatusBarSetText(chartStatusBar, readOutField, u"");
+    WindowShow(magnifierWindow, 1);
+}
+
+void CloseChart() {
+    WindowDestroy(magnifierWindow);
+    WindowDestroy(chartWindow);
+    ImageFree(ChartImage);
+    ChartImage = 0;
+    WindowDisable(MainWindow, 0);
+    WindowActivate(MainWindow);
+}
+
+}  // namespace
+
+void ShowSpeedChart() {
+    const GearMask mask = ReadGearInputs(keptInputs);
+    const std::int64_t maxRpm = TextToInteger(GetGadgetText(MaxRpmField));
+    const auto topSpeed = TopSpeedForChart(keptInputs, mask, maxRpm, UnitOnShow(), TopGearIndex);
+    if (!topSpeed || WindowExists(chartWindow)) {
+        return;
+    }
+    ChartImage = OpenSpeedChart(CurrentManufacturer + u"- " + CurrentModel, maxRpm, *topSpeed);
+    ChartMaxRpm = maxRpm;
+    ChartTopSpeed = *topSpeed;
+}
+
+std::int64_t OpenSpeedChart(std::u16string_view heading, std::int64_t maxRpm,
+                            std::int64_t topSpeed) {
+    GearInputs inputs;
+    if (ReadGearInputs(inputs) == 0) {
+        return 0;
+    }
+    const PlotSize plot = PlotSizeFor(maxRpm, topSpeed);
+    if (!OpenChartWindow(plot, heading)) {
+        return 0;
+    }
+    const std::int64_t image = MakePlotImage(inputs, plot, maxRpm, topSpeed);
+    OpenMagnifier();
+    return image;
+}
+
+void ChartMouseMove(std::int64_t image, std::int64_t maxRpm, std::int64_t topSpeed) {
+    const std::int64_t x = GetGadgetAttribute(canvas, CanvasMouseX);
+    const std::int64_t y = GetGadgetAttribute(canvas, CanvasMouseY);
+    const PlotPoint point = PlotPointAt(x, y, topSpeed);
+    if (point.Rpm < 0 || point.Speed < 0 || point.Rpm > maxRpm || point.Speed > topSpeed) {
+        ClearReadOut();
+        return;
+    }
+    StatusBarSetText(chartStatusBar, readOutField,
+                     IntegerToText(point.Rpm) + u" rpm  -  " + IntegerToText(point.Speed) + u" " +
+                         GetGadgetText(SpeedUnitBox),
+                     StatusCentred);
+    ChartMagnify(image, x, y);
+}
+
+void ChartMagnify(std::int64_t image, std::int64_t x, std::int64_t y) {
+    WindowShow(magnifierWindow, 0);
+    constexpr std::int64_t middle = magnifiedSide / 2;
+    const std::int64_t grabbed =
+        ImageGrab(image, AnyNumber, x - middle, y - middle, magnifiedSide, magnifiedSide);
+    if (grabbed != 0) {
+        if (RasterBegin(ImageRasterTarget(grabbed))) {
+            RasterLine(middle, 0, middle, magnifiedSide, crossHairColour);
+            RasterLine(0, middle, magnifiedSide, middle, crossHairColour);
+            RasterEnd();
+        }
+        ImageResize(grabbed, magnifierSide, magnifierSide, ResizeNearestPixel);
+        SetGadgetState(magnifierImage, reinterpret_cast<std::intptr_t>(ImageHandle(grabbed)));
+        ImageFree(grabbed);
+    }
+    WindowActivate(chartWindow);
+}
+
+void HandleChartEvent() {
+    if (CurrentEventWindow() != chartWindow) {
+        return;
+    }
+    switch (CurrentEventKind()) {
+        case GadgetActivity:
+            if (CurrentEventObject() == canvas && CurrentEventType() == CanvasMouseMove) {
+                ChartMouseMove(ChartImage, ChartMaxRpm, ChartTopSpeed);
+            } else if (CurrentEventObject() == canvas && CurrentEventType() == CanvasMouseLeave) {
+                ClearReadOut();
+            }
+            break;
+        case WindowMoved:
+            WindowSetBounds(magnifierWindow, MagnifierLeft(), WindowGetY(chartWindow, OuterFrame),
+                            IgnoreValue, IgnoreValue);
+            break;
+        case CloseRequested:
+            CloseChart();
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace rotavel
