@@ -5,6 +5,8 @@
 #include <QPixmap>
 
 #include "gui/event_queue.h"
+#include "gui/native/case_folding.h"
+#include "gui/native/edit_combo_box.h"
 #include "gui/native/gadget_view.h"
 #include "gui/native/native_image.h"
 #include "gui/native/native_text.h"
@@ -45,7 +47,7 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
         const bool inserts = position >= 0 && position < view.count();
         const int index = inserts ? static_cast<int>(position) : view.count();
         const bool hadSelection = view.currentIndex() >= 0;
-        view.insertItem(index, ItemImage(image), Fold(text), QVariant::fromValue<qlonglong>(0));
+        view.insertItem(index, ItemImage(image), Folded(text), QVariant::fromValue<qlonglong>(0));
         if (!hadSelection) {
             view.setCurrentIndex(-1);  // the toolkit selects the first item of a list by itself
         }
@@ -71,7 +73,7 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
     std::int64_t GetGadgetState() const override { return View().currentIndex(); }
 
     void SetGadgetText(std::u16string_view text) override {
-        const int index = View().findText(Fold(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
+        const int index = View().findText(Folded(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
         if (index >= 0) {
             View().setCurrentIndex(index);
         }
@@ -80,7 +82,7 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
 
     void SetGadgetItemText(std::int64_t item, std::u16string_view text, std::int64_t) override {
         if (IsItem(item)) {
-            View().setItemText(static_cast<int>(item), Fold(text));
+            View().setItemText(static_cast<int>(item), Folded(text));
         }
     }
     std::u16string GetGadgetItemText(std::int64_t item, std::int64_t) override {
@@ -113,12 +115,8 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
         return image == nullptr ? BlankImage() : QIcon(QPixmap::fromImage(*FromHandle(image)));
     }
 
-    QString Fold(std::u16string_view text) const {
-        const QString given = ToQString(text);
-        if ((Gadget->Flags & ComboBoxLowerCase) != 0) {
-            return given.toLower();
-        }
-        return (Gadget->Flags & ComboBoxUpperCase) != 0 ? given.toUpper() : given;
+    QString Folded(std::u16string_view text) const {
+        return Fold(text, Gadget->Flags, ComboBoxLowerCase, ComboBoxUpperCase);
     }
 };
 
@@ -126,6 +124,9 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
 
 std::int64_t ComboBoxGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
                                   std::int64_t width, std::int64_t height, std::uint32_t flags) {
+    if ((flags & ComboBoxEditable) != 0) {
+        return EditComboBoxGadgetCreate(number, {x, y, width, height}, flags);
+    }
     QWidget* const container = ContainerForNewGadget(number);
     if (container == nullptr) {
         return 0;

@@ -22,6 +22,7 @@ namespace {
 
 constexpr int barHeight = 24;
 constexpr int fieldHeight = 20;
+constexpr int textIndent = 4;  // of a left or right text to its field's edge
 
 // The bar's view; its record goes with it, also when the window takes it along.
 class QzStatusBarView final : public QWidget {
@@ -73,6 +74,7 @@ void QzStatusBarView::SetText(std::size_t index, const QString& text, std::uint3
     if (label == nullptr) {
         label = new QLabel(this);
         label->setTextFormat(Qt::PlainText);
+        label->setIndent(textIndent);
         if (DefaultGadgetFont() != AnyNumber) {
             label->setFont(FontForGadgets(DefaultGadgetFont()));
         }

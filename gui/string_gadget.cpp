@@ -3,15 +3,16 @@
 #include <algorithm>
 #include <limits>
 
+#include <QKeyEvent>
 #include <QLineEdit>
 
 #include "gui/event_queue.h"
 #include "gui/gadget.h"
+#include "gui/native/case_folding.h"
 #include "gui/native/formatters.h"
 #include "gui/native/gadget_colours.h"
 #include "gui/native/gadget_view.h"
 #include "gui/native/key_views.h"
-#include "gui/native/native_text.h"
 
 namespace rotavel {
 
@@ -41,6 +42,20 @@ class QzStringField : public QzGadgetView<QLineEdit>, public QzControl {
         judged = text();
     }
     QString StringValue() const override { return text(); }
+
+    // Undo by key leaves the key to a menu item that has it as its shortcut.
+    bool event(QEvent* event) override {
+        const bool isKey =
+            event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+        if (!isKey || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
+            return QzGadgetView::event(event);
+        }
+        if (event->type() == QEvent::ShortcutOverride) {
+            undo();
+            event->ignore();
+        }
+        return true;
+    }
 
     // Whether the user's edit stands. The toolkit does not judge what undo and redo bring back.
     bool EditStands() {
@@ -90,14 +105,7 @@ class QzStringGadgetFunctions final : public QzGadgetFunctions {
     }
 
     void SetGadgetText(std::u16string_view text) override {
-        const QString given = ToQString(text);
-        if ((Gadget->Flags & StringLowerCase) != 0) {
-            View().SetStringValue(given.toLower());
-        } else if ((Gadget->Flags & StringUpperCase) != 0) {
-            View().SetStringValue(given.toUpper());
-        } else {
-            View().SetStringValue(given);
-        }
+        View().SetStringValue(Fold(text, Gadget->Flags, StringLowerCase, StringUpperCase));
     }
 
     void SetGadgetAttribute(std::int64_t attribute, std::int64_t value) override {

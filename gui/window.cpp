@@ -4,6 +4,8 @@
 #include <memory>
 #include <tuple>
 
+#include <QWindow>
+
 #include "gui/event_queue.h"
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
@@ -12,6 +14,7 @@
 #include "gui/native/menu_bars.h"
 #include "gui/native/native_text.h"
 #include "gui/native/qz_views.h"
+#include "gui/native/shortcut_text.h"
 #include "gui/native/status_bars.h"
 #include "gui/native/window_record.h"
 
@@ -69,6 +72,25 @@ QzWindow* FindWindow(std::int64_t number) {
 
 NumberedObjects<WindowRecord>& WindowRegistry() {
     return registry;
+}
+
+bool PostShortcutOf(const QObject* nativeWindow, const QKeyEvent& event) {
+    for (auto next = registry.Next(0); next.second != nullptr;
+         next = registry.Next(next.first + 1)) {
+        const WindowRecord& record = *next.second;
+        const QObject* const handle = record.Window->windowHandle();
+        if (handle != nativeWindow || record.Window->IsDisabled()) {
+            continue;
+        }
+        for (const WindowShortcut& shortcut : record.Shortcuts) {
+            std::int64_t item = 0;
+            if (shortcut.IsEventMatch(event, item)) {
+                QueueEvent(MenuChosen, item, next.first, 0);
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 std::int64_t WindowNumberOf(const QWidget* widget) {
@@ -249,6 +271,12 @@ void WindowAddTimer(std::int64_t number, int milliseconds, TimerCallback callbac
     const auto& timer = record->Timers.emplace_back(std::make_unique<QTimer>());
     QObject::connect(timer.get(), &QTimer::timeout, [callback, userValue] { callback(userValue); });
     timer->start(milliseconds);
+}
+
+void WindowAddShortcut(std::int64_t number, std::u16string_view keys, std::int64_t menuItem) {
+    if (WindowRecord* const record = registry.Find(number)) {
+        record->Shortcuts.emplace_back(ParseShortcut(ToQString(keys)), menuItem);
+    }
 }
 
 NativeWindow* WindowNativeHandle(std::int64_t number) {

@@ -76,6 +76,10 @@ void WindowSetContentLimits(std::int64_t number, std::int64_t minimumWidth,
 using TimerCallback = void (*)(void* userValue);
 void WindowAddTimer(std::int64_t number, int milliseconds, TimerCallback callback, void* userValue);
 
+// Makes keys, written as in a menu item's text ("CTRL+SHIFT+S"), choose a menu item of a number of
+// the window's while it has the keyboard. They come before menus and gadgets.
+void WindowAddShortcut(std::int64_t number, std::u16string_view keys, std::int64_t menuItem);
+
 // The native window, or null.
 NativeWindow* WindowNativeHandle(std::int64_t number);
 bool WindowExists(std::int64_t number);

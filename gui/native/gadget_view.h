@@ -6,6 +6,8 @@
 #include <QString>
 #include <QWidget>
 
+#include "gui/event_queue.h"
+#include "gui/native/drop_target.h"
 #include "gui/native/gadget_record.h"
 
 namespace rotavel {
@@ -27,6 +29,7 @@ class QzTaggedView {
     void SetTag(std::int64_t tag) { Qz_tag = tag; }
     void SetAlreadyDestroyed(bool destroyed) { Qz_alreadyDestroyed = destroyed; }
     std::int64_t Tag() const { return Qz_tag; }
+    virtual void TakeGadgetDrops(bool takes) = 0;
 
   protected:
     std::int64_t Qz_tag = -1;
@@ -35,14 +38,19 @@ class QzTaggedView {
 
 // A toolkit widget as a gadget's view: takes its record along when it goes, whoever deletes it.
 template <typename Base>
-class QzGadgetView : public Base, public QzTaggedView {
+class QzGadgetView : public QzDropTarget<Base>, public QzTaggedView {
   public:
-    using Base::Base;
+    using QzDropTarget<Base>::QzDropTarget;
     ~QzGadgetView() override {
         if (!Qz_alreadyDestroyed) {
             FreeGadgetRecord(Qz_tag);
         }
     }
+
+    void TakeGadgetDrops(bool takes) override { this->TakeDrops(takes, DropOnGadget, Qz_tag); }
+
+  protected:
+    std::int64_t DropWindow() const override { return AcceptingWindowOf(this); }
 };
 
 }  // namespace rotavel

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 
+#include <QKeyEvent>
+
 #include "gui/event_queue.h"
 #include "gui/menu.h"
 #include "gui/native/qz_style.h"
 #include "gui/native/qz_window.h"
+#include "gui/native/window_record.h"
 
 namespace rotavel {
 
@@ -38,6 +41,10 @@ bool QzApplication::notify(QObject* receiver, QEvent* event) {
     if (event->spontaneous() && receiver->isWindowType()) {
         nativeEventSeen = true;
         if (IsFiltered(event)) {
+            return true;
+        }
+        if (event->type() == QEvent::KeyPress &&
+            PostShortcutOf(receiver, static_cast<QKeyEvent&>(*event))) {
             return true;
         }
     }

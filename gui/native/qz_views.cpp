@@ -14,7 +14,7 @@ constexpr int disabledViewSide = 4096;
 
 }  // namespace
 
-QzFlippedWindowView::QzFlippedWindowView(QzWindow* window) : QWidget(window) {}
+QzFlippedWindowView::QzFlippedWindowView(QzWindow* window) : QzDropTarget(window) {}
 
 void QzFlippedWindowView::mouseDoubleClickEvent(QMouseEvent*) {
     clickCount = 2;

@@ -4,13 +4,15 @@
 
 #include <QWidget>
 
+#include "gui/native/drop_target.h"
+
 namespace rotavel {
 
 class QzWindow;
 
 // The content view of every window: holds the gadgets, and reports painting and the clicks that no
 // gadget takes.
-class QzFlippedWindowView final : public QWidget {
+class QzFlippedWindowView final : public QzDropTarget<QWidget> {
   public:
     explicit QzFlippedWindowView(QzWindow* window);
 
@@ -21,6 +23,7 @@ class QzFlippedWindowView final : public QWidget {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    std::int64_t DropWindow() const override { return AcceptingWindowOf(this); }
 
   private:
     int clickCount = 0;

@@ -27,6 +27,8 @@ int FunctionKey(const QString& token) {
     return isKey ? Qt::Key_F1 + number - 1 : 0;
 }
 
+}  // namespace
+
 QKeySequence ParseShortcut(const QString& text) {
     Qt::KeyboardModifiers modifiers;
     int key = 0;
@@ -47,8 +49,6 @@ QKeySequence ParseShortcut(const QString& text) {
     }
     return key == 0 ? QKeySequence() : QKeySequence(QKeyCombination(modifiers, Qt::Key(key)));
 }
-
-}  // namespace
 
 ItemText ParseItemText(QString text) {
     text.remove('&');

@@ -13,4 +13,7 @@ struct ItemText {
 
 ItemText ParseItemText(QString text);
 
+// The shortcut alone: tokens joined by "+". Empty when there is no key among them.
+QKeySequence ParseShortcut(const QString& text);
+
 }  // namespace rotavel

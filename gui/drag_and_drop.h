@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace rotavel {
+
+// Dropping text or files on gadgets and windows. One that takes drops posts DropOnGadget (object:
+// the gadget, window: its window) or DropOnWindow (object and window: the window) for each. A field
+// that takes none still lets text be dropped into it.
+
+void EnableGadgetDrop(std::int64_t gadget, int state);
+void EnableWindowDrop(std::int64_t window, int state);
+
+// What was dropped by the current event: the text, or the paths of the files, one a line. Empty
+// when the current event is no drop.
+std::u16string EventDropText();
+
+}  // namespace rotavel
