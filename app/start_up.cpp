@@ -1,5 +1,6 @@
 #include "app/start_up.h"
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -46,9 +47,11 @@ void WriteDefaultSettingsIfMissing(const std::u16string& path) {
         SettingsClose();
         return;
     }
-    RawFile file;
-    if (file.Create(ToUtf8(path))) {
-        file.Replace(DefaultSettingsText);
+    const std::string file = ToUtf8(path);
+    RawFile created;
+    if (created.Create(file) && !created.Replace(DefaultSettingsText)) {
+        // On a full disk no empty file may stay behind for the next start to take as it is.
+        std::remove(file.c_str());
     }
 }
 

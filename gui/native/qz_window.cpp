@@ -194,6 +194,7 @@ void QzWindow::Show(std::uint32_t showFlags) {
     }
     presentPending = true;
     framed = false;
+    placementOwner = parentWindow != nullptr ? parentWindow : keyWindow;
     if ((flags & WindowNotActivated) == 0 && CanBecomeKeyWindow() && windowType() != Qt::ToolTip) {
         keyWindow = this;
     }
@@ -230,17 +231,17 @@ QRect QzWindow::EstimatedFrame() const {
 
 void QzWindow::Place() {
     QRect frame = EstimatedFrame();
+    const QRect available = screen()->availableGeometry();
     if ((flags & WindowScreenCentred) != 0) {
-        frame.moveCenter(screen()->availableGeometry().center());
-        move(frame.topLeft());
+        frame.moveCenter(available.center());
+    } else if ((flags & WindowOwnerCentred) != 0 && placementOwner != nullptr &&
+               placementOwner != this) {
+        frame.moveCenter(placementOwner->frameGeometry().center());
+    } else {
         return;
     }
-    QzWindow* const owner = parentWindow != nullptr ? parentWindow.data() : keyWindow.data();
-    if ((flags & WindowOwnerCentred) != 0 && owner != nullptr && owner != this) {
-        const QRect over = owner->frameGeometry();
-        move(over.x() + (over.width() - frame.width()) / 2,
-             over.y() + (over.height() - frame.height()) / 2);
-    }
+    // The title bar of a window larger than the screen stays within reach.
+    move(std::max(frame.left(), available.left()), std::max(frame.top(), available.top()));
 }
 
 void QzWindow::AttachToParent() {

@@ -101,6 +101,7 @@ class QzWindow final : public QWidget {
     const bool resizable;
     std::uint32_t flags;  // what the next presentation goes by
     QPointer<QzWindow> parentWindow;
+    QPointer<QzWindow> placementOwner;  // the window to centre over
     QzWindowEvents* delegate = nullptr;
     QMenuBar* menuBar = nullptr;
     QzFlippedWindowView* contentView = nullptr;
