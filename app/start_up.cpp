@@ -10,6 +10,7 @@
 #include "app/last_values.h"
 #include "app/main_window.h"
 #include "app/motorcycles.h"
+#include "draw/image.h"
 #include "gui/application.h"
 #include "gui/event_queue.h"
 #include "gui/font.h"
@@ -91,6 +92,7 @@ int RunProgram() {
         MessageRequester(u"Error", u"No ini file found");
     }
     SettingsClose();
+    ImageFree(AnyNumber);
     GuiStop();
     return 0;
 }

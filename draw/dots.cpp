@@ -107,7 +107,8 @@ std::vector<QPointF> DotsAlong(const QPainterPath& path, double distance, const 
     return places;
 }
 
-void StampDots(QImage& bitmap, std::vector<QPointF> places, double diameter, const QColor& colour) {
+void StampDots(QImage& bitmap, const std::vector<QPointF>& places, double diameter,
+               const QColor& colour) {
     const double scale = bitmap.devicePixelRatio();
     const auto toPhase = [scale](double coordinate) {
         return static_cast<int>(std::floor(coordinate * scale * phases));

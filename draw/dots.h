@@ -17,6 +17,7 @@ std::vector<QPointF> DotsAlong(const QPainterPath& path, double distance, const 
 
 // Blends a disc of a diameter in each place into a 32-bit bitmap; places that coincide count once.
 // Places and diameter are in the bitmap's device-independent pixels.
-void StampDots(QImage& bitmap, std::vector<QPointF> places, double diameter, const QColor& colour);
+void StampDots(QImage& bitmap, const std::vector<QPointF>& places, double diameter,
+               const QColor& colour);
 
 }  // namespace rotavel

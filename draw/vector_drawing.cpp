@@ -151,10 +151,10 @@ void PathStrokeDotted(double width, double distance, std::uint32_t flags) {
     const double reach = Bounded(width);
     const QRectF visible =
         QRectF(QPointF(), bitmap.deviceIndependentSize()).adjusted(-reach, -reach, reach, reach);
-    std::vector<QPointF> dots =
+    const std::vector<QPointF> dots =
         DotsAlong(drawing->Path.translated(pixelMiddle, pixelMiddle), distance, visible);
     if (round) {
-        StampDots(bitmap, std::move(dots), width, drawing->Colour);
+        StampDots(bitmap, dots, width, drawing->Colour);
     } else {
         drawing->Painter.setTransform(QTransform());
         for (const QPointF& dot : dots) {

@@ -9,8 +9,8 @@
 #include "gui/menu.h"
 #include "gui/native/native_loop.h"
 #include "gui/native/qz_application.h"
-#include "gui/native/qz_window.h"
 #include "gui/native/termination_signals.h"
+#include "gui/native/window_list.h"
 #include "gui/status_bar.h"
 #include "gui/window.h"
 #include "runtime/numbered_objects.h"
@@ -44,7 +44,7 @@ void GuiStop() {
 }
 
 void BringToFront() {
-    QzWindow::BringAllToFront();
+    BringWindowsToFront();
 }
 
 }  // namespace rotavel

@@ -5,7 +5,7 @@
 #include "gui/event_queue.h"
 #include "gui/native/native_loop.h"
 #include "gui/native/qz_application.h"
-#include "gui/native/qz_window.h"
+#include "gui/native/window_list.h"
 
 namespace rotavel {
 
@@ -14,7 +14,7 @@ std::int64_t WaitForEvent(std::int64_t timeoutMs) {
     if (const std::uint32_t kind = TakeEvent()) {
         return kind;
     }
-    QzWindow::PresentPending();
+    PresentPendingWindows();
     const QDeadlineTimer deadline =
         timeoutMs < 0 ? QDeadlineTimer(QDeadlineTimer::Forever) : QDeadlineTimer(timeoutMs);
     for (;;) {

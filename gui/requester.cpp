@@ -7,6 +7,7 @@
 #include "gui/native/message_box.h"
 #include "gui/native/native_text.h"
 #include "gui/native/qz_window.h"
+#include "gui/native/window_list.h"
 
 namespace rotavel {
 
@@ -34,7 +35,7 @@ void DismissMessageBox() {
 
 std::int64_t MessageRequester(std::u16string_view title, std::u16string_view text,
                               std::uint32_t flags) {
-    QzWindow::PresentPending();
+    PresentPendingWindows();
     const QPointer<QzWindow> keyWindow = QzWindow::KeyWindow();
     QMessageBox box(keyWindow);
     box.setTextFormat(Qt::PlainText);

@@ -9,10 +9,10 @@
 #include "gui/event_queue.h"
 #include "gui/gadget.h"
 #include "gui/native/case_folding.h"
+#include "gui/native/first_responder.h"
 #include "gui/native/formatters.h"
 #include "gui/native/gadget_colours.h"
 #include "gui/native/gadget_view.h"
-#include "gui/native/key_views.h"
 
 namespace rotavel {
 

@@ -6,7 +6,7 @@
 #include "gui/event_queue.h"
 #include "gui/menu.h"
 #include "gui/native/qz_application.h"
-#include "gui/native/qz_window.h"
+#include "gui/native/window_list.h"
 
 namespace rotavel {
 
@@ -69,9 +69,9 @@ ApplicationMenu AddApplicationMenu(QMenuBar& bar) {
     menu.addSeparator();
     AddUnavailable(menu, "Services");
     menu.addSeparator();
-    AddCommand(menu, "Hide " + title, Qt::CTRL | Qt::Key_H, &QzWindow::MiniaturizeAll);
+    AddCommand(menu, "Hide " + title, Qt::CTRL | Qt::Key_H, &MiniaturizeWindows);
     AddUnavailable(menu, "Hide Others", Qt::CTRL | Qt::ALT | Qt::Key_H);
-    AddCommand(menu, "Show All", {}, &QzWindow::DeminiaturizeAll);
+    AddCommand(menu, "Show All", {}, &DeminiaturizeWindows);
     menu.addSeparator();
     AddCommand(menu, "Quit " + title, Qt::CTRL | Qt::Key_Q, [&delegate] { delegate.Terminate(); });
 

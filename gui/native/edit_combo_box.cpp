@@ -12,8 +12,8 @@
 #include "gui/combo_box_gadget.h"
 #include "gui/event_queue.h"
 #include "gui/native/case_folding.h"
+#include "gui/native/first_responder.h"
 #include "gui/native/gadget_view.h"
-#include "gui/native/key_views.h"
 
 namespace rotavel {
 

@@ -37,9 +37,21 @@ void QzFlippedWindowView::paintEvent(QPaintEvent*) {
     QueueEvent(Repaint, WindowID, WindowID, 0);
 }
 
-QzDisabledView::QzDisabledView(QWidget* contentView) : QWidget(contentView) {
+QzDisabledView::QzDisabledView(QWidget* contentView, Qt::WindowFlags windowFlags)
+    : QWidget(contentView),
+      CloseButtonEnabled((windowFlags & Qt::WindowCloseButtonHint) != 0),
+      MinimizeButtonEnabled((windowFlags & Qt::WindowMinimizeButtonHint) != 0),
+      MaximizeButtonEnabled((windowFlags & Qt::WindowMaximizeButtonHint) != 0) {
     setGeometry(0, 0, disabledViewSide, disabledViewSide);
     setContextMenuPolicy(Qt::PreventContextMenu);
+}
+
+Qt::WindowFlags QzDisabledView::EnabledButtons() const {
+    Qt::WindowFlags buttons;
+    buttons.setFlag(Qt::WindowCloseButtonHint, CloseButtonEnabled);
+    buttons.setFlag(Qt::WindowMinimizeButtonHint, MinimizeButtonEnabled);
+    buttons.setFlag(Qt::WindowMaximizeButtonHint, MaximizeButtonEnabled);
+    return buttons;
 }
 
 bool QzDisabledView::event(QEvent* event) {

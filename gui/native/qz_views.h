@@ -29,18 +29,24 @@ class QzFlippedWindowView final : public QzDropTarget<QWidget> {
     int clickCount = 0;
 };
 
-// Lies over a disabled window's content and swallows every click. Remembers which boxes of the
+// Lies over a disabled window's content and swallows every click. Remembers which buttons of the
 // title bar were enabled before.
 class QzDisabledView final : public QWidget {
   public:
-    explicit QzDisabledView(QWidget* contentView);
+    static constexpr Qt::WindowFlags Buttons =
+        Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint;
 
-    bool CloseButtonEnabled = false;
-    bool MinimizeButtonEnabled = false;
-    bool MaximizeButtonEnabled = false;
+    QzDisabledView(QWidget* contentView, Qt::WindowFlags windowFlags);
+
+    Qt::WindowFlags EnabledButtons() const;
 
   protected:
     bool event(QEvent* event) override;
+
+  private:
+    bool CloseButtonEnabled;
+    bool MinimizeButtonEnabled;
+    bool MaximizeButtonEnabled;
 };
 
 }  // namespace rotavel

@@ -1,7 +1,6 @@
 #include "gui/native/qz_window.h"
 
 #include <algorithm>
-#include <vector>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -14,6 +13,7 @@
 #include "gui/native/native_loop.h"
 #include "gui/native/qz_views.h"
 #include "gui/native/qz_window_events.h"
+#include "gui/native/window_list.h"
 #include "gui/window.h"
 
 namespace rotavel {
@@ -25,12 +25,8 @@ constexpr int framingPatienceMs = 1000;
 
 const QEvent::Type reportGeometryEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
 
-std::vector<QzWindow*> windows;  // in order of creation
 QPointer<QzWindow> keyWindow;
 QMargins frameMargins;  // of the window framed last, for placing the next one
-
-constexpr Qt::WindowFlags titleBarButtons =
-    Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint;
 
 Qt::WindowFlags ToolkitFlags(std::uint32_t flags, bool hasParent) {
     if ((flags & WindowBorderless) != 0) {
@@ -65,11 +61,11 @@ QzWindow::QzWindow(std::uint32_t creationFlags, QzWindow* parent, QSize contentS
     setFocusPolicy(Qt::NoFocus);
     SetContentSize(contentSize);
     reported = QRect(pos(), contentSize);
-    windows.push_back(this);
+    EnterWindow(this);
 }
 
 QzWindow::~QzWindow() {
-    std::erase(windows, this);
+    LeaveWindow(this);
 }
 
 QzWindow* QzWindow::Of(const QWidget* widget) {
@@ -78,41 +74,6 @@ QzWindow* QzWindow::Of(const QWidget* widget) {
 
 QzWindow* QzWindow::KeyWindow() {
     return keyWindow;
-}
-
-void QzWindow::PresentPending() {
-    for (std::size_t i = 0; i < windows.size(); ++i) {
-        if (windows[i]->presentPending) {
-            windows[i]->Present();
-        }
-    }
-}
-
-void QzWindow::BringAllToFront() {
-    for (QzWindow* const window : windows) {
-        if (window->isVisible()) {
-            window->raise();
-        }
-    }
-    if (keyWindow != nullptr) {
-        keyWindow->MakeKeyAndOrderFront();
-    }
-}
-
-void QzWindow::MiniaturizeAll() {
-    for (QzWindow* const window : windows) {
-        if (window->isVisible() && !window->borderless) {
-            window->showMinimized();
-        }
-    }
-}
-
-void QzWindow::DeminiaturizeAll() {
-    for (QzWindow* const window : windows) {
-        if (window->isMinimized()) {
-            window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-        }
-    }
 }
 
 void QzWindow::SetMenuBar(QMenuBar* bar) {
@@ -200,6 +161,12 @@ void QzWindow::Show(std::uint32_t showFlags) {
     }
 }
 
+void QzWindow::PresentIfPending() {
+    if (presentPending) {
+        Present();
+    }
+}
+
 void QzWindow::Hide() {
     presentPending = false;
     hide();
@@ -254,9 +221,7 @@ void QzWindow::AttachToParent() {
 }
 
 void QzWindow::EnsureFramed() {
-    if (presentPending) {
-        Present();
-    }
+    PresentIfPending();
     if (framed || !isVisible()) {
         return;
     }
@@ -283,12 +248,8 @@ void QzWindow::MakeKeyAndOrderFront() {
 
 void QzWindow::Disable() {
     Enable();
-    responderBeforeDisabling = firstResponder;
-    const Qt::WindowFlags buttons = windowFlags() & titleBarButtons;
-    overlay = new QzDisabledView(contentView);
-    overlay->CloseButtonEnabled = (buttons & Qt::WindowCloseButtonHint) != 0;
-    overlay->MinimizeButtonEnabled = (buttons & Qt::WindowMinimizeButtonHint) != 0;
-    overlay->MaximizeButtonEnabled = (buttons & Qt::WindowMaximizeButtonHint) != 0;
+    responderBeforeDisabling = firstResponder.View();
+    overlay = new QzDisabledView(contentView, windowFlags());
     overlay->show();
     overlay->raise();
     MakeFirstResponder(nullptr);
@@ -302,11 +263,7 @@ void QzWindow::Enable() {
     if (overlay == nullptr) {
         return;
     }
-    Qt::WindowFlags buttons;
-    buttons.setFlag(Qt::WindowCloseButtonHint, overlay->CloseButtonEnabled);
-    buttons.setFlag(Qt::WindowMinimizeButtonHint, overlay->MinimizeButtonEnabled);
-    buttons.setFlag(Qt::WindowMaximizeButtonHint, overlay->MaximizeButtonEnabled);
-    SetTitleBarButtons(buttons);
+    SetTitleBarButtons(overlay->EnabledButtons());
     delete std::exchange(overlay, nullptr);
     if (menuBar != nullptr) {
         menuBar->setEnabled(true);
@@ -322,7 +279,7 @@ void QzWindow::SetTitleBarButtons(Qt::WindowFlags buttons) {
     }
     // The toolkit would hide the window to change these; the window manager takes the new set from
     // the native window as it is.
-    overrideWindowFlags((windowFlags() & ~titleBarButtons) | buttons);
+    overrideWindowFlags((windowFlags() & ~QzDisabledView::Buttons) | buttons);
     if (windowHandle() != nullptr) {
         windowHandle()->setFlags(windowFlags());
     }
@@ -330,7 +287,7 @@ void QzWindow::SetTitleBarButtons(Qt::WindowFlags buttons) {
 
 void QzWindow::FocusArrived(QWidget* widget) {
     if (contentView->isAncestorOf(widget)) {
-        SetFirstResponder(widget);
+        firstResponder.Pass(widget);
     }
 }
 
@@ -340,21 +297,7 @@ void QzWindow::MakeFirstResponder(QWidget* view) {
     } else if (QWidget* const focused = focusWidget()) {
         focused->clearFocus();
     }
-    SetFirstResponder(view);
-}
-
-void QzWindow::SetFirstResponder(QWidget* widget) {
-    if (widget == firstResponder) {
-        return;
-    }
-    auto* const before = dynamic_cast<FirstResponderView*>(firstResponder.data());
-    firstResponder = widget;
-    if (before != nullptr) {
-        before->TextDidEndEditing();
-    }
-    if (auto* const now = dynamic_cast<FirstResponderView*>(widget)) {
-        now->BecomeFirstResponder();
-    }
+    firstResponder.Pass(view);
 }
 
 bool QzWindow::focusNextPrevChild(bool next) {
@@ -461,11 +404,8 @@ void QzWindow::BecameActive() {
         return;
     }
     // A disabled window cannot have the keyboard: the newest window above it gets it.
-    const auto above = std::find_if(windows.rbegin(), windows.rend(), [this](QzWindow* window) {
-        return window->parentWindow == this && window->isVisible() && window->CanBecomeKeyWindow();
-    });
-    if (above != windows.rend()) {
-        (*above)->MakeKeyAndOrderFront();
+    if (QzWindow* const above = KeyWindowAbove(this)) {
+        above->MakeKeyAndOrderFront();
     }
 }
 

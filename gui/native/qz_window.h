@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include "gui/native/first_responder.h"
+
 class QMenuBar;
 
 namespace rotavel {
@@ -26,11 +28,6 @@ class QzWindow final : public QWidget {
     static QzWindow* Of(const QWidget* widget);
     // The window that has the keyboard or has just been given it, or null.
     static QzWindow* KeyWindow();
-    // Puts the windows on the screen whose showing was put off until they are complete.
-    static void PresentPending();
-    static void BringAllToFront();
-    static void MiniaturizeAll();
-    static void DeminiaturizeAll();
 
     void SetDelegate(QzWindowEvents* newDelegate) { delegate = newDelegate; }
     QzWindowEvents* Delegate() const { return delegate; }
@@ -39,6 +36,8 @@ class QzWindow final : public QWidget {
     // Puts a menu bar, or none, above the content, which keeps its size. The window owns it.
     void SetMenuBar(QMenuBar* bar);
 
+    QzWindow* ParentWindow() const { return parentWindow; }
+    bool IsBorderless() const { return borderless; }
     bool IsResizable() const { return resizable; }
     // On the screen, or about to be.
     bool IsShown() const { return presentPending || isVisible(); }
@@ -57,6 +56,7 @@ class QzWindow final : public QWidget {
 
     // Shows the window when the program next waits. Flags as for WindowShow.
     void Show(std::uint32_t flags);
+    void PresentIfPending();
     void Hide();
     // Brings the window to the front and gives it the keyboard, unless it is disabled.
     void MakeKeyAndOrderFront();
@@ -93,7 +93,6 @@ class QzWindow final : public QWidget {
     void LayOut();
     int MenuBarHeight(int width) const;
     void ReportGeometryLater();
-    void SetFirstResponder(QWidget* widget);
     void SetTitleBarButtons(Qt::WindowFlags buttons);
     QRect EstimatedFrame() const;
 
@@ -106,7 +105,7 @@ class QzWindow final : public QWidget {
     QMenuBar* menuBar = nullptr;
     QzFlippedWindowView* contentView = nullptr;
     QzDisabledView* overlay = nullptr;
-    QPointer<QWidget> firstResponder;
+    FirstResponder firstResponder;
     QPointer<QWidget> responderBeforeDisabling;
 
     QSize contentMinimum;

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <utility>
 #include <vector>
 
 #include <QKeyEvent>
@@ -20,8 +19,8 @@ namespace rotavel {
 // Keys that choose a menu item of a window's.
 class WindowShortcut {
   public:
-    WindowShortcut(QKeySequence shortcutKeys, std::int64_t menuItem)
-        : keys(std::move(shortcutKeys)), item(menuItem) {}
+    WindowShortcut(const QKeySequence& shortcutKeys, std::int64_t menuItem)
+        : keys(shortcutKeys), item(menuItem) {}
 
     // Whether the key event is this shortcut; gives the menu item if it is.
     bool IsEventMatch(const QKeyEvent& event, std::int64_t& setItemID) const {

@@ -1,0 +1,24 @@
+#pragma once
+
+namespace rotavel {
+
+class QzWindow;
+
+// All native windows in order of creation, and what is done to them together.
+
+void EnterWindow(QzWindow* window);
+void LeaveWindow(QzWindow* window);
+
+// Puts the windows on the screen whose showing was put off until they are complete.
+void PresentPendingWindows();
+
+// Raises every window and gives the keyboard back to the one that had it.
+void BringWindowsToFront();
+
+void MiniaturizeWindows();
+void DeminiaturizeWindows();
+
+// The newest visible window attached above `parent` that can have the keyboard, or null.
+QzWindow* KeyWindowAbove(const QzWindow* parent);
+
+}  // namespace rotavel
