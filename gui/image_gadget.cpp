@@ -1,5 +1,7 @@
 #include "gui/image_gadget.h"
 
+#include <bit>
+
 #include <QFrame>
 #include <QMouseEvent>
 #include <QPainter>
@@ -57,8 +59,7 @@ class QzImageGadgetFunctions final : public QzGadgetFunctions {
   public:
     void SetGadgetState(std::int64_t state) override {
         shown = state;
-        const auto* const image =
-            reinterpret_cast<const QImage*>(static_cast<std::intptr_t>(state));
+        const auto* const image = std::bit_cast<const QImage*>(static_cast<std::intptr_t>(state));
         View().SetImage(image == nullptr ? QImage() : *image);
         if (image != nullptr) {
             ResizeToFit(*image);

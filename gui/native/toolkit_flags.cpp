@@ -1,0 +1,25 @@
+#include "gui/native/toolkit_flags.h"
+
+#include "gui/window.h"
+
+namespace rotavel {
+
+Qt::WindowFlags ToolkitFlags(std::uint32_t flags, bool hasParent) {
+    if ((flags & WindowBorderless) != 0) {
+        // Beside its parent a borderless window has to be popup-like: only such a surface can be
+        // placed where the program wants it on every platform.
+        return hasParent ? Qt::ToolTip | Qt::WindowDoesNotAcceptFocus
+                         : Qt::Window | Qt::FramelessWindowHint;
+    }
+    Qt::WindowFlags native =
+        Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
+    native.setFlag(Qt::WindowCloseButtonHint,
+                   (flags & (WindowCloseBox | WindowMaximizeBox | WindowMinimizeBox)) != 0);
+    native.setFlag(Qt::WindowMinimizeButtonHint,
+                   (flags & (WindowMinimizeBox | WindowStartMiniaturized)) != 0);
+    native.setFlag(Qt::WindowMaximizeButtonHint,
+                   (flags & (WindowResizable | WindowMaximizeBox | WindowStartZoomed)) != 0);
+    return native;
+}
+
+}  // namespace rotavel
