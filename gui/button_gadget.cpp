@@ -52,7 +52,7 @@ std::int64_t ButtonGadgetCreate(std::int64_t number, std::int64_t x, std::int64_
     const std::int64_t result =
         PlaceGadget(std::move(owned), number, ButtonKind, view, {x, y, width, height}, flags);
     functions->SetGadgetText(text);
-    QObject::connect(view, &QPushButton::clicked, [functions] { functions->EventHandler(); });
+    QObject::connect(view, &QPushButton::clicked, view, [view] { RunEventHandler(*view); });
     return result;
 }
 

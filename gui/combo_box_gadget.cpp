@@ -15,22 +15,25 @@ namespace rotavel {
 
 namespace {
 
-constexpr int blankImageSide = 16;
+constexpr int BlankImageSide = 16;
 
 class Qz_NSPopUpButton final : public QzGadgetView<QComboBox>, public QzControl {
   public:
     explicit Qz_NSPopUpButton(QWidget* container) : QzGadgetView(container) {
-        // The gadget has the size it was given; measuring every item for a hint is for nothing.
-        setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+        PrepareComboBox(*this);
     }
 
-    void SetStringValue(const QString& value) override { setCurrentIndex(findText(value)); }
+    // The plain form has no text of its own.
+    void SetStringValue(const QString&) override {}
     QString StringValue() const override { return currentText(); }
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
 
 const QIcon& BlankImage() {
     static const QIcon blank = [] {
-        QPixmap pixmap(blankImageSide, blankImageSide);
+        QPixmap pixmap(BlankImageSide, BlankImageSide);
         pixmap.fill(Qt::transparent);
         return QIcon(pixmap);
     }();
@@ -47,7 +50,7 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
         const bool inserts = position >= 0 && position < view.count();
         const int index = inserts ? static_cast<int>(position) : view.count();
         const bool hadSelection = view.currentIndex() >= 0;
-        view.insertItem(index, ItemImage(image), Folded(text), QVariant::fromValue<qlonglong>(0));
+        view.insertItem(index, ItemImage(image), Folded(text));
         if (!hadSelection) {
             view.setCurrentIndex(-1);  // the toolkit selects the first item of a list by itself
         }
@@ -78,7 +81,6 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
             View().setCurrentIndex(index);
         }
     }
-    std::u16string GetGadgetText() const override { return FromQString(View().currentText()); }
 
     void SetGadgetItemText(std::int64_t item, std::u16string_view text, std::int64_t) override {
         if (IsItem(item)) {
@@ -132,12 +134,10 @@ std::int64_t ComboBoxGadgetCreate(std::int64_t number, std::int64_t x, std::int6
         return 0;
     }
     auto* const view = new Qz_NSPopUpButton(container);
-    auto owned = std::make_unique<QzComboBoxGadgetFunctions>();
-    QzComboBoxGadgetFunctions* const functions = owned.get();
-    const std::int64_t result =
-        PlaceGadget(std::move(owned), number, ComboBoxKind, view, {x, y, width, height}, flags);
+    const std::int64_t result = PlaceGadget(std::make_unique<QzComboBoxGadgetFunctions>(), number,
+                                            ComboBoxKind, view, {x, y, width, height}, flags);
     // Also when the item chosen was selected already, and never when the program selects.
-    QObject::connect(view, &QComboBox::activated, [functions] { functions->EventHandler(); });
+    QObject::connect(view, &QComboBox::activated, view, [view] { RunEventHandler(*view); });
     return result;
 }
 

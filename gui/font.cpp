@@ -8,8 +8,8 @@ namespace rotavel {
 
 namespace {
 
-constexpr double smallestPoints = 1;
-constexpr double largestPoints = 1000;
+constexpr double SmallestPoints = 1;
+constexpr double LargestPoints = 1000;
 
 NumberedObjects<QFont> registry;
 
@@ -21,7 +21,7 @@ QFont FontForGadgets(std::int64_t number) {
 }
 
 std::int64_t FontLoad(std::int64_t number, std::u16string_view name, double points) {
-    if (!(points >= smallestPoints && points <= largestPoints)) {
+    if (!(points >= SmallestPoints && points <= LargestPoints)) {
         return 0;
     }
     if (number != AnyNumber) {

@@ -12,7 +12,7 @@ namespace rotavel {
 
 namespace {
 
-constexpr std::size_t stackCapacity = 10;
+constexpr std::size_t StackCapacity = 10;
 
 std::vector<std::unique_ptr<QzGadgetList>> lists;
 QzGadgetList* currentList = nullptr;
@@ -25,7 +25,7 @@ NativeView* ContentViewOf(NativeWindow* window) {
 
 QzGadgetList::QzGadgetList(NativeWindow* window)
     : TopWindow(window), TopView(ContentViewOf(window)) {
-    Views.reserve(stackCapacity);
+    Views.reserve(StackCapacity);
 }
 
 void QzGadgetList::Push(NativeView* view) {

@@ -1,5 +1,7 @@
 #include "gui/menu.h"
 
+#include <algorithm>
+
 #include <QMenuBar>
 #include <QPixmap>
 #include <QPointer>
@@ -25,7 +27,9 @@ NumberedObjects<MenuRecord> registry;
 
 // The bar being built, and the menu that new items go into.
 MenuRecord* building = nullptr;
-QMenu* currentMenu = nullptr;
+QPointer<QMenu> currentMenu;
+
+constexpr const char* PlainBarName = "plain";
 
 QString Title(std::u16string_view text) {
     return ToQString(text).remove('&');
@@ -35,6 +39,24 @@ QMenuBar* MakeBar(QzWindow* window) {
     auto* const bar = new QMenuBar(window);
     bar->setNativeMenuBar(false);
     return bar;
+}
+
+// The window's bar with nothing but the application menu, made at the first need.
+QMenuBar* PlainBar(QzWindow* window) {
+    auto* bar = window->findChild<QMenuBar*>(PlainBarName, Qt::FindDirectChildrenOnly);
+    if (bar == nullptr) {
+        bar = MakeBar(window);
+        bar->setObjectName(PlainBarName);
+        AddApplicationMenu(*bar);
+    }
+    return bar;
+}
+
+// Whether a bar has a command with this shortcut already.
+bool HasShortcut(const QMenuBar& bar, const QKeySequence& keys) {
+    const QList<QAction*> actions = bar.findChildren<QAction*>();
+    return std::any_of(actions.begin(), actions.end(),
+                       [&keys](const QAction* action) { return action->shortcut() == keys; });
 }
 
 void FreeOne(std::int64_t number, const MenuRecord& record) {
@@ -49,11 +71,18 @@ void FreeOne(std::int64_t number, const MenuRecord& record) {
         return;
     }
     if (window != nullptr && window->MenuBar() == bar) {
-        QMenuBar* const plain = MakeBar(window);
-        AddApplicationMenu(*plain);
-        window->SetMenuBar(plain);
+        window->SetMenuBar(PlainBar(window));
     }
     bar->deleteLater();  // the choice of one of its items may be under way
+}
+
+// About and Preferences are there for a program that asks for them; Quit always is.
+void EnableApplicationItem(std::int64_t number) {
+    if (number == AboutItem) {
+        building->Application.About->setEnabled(true);
+    } else if (number == PreferencesItem) {
+        building->Application.Preferences->setEnabled(true);
+    }
 }
 
 // Number and record of the first menu bar of a window; a null record when it has none.
@@ -102,30 +131,40 @@ std::int64_t MenuCreate(std::int64_t number, NativeWindow* handle) {
         }
     });
     window->SetMenuBar(bar);
+    if (window == QzWindow::KeyWindow()) {
+        QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(window));
+    }
     building = record;
     currentMenu = nullptr;
     return number == AnyNumber ? id : reinterpret_cast<std::intptr_t>(bar);
 }
 
 void MenuTitle(std::u16string_view text) {
-    if (building != nullptr) {
+    if (building != nullptr && building->Bar != nullptr) {
         currentMenu = building->Bar->addMenu(Title(text));
     }
 }
 
 void MenuItem(std::int64_t number, std::u16string_view text, NativeImage* image) {
-    if (building != nullptr && (number == PreferencesItem || number == AboutItem)) {
-        QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(building->Window));
-        (number == AboutItem ? building->Application.About : building->Application.Preferences)
-            ->setEnabled(true);
+    if (building == nullptr || building->Bar == nullptr) {
         return;
     }
-    if (currentMenu == nullptr || number == QuitItem) {
+    if (number == PreferencesItem || number == AboutItem || number == QuitItem) {
+        QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(building->Window));
+        EnableApplicationItem(number);
+        return;
+    }
+    if (currentMenu == nullptr) {
         return;
     }
     const ItemText item = ParseItemText(ToQString(text));
+    const bool isTaken = !item.Shortcut.isEmpty() && HasShortcut(*building->Bar, item.Shortcut);
     QAction* const action = currentMenu->addAction(item.Title);
     action->setShortcut(item.Shortcut);
+    if (isTaken) {
+        // The first in the bar has the keys; two with equal rights would be none to the toolkit.
+        action->setShortcutContext(Qt::WidgetShortcut);
+    }
     if (image != nullptr) {
         action->setIcon(QPixmap::fromImage(*FromHandle(image)));
     }

@@ -14,10 +14,10 @@ namespace rotavel {
 // A bar is built from front to back: MenuCreate, then titles, each followed by its items. In every
 // text "&" is left out. A text with a tab is a title and a shortcut: tokens joined by "+", of which
 // CMD (the Control key where there is no Command key), SHIFT, ALT and CTRL are modifiers and F1 to
-// F12 or a single character the key.
+// F12 or a single character the key. Where two items of a bar have one shortcut the first has it.
 
-// Numbers of the application menu's own items. Adding an item with one of the first two numbers
-// adds none but enables the application menu's; Quit is always enabled.
+// Numbers of the application menu's own items. Adding an item with one of them adds none but
+// enables the application menu's (Quit always is enabled), whose events then name this window.
 inline constexpr std::int64_t PreferencesItem = -2;
 inline constexpr std::int64_t AboutItem = -3;
 inline constexpr std::int64_t QuitItem = -4;
@@ -31,7 +31,8 @@ void MenuTitle(std::u16string_view text);
 void MenuItem(std::int64_t number, std::u16string_view text, NativeImage* image = nullptr);
 void MenuSeparator();
 void MenuOpenSubmenu(std::u16string_view text);
-// Goes back to the menu that the open submenu lies in.
+// Goes back to the menu that the open submenu lies in; behind a title's menu there is none, and
+// items are dropped until the next title.
 void MenuCloseSubmenu();
 
 // Frees a menu bar; AnyNumber frees all. Where it was on show, a bar with nothing but the

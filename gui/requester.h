@@ -5,7 +5,8 @@
 
 namespace rotavel {
 
-// Buttons and icon of a message. Without a button flag there is a single "OK".
+// Buttons and icon of a message. Without a button flag there is a single "OK", without an icon flag
+// the information icon.
 inline constexpr std::uint32_t MessageYesNo = 1;
 inline constexpr std::uint32_t MessageYesNoCancel = 2;
 inline constexpr std::uint32_t MessageInformation = 4;

@@ -20,9 +20,9 @@ namespace rotavel {
 
 namespace {
 
-constexpr int barHeight = 24;
-constexpr int fieldHeight = 20;
-constexpr int textIndent = 4;  // of a left or right text to its field's edge
+constexpr int BarHeight = 24;
+constexpr int FieldHeight = 20;
+constexpr int TextIndent = 4;  // of a left or right text to its field's edge
 
 // The bar's view; its record goes with it, also when the window takes it along.
 class QzStatusBarView final : public QWidget {
@@ -74,7 +74,7 @@ void QzStatusBarView::SetText(std::size_t index, const QString& text, std::uint3
     if (label == nullptr) {
         label = new QLabel(this);
         label->setTextFormat(Qt::PlainText);
-        label->setIndent(textIndent);
+        label->setIndent(TextIndent);
         if (DefaultGadgetFont() != AnyNumber) {
             label->setFont(FontForGadgets(DefaultGadgetFont()));
         }
@@ -91,7 +91,7 @@ void QzStatusBarView::SetText(std::size_t index, const QString& text, std::uint3
 
 void QzStatusBarView::AdjustSize() {
     const QSize content = window->ContentSize();
-    setGeometry(0, content.height() - barHeight, content.width(), barHeight);
+    setGeometry(0, content.height() - BarHeight, content.width(), BarHeight);
     std::int64_t fixedWidth = 0;
     std::int64_t flexible = 0;
     for (const Field& field : fields) {
@@ -104,8 +104,8 @@ void QzStatusBarView::AdjustSize() {
     for (const Field& field : fields) {
         const std::int64_t width = field.Width == IgnoreValue ? share : field.Width;
         if (field.Label != nullptr) {
-            field.Label->setGeometry(ToCoordinate(x), (barHeight - fieldHeight) / 2, ToSide(width),
-                                     fieldHeight);
+            field.Label->setGeometry(ToCoordinate(x), (BarHeight - FieldHeight) / 2, ToSide(width),
+                                     FieldHeight);
         }
         x += width;
     }
@@ -168,7 +168,7 @@ void StatusBarSetText(std::int64_t number, std::int64_t field, std::u16string_vi
 }
 
 std::int64_t StatusBarHeight(std::int64_t number) {
-    return registry.Find(number) == nullptr ? 0 : barHeight;
+    return registry.Find(number) == nullptr ? 0 : BarHeight;
 }
 
 void StatusBarDestroy(std::int64_t number) {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <limits>
 
-#include <QKeyEvent>
 #include <QLineEdit>
+#include <QSignalBlocker>
 
 #include "gui/event_queue.h"
 #include "gui/gadget.h"
@@ -13,6 +13,7 @@
 #include "gui/native/formatters.h"
 #include "gui/native/gadget_colours.h"
 #include "gui/native/gadget_view.h"
+#include "gui/native/undo_key.h"
 
 namespace rotavel {
 
@@ -24,6 +25,7 @@ class QzStringField : public QzGadgetView<QLineEdit>, public QzControl {
     explicit QzStringField(QWidget* container) : QzGadgetView(container) {
         // The toolkit's limit would cut the program's own texts; the formatter knows the real one.
         setMaxLength(std::numeric_limits<int>::max());
+        UndoKey::InstallOn(*this);
     }
 
     void SetFormatter(std::unique_ptr<QzMaximumLengthFormatter> newFormatter) {
@@ -33,6 +35,7 @@ class QzStringField : public QzGadgetView<QLineEdit>, public QzControl {
     QzMaximumLengthFormatter& Formatter() const { return *formatter; }
 
     void SetStringValue(const QString& value) override {
+        const QSignalBlocker silence(this);
         // Without its validator the toolkit neither judges nor replaces the text, and takes the
         // next edit for one of a valid text, which it undoes when the formatter refuses it.
         setValidator(nullptr);
@@ -43,25 +46,12 @@ class QzStringField : public QzGadgetView<QLineEdit>, public QzControl {
     }
     QString StringValue() const override { return text(); }
 
-    // Undo by key leaves the key to a menu item that has it as its shortcut.
-    bool event(QEvent* event) override {
-        const bool isKey =
-            event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
-        if (!isKey || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
-            return QzGadgetView::event(event);
-        }
-        if (event->type() == QEvent::ShortcutOverride) {
-            undo();
-            event->ignore();
-        }
-        return true;
-    }
-
     // Whether the user's edit stands. The toolkit does not judge what undo and redo bring back.
     bool EditStands() {
-        QString proposed = text();
-        if (!formatter->IsPartialStringValid(proposed)) {
+        if (!formatter->IsPartialStringValid(text())) {
+            const int cursor = cursorPosition();
             SetStringValue(judged);
+            setCursorPosition(cursor);
             return false;
         }
         judged = text();
@@ -90,11 +80,6 @@ class QzStringGadgetTextField final : public QzStringField, public FirstResponde
 
 class QzStringGadgetFunctions final : public QzGadgetFunctions {
   public:
-    void RememberDefaults() {
-        defaultBackgroundColor = View().palette().color(QPalette::Base);
-        defaultFrontColor = View().palette().color(QPalette::Text);
-    }
-
     // Pressing Return is no event.
     void EventHandler() override {}
 
@@ -111,7 +96,8 @@ class QzStringGadgetFunctions final : public QzGadgetFunctions {
     void SetGadgetAttribute(std::int64_t attribute, std::int64_t value) override {
         if (attribute == StringMaximumLength) {
             View().Formatter().SetMaximumLength(static_cast<std::int32_t>(
-                std::clamp<std::int64_t>(value, 0, std::numeric_limits<std::int32_t>::max())));
+                std::clamp<std::int64_t>(value, std::numeric_limits<std::int32_t>::min(),
+                                         std::numeric_limits<std::int32_t>::max())));
         }
     }
     std::int64_t GetGadgetAttribute(std::int64_t attribute) const override {
@@ -120,25 +106,22 @@ class QzStringGadgetFunctions final : public QzGadgetFunctions {
 
     void SetGadgetColor(std::int64_t type, std::int64_t colour) override {
         if (type == FrontColour) {
-            SetPaletteColour(View(), QPalette::Text,
-                             colour == NoColour ? defaultFrontColor : ToColour(colour));
+            colours.SetFront(View(), GivenColour(colour));
         } else if (type == BackColour) {
-            SetPaletteColour(View(), QPalette::Base,
-                             colour == NoColour ? defaultBackgroundColor : ToColour(colour));
+            colours.SetBack(View(), GivenColour(colour));
         }
     }
     std::int64_t GetGadgetColor(std::int64_t type) const override {
         if (type == FrontColour) {
-            return FromColour(View().palette().color(QPalette::Text));
+            return FromColour(colours.Front(View()));
         }
-        return type == BackColour ? FromColour(View().palette().color(QPalette::Base)) : 0;
+        return type == BackColour ? FromColour(colours.Back(View())) : 0;
     }
 
   private:
     QzStringField& View() const { return dynamic_cast<QzStringField&>(*Gadget->View); }
 
-    QColor defaultBackgroundColor;
-    QColor defaultFrontColor;
+    GadgetColours colours{QPalette::Text, QPalette::Base};
 };
 
 std::unique_ptr<QzMaximumLengthFormatter> FormatterFor(std::uint32_t flags) {
@@ -178,10 +161,12 @@ std::int64_t StringGadgetCreate(std::int64_t number, std::int64_t x, std::int64_
     QzStringGadgetFunctions* const functions = owned.get();
     const std::int64_t result =
         PlaceGadget(std::move(owned), number, StringKind, view, {x, y, width, height}, flags);
-    functions->RememberDefaults();
     functions->SetGadgetText(text);
-    QObject::connect(view, &QLineEdit::textEdited,
-                     [functions] { functions->ControlTextDidChange(); });
+    QObject::connect(view, &QLineEdit::textChanged, view, [view] {
+        if (auto* const present = FunctionsOf<QzStringGadgetFunctions>(*view)) {
+            present->ControlTextDidChange();
+        }
+    });
     return result;
 }
 

@@ -24,37 +24,26 @@ class Qz_NSTextField final : public QzGadgetView<QLabel>, public QzControl {
 
 class QzTextGadgetFunctions final : public QzGadgetFunctions {
   public:
-    void RememberDefaults() {
-        defaultBackgroundColor = View().palette().color(QPalette::Window);
-        defaultFrontColor = View().palette().color(QPalette::WindowText);
-    }
-
     void SetGadgetColor(std::int64_t type, std::int64_t colour) override {
+        const std::optional<QColor> given = GivenColour(colour);
         if (type == FrontColour) {
-            if (colour != NoColour) {
-                FrontColor = ToColour(colour);
-            }
-            SetPaletteColour(View(), QPalette::WindowText,
-                             colour == NoColour ? defaultFrontColor : *FrontColor);
+            FrontColor = given ? given : FrontColor;
+            colours.SetFront(View(), given);
         } else if (type == BackColour) {
-            View().setAutoFillBackground(colour != NoColour);
-            SetPaletteColour(View(), QPalette::Window,
-                             colour == NoColour ? defaultBackgroundColor : ToColour(colour));
+            View().setAutoFillBackground(given.has_value());
+            colours.SetBack(View(), given);
         }
     }
     std::int64_t GetGadgetColor(std::int64_t type) const override {
         if (type == FrontColour) {
-            return FromColour(View().palette().color(QPalette::WindowText));
+            return FromColour(colours.Front(View()));
         }
-        return type == BackColour ? FromColour(View().palette().color(QPalette::Window)) : 0;
+        return type == BackColour ? FromColour(colours.Back(View())) : 0;
     }
 
     void DisableGadget(int state) override {
-        const QPalette standard;
-        SetPaletteColour(View(), QPalette::WindowText,
-                         state != 0 ? standard.color(QPalette::Disabled, QPalette::WindowText)
-                                    : FrontColor.value_or(
-                                          standard.color(QPalette::Active, QPalette::WindowText)));
+        const QColor grey = QPalette().color(QPalette::Disabled, QPalette::WindowText);
+        colours.SetFront(View(), state != 0 ? std::optional(grey) : FrontColor);
     }
 
     void SetGadgetState(std::int64_t) override {}
@@ -63,9 +52,8 @@ class QzTextGadgetFunctions final : public QzGadgetFunctions {
   private:
     QLabel& View() const { return static_cast<Qz_NSTextField&>(*Gadget->View); }
 
-    std::optional<QColor> FrontColor;
-    QColor defaultBackgroundColor;
-    QColor defaultFrontColor;
+    std::optional<QColor> FrontColor;  // the one set last, which enabling brings back
+    GadgetColours colours{QPalette::WindowText, QPalette::Window};
 };
 
 Qt::Alignment AlignmentFor(std::uint32_t flags) {
@@ -92,7 +80,6 @@ std::int64_t TextGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t 
     const std::int64_t result =
         PlaceGadget(std::move(owned), number, TextKind, view, {x, y, width, height}, flags);
     functions->SetGadgetText(text);
-    functions->RememberDefaults();
     return result;
 }
 

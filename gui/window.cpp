@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <tuple>
 
 #include <QWindow>
@@ -74,7 +75,7 @@ NumberedObjects<WindowRecord>& WindowRegistry() {
     return registry;
 }
 
-bool PostShortcutOf(const QObject* nativeWindow, const QKeyEvent& event) {
+std::optional<ChosenShortcut> FindShortcut(const QObject* nativeWindow, const QKeyEvent& event) {
     for (auto next = registry.Next(0); next.second != nullptr;
          next = registry.Next(next.first + 1)) {
         const WindowRecord& record = *next.second;
@@ -85,12 +86,11 @@ bool PostShortcutOf(const QObject* nativeWindow, const QKeyEvent& event) {
         for (const WindowShortcut& shortcut : record.Shortcuts) {
             std::int64_t item = 0;
             if (shortcut.IsEventMatch(event, item)) {
-                QueueEvent(MenuChosen, item, next.first, 0);
-                return true;
+                return ChosenShortcut{next.first, item};
             }
         }
     }
-    return false;
+    return std::nullopt;
 }
 
 std::int64_t WindowNumberOf(const QWidget* widget) {
@@ -123,7 +123,7 @@ std::int64_t WindowCreate(std::int64_t number, std::int64_t x, std::int64_t y, s
     record->Delegate->Connect(window, id);
     record->PreviousKeyWindow = QzWindow::KeyWindow();
     window->ContentView()->WindowID = id;
-    window->setWindowTitle(ToQString(title).replace("[*]", "[*][*]"));  // "[*]" is the toolkit's
+    window->setWindowTitle(ToWindowTitle(title));
     if ((flags & WindowScreenCentred) == 0) {
         window->move(ToCoordinate(x), ToCoordinate(y));
     }

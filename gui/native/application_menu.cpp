@@ -55,10 +55,9 @@ void QzMenuDelegate::EventHandler(const QAction* item, std::int64_t window) cons
 }
 
 ApplicationMenu AddApplicationMenu(QMenuBar& bar) {
-    const QString name = ApplicationName();
-    QMenu& menu = *bar.addMenu(QString(name).replace('&', "&&"));
+    const QString title = ApplicationName().replace('&', "&&");
+    QMenu& menu = *bar.addMenu(title);
     QzMenuDelegate& delegate = QzMenuDelegate::Shared();
-    const QString title = QString(name).replace('&', "&&");
 
     QAction* const about =
         AddCommand(menu, "About " + title, {}, [&delegate] { delegate.About(); });
@@ -78,10 +77,6 @@ ApplicationMenu AddApplicationMenu(QMenuBar& bar) {
     about->setEnabled(false);
     preferences->setEnabled(false);
     return {about, preferences};
-}
-
-void EnableApplicationItem(QAction& item) {
-    item.setEnabled(true);
 }
 
 }  // namespace rotavel

@@ -7,13 +7,15 @@
 #include <QAbstractListModel>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QSignalBlocker>
+#include <QWheelEvent>
 
 #include "gui/combo_box_gadget.h"
 #include "gui/event_queue.h"
 #include "gui/native/case_folding.h"
 #include "gui/native/first_responder.h"
+#include "gui/native/formatters.h"
 #include "gui/native/gadget_view.h"
+#include "gui/native/undo_key.h"
 
 namespace rotavel {
 
@@ -77,10 +79,13 @@ class Qz_NSComboBox final : public QzGadgetView<QComboBox>,
         setEditable(true);
         setInsertPolicy(NoInsert);
         setCompleter(nullptr);
-        setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+        PrepareComboBox(*this);
         setModel(&source);
-        // On Return the toolkit would look the text up, asking for every row.
+        // At the end of editing the toolkit would look the text up, asking for every row.
         QObject::disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
+        QObject::disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+        lineEdit()->setValidator(&formatter);
+        UndoKey::InstallOn(*lineEdit());
     }
 
     DataSource& Source() { return source; }
@@ -91,11 +96,15 @@ class Qz_NSComboBox final : public QzGadgetView<QComboBox>,
     void BecomeFirstResponder() override { SendEventFor(Tag(), Focus); }
     void TextDidEndEditing() override { SendEventFor(Tag(), LostFocus); }
 
+  protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
   private:
     DataSource source;
+    QzMaximumLengthFormatter formatter;  // keeps what is typed and pasted on one line
 };
 
-// Keeps field, selection and events as they are while the list changes: the toolkit would select a
+// Keeps field and selection as they are while the list changes: the toolkit would select a
 // row by itself and take its text into the field.
 class ListChange {
   public:
@@ -103,15 +112,16 @@ class ListChange {
         : view(changed),
           text(changed.currentText()),
           row(changed.currentIndex()),
-          selectedIndex(changed.Source().SelectedIndex),
-          silence(&changed) {}
+          selectedIndex(changed.Source().SelectedIndex) {}
     ListChange(const ListChange&) = delete;
     ListChange& operator=(const ListChange&) = delete;
     ~ListChange() {
         if (row < 0) {
             view.setCurrentIndex(-1);
         }
-        view.setEditText(text);
+        if (view.currentText() != text) {
+            view.setEditText(text);
+        }
         view.Source().SelectedIndex = selectedIndex;
     }
 
@@ -122,7 +132,6 @@ class ListChange {
     QString text;
     int row;
     std::int32_t selectedIndex;
-    QSignalBlocker silence;
 };
 
 class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
@@ -151,7 +160,6 @@ class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
         if (state != -1 && !View().Source().IsItem(state)) {
             return;
         }
-        const QSignalBlocker silence(View());
         View().setCurrentIndex(static_cast<int>(state));
         View().setEditText(View().Source().ObjectValueForItemAtIndex(state));
         View().Source().SelectedIndex = static_cast<std::int32_t>(state);
@@ -159,7 +167,6 @@ class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
     std::int64_t GetGadgetState() const override { return View().Source().SelectedIndex; }
 
     void SetGadgetText(std::u16string_view text) override {
-        const QSignalBlocker silence(View());
         const QString folded = Folded(text);
         const auto& items = View().Source().Items;
         const auto found = std::find(items.begin(), items.end(), folded);
@@ -215,6 +222,11 @@ class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
 
 }  // namespace
 
+void PrepareComboBox(QComboBox& box) {
+    box.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box.setFocusPolicy(Qt::StrongFocus);
+}
+
 std::int64_t EditComboBoxGadgetCreate(std::int64_t number, const GadgetBounds& bounds,
                                       std::uint32_t flags) {
     QWidget* const container = ContainerForNewGadget(number);
@@ -222,13 +234,11 @@ std::int64_t EditComboBoxGadgetCreate(std::int64_t number, const GadgetBounds& b
         return 0;
     }
     auto* const view = new Qz_NSComboBox(container);
-    auto owned = std::make_unique<QzEditComboBoxGadgetFunctions>();
-    QzEditComboBoxGadgetFunctions* const functions = owned.get();
-    const std::int64_t result =
-        PlaceGadget(std::move(owned), number, ComboBoxKind, view, bounds, flags);
-    QObject::connect(view->lineEdit(), &QLineEdit::textEdited,
-                     [functions] { functions->EventHandler(); });
-    QObject::connect(view, &QComboBox::activated, [functions] { functions->EventHandler(); });
+    const std::int64_t result = PlaceGadget(std::make_unique<QzEditComboBoxGadgetFunctions>(),
+                                            number, ComboBoxKind, view, bounds, flags);
+    const auto changed = [view] { RunEventHandler(*view); };
+    QObject::connect(view->lineEdit(), &QLineEdit::textEdited, view, changed);
+    QObject::connect(view, &QComboBox::activated, view, changed);
     return result;
 }
 

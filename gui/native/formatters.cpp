@@ -4,23 +4,35 @@
 
 namespace rotavel {
 
-bool QzUpperCaseFormatter::IsPartialStringValid(QString& text) const {
-    if (!QzMaximumLengthFormatter::IsPartialStringValid(text)) {
-        return false;
-    }
-    text = text.toUpper();
-    return true;
+namespace {
+
+bool IsLineEnd(QChar unit) {
+    return unit == u'\n' || unit == u'\r' || unit == QChar::LineSeparator ||
+           unit == QChar::ParagraphSeparator;
 }
 
-bool QzLowerCaseFormatter::IsPartialStringValid(QString& text) const {
-    if (!QzMaximumLengthFormatter::IsPartialStringValid(text)) {
-        return false;
+QString OneLine(QString text) {
+    while (!text.isEmpty() && IsLineEnd(text.back())) {
+        text.chop(1);
     }
-    text = text.toLower();
-    return true;
+    std::replace_if(text.begin(), text.end(), IsLineEnd, QChar(u' '));
+    return text;
 }
 
-bool QzNumericFormatter::IsPartialStringValid(QString& text) const {
+}  // namespace
+
+QValidator::State QzMaximumLengthFormatter::validate(QString& text, int& cursor) const {
+    const QString proposed = OneLine(text);
+    if (!IsPartialStringValid(proposed)) {
+        return Invalid;
+    }
+    // A replacement may be longer or shorter than what it replaces.
+    cursor = static_cast<int>(Replacement(proposed.left(cursor)).size());
+    text = Replacement(proposed);
+    return Acceptable;
+}
+
+bool QzNumericFormatter::IsPartialStringValid(const QString& text) const {
     return QzMaximumLengthFormatter::IsPartialStringValid(text) &&
            std::all_of(text.begin(), text.end(),
                        [](QChar unit) { return unit >= u'0' && unit <= u'9'; });

@@ -8,19 +8,23 @@
 namespace rotavel {
 
 // The formatter of a string field judges every edit of the user's by the whole text that the field
-// would then hold, and may put another text in its place. This one limits the length.
+// would then hold, and may put another text in its place. This one limits the length. Line ends,
+// which a paste can bring along, are none of the formatters' business: a field has one line, so
+// they become blanks, and vanish at the text's end.
 class QzMaximumLengthFormatter : public QValidator {
   public:
     // In UTF-16 units.
     void SetMaximumLength(std::int32_t length) { maxLength = length; }
     std::int32_t MaximumLength() const { return maxLength; }
 
-    // Whether an edit may leave the field with `text`, which may be replaced.
-    virtual bool IsPartialStringValid(QString& text) const { return text.size() <= maxLength; }
-
-    State validate(QString& text, int&) const final {
-        return IsPartialStringValid(text) ? Acceptable : Invalid;
+    // Whether an edit may leave the field with `text`.
+    virtual bool IsPartialStringValid(const QString& text) const {
+        return text.size() <= maxLength;
     }
+    // What the field then shows.
+    virtual QString Replacement(const QString& text) const { return text; }
+
+    State validate(QString& text, int& cursor) const final;
 
   private:
     std::int32_t maxLength = std::numeric_limits<std::int32_t>::max();
@@ -28,18 +32,18 @@ class QzMaximumLengthFormatter : public QValidator {
 
 class QzUpperCaseFormatter final : public QzMaximumLengthFormatter {
   public:
-    bool IsPartialStringValid(QString& text) const override;
+    QString Replacement(const QString& text) const override { return text.toUpper(); }
 };
 
 class QzLowerCaseFormatter final : public QzMaximumLengthFormatter {
   public:
-    bool IsPartialStringValid(QString& text) const override;
+    QString Replacement(const QString& text) const override { return text.toLower(); }
 };
 
 // Digits only: no sign, point or blank.
 class QzNumericFormatter final : public QzMaximumLengthFormatter {
   public:
-    bool IsPartialStringValid(QString& text) const override;
+    bool IsPartialStringValid(const QString& text) const override;
 };
 
 }  // namespace rotavel

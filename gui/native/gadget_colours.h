@@ -1,9 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include <QColor>
-#include <QPalette>
+#include <QWidget>
 
 namespace rotavel {
 
@@ -22,12 +23,45 @@ inline std::int64_t FromColour(const QColor& colour) {
            static_cast<std::int64_t>(colour.alpha()) << 24;
 }
 
-// Gives one role of a view's palette a colour in every state.
-template <typename View>
-void SetPaletteColour(View& view, QPalette::ColorRole role, const QColor& colour) {
-    QPalette palette = view.palette();
-    palette.setColor(role, colour);
-    view.setPalette(palette);
+// The colours that the program has given a view; where it has given none the view's own hold, also
+// after the desktop's have changed.
+class GadgetColours {
+  public:
+    GadgetColours(QPalette::ColorRole front, QPalette::ColorRole back)
+        : frontRole(front), backRole(back) {}
+
+    void SetFront(QWidget& view, const std::optional<QColor>& colour) {
+        frontColour = colour;
+        Apply(view);
+    }
+    void SetBack(QWidget& view, const std::optional<QColor>& colour) {
+        backColour = colour;
+        Apply(view);
+    }
+    QColor Front(const QWidget& view) const { return view.palette().color(frontRole); }
+    QColor Back(const QWidget& view) const { return view.palette().color(backRole); }
+
+  private:
+    void Apply(QWidget& view) const {
+        QPalette palette;
+        if (frontColour) {
+            palette.setColor(frontRole, *frontColour);
+        }
+        if (backColour) {
+            palette.setColor(backRole, *backColour);
+        }
+        view.setPalette(palette);
+    }
+
+    QPalette::ColorRole frontRole;
+    QPalette::ColorRole backRole;
+    std::optional<QColor> frontColour;
+    std::optional<QColor> backColour;
+};
+
+// A colour given by the application, or nothing for "none".
+inline std::optional<QColor> GivenColour(std::int64_t rgba) {
+    return rgba < 0 ? std::nullopt : std::optional(ToColour(rgba));
 }
 
 }  // namespace rotavel

@@ -53,4 +53,18 @@ class QzGadgetView : public QzDropTarget<Base>, public QzTaggedView {
     std::int64_t DropWindow() const override { return AcceptingWindowOf(this); }
 };
 
+// The functions of the gadget that a view belongs to, or null when that is gone already.
+template <typename Functions>
+Functions* FunctionsOf(const QzTaggedView& view) {
+    const GadgetRecord* const record = GadgetRegistry().Find(view.Tag());
+    return record == nullptr ? nullptr : dynamic_cast<Functions*>(record->Functions.get());
+}
+
+// The control's action: runs the gadget's event handler.
+inline void RunEventHandler(const QzTaggedView& view) {
+    if (auto* const functions = FunctionsOf<QzGadgetFunctions>(view)) {
+        functions->EventHandler();
+    }
+}
+
 }  // namespace rotavel

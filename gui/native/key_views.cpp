@@ -1,39 +1,46 @@
 #include "gui/native/key_views.h"
 
-#include <algorithm>
 #include <iterator>
-#include <tuple>
-#include <vector>
+#include <map>
+#include <utility>
 
 #include <QWidget>
 
 namespace rotavel {
 
+namespace {
+
+// Places compare as the eye goes: line by line, each from left to right.
+std::pair<int, int> PlaceOf(const QWidget& view, const QWidget& content) {
+    const QPoint corner = view.mapTo(&content, QPoint());
+    return {corner.y(), corner.x()};
+}
+
+bool TakesKeys(const QWidget& view, const QWidget& content) {
+    return (view.focusPolicy() & Qt::TabFocus) != 0 && view.focusProxy() == nullptr &&
+           view.isVisibleTo(&content) && view.isEnabledTo(&content);
+}
+
+}  // namespace
+
 QWidget* NextKeyView(const QWidget& content, const QWidget* from, bool forward) {
-    std::vector<QWidget*> views;
+    std::map<std::pair<int, int>, QWidget*> views;
     for (QWidget* const view : content.findChildren<QWidget*>()) {
-        if ((view->focusPolicy() & Qt::TabFocus) != 0 && view->focusProxy() == nullptr &&
-            view->isVisibleTo(&content) && view->isEnabledTo(&content)) {
-            views.push_back(view);
+        if (view != from && TakesKeys(*view, content)) {
+            views.emplace(PlaceOf(*view, content), view);
         }
     }
     if (views.empty()) {
         return nullptr;
     }
-    std::stable_sort(views.begin(), views.end(), [&content](QWidget* left, QWidget* right) {
-        const QPoint a = left->mapTo(&content, QPoint());
-        const QPoint b = right->mapTo(&content, QPoint());
-        return std::tuple(a.y(), a.x()) < std::tuple(b.y(), b.x());
-    });
-    const auto current = std::find(views.begin(), views.end(), from);
-    if (current == views.end()) {
-        return forward ? views.front() : views.back();
+    if (from == nullptr || !content.isAncestorOf(from)) {
+        return forward ? views.begin()->second : std::prev(views.end())->second;
     }
+    auto next = views.upper_bound(PlaceOf(*from, content));
     if (forward) {
-        const auto next = std::next(current);
-        return next == views.end() ? views.front() : *next;
+        return next == views.end() ? views.begin()->second : next->second;
     }
-    return current == views.begin() ? views.back() : *std::prev(current);
+    return next == views.begin() ? std::prev(views.end())->second : std::prev(next)->second;
 }
 
 }  // namespace rotavel

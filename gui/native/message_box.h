@@ -2,7 +2,7 @@
 
 namespace rotavel {
 
-// Closes the open requester, if there is one, without an answer.
-void DismissMessageBox();
+// Closes every open requester without an answer.
+void DismissMessageBoxes();
 
 }  // namespace rotavel

@@ -14,6 +14,11 @@ inline QString ToQString(std::u16string_view text) {
                    static_cast<qsizetype>(text.size()));
 }
 
+// A text as a window's title; the toolkit has a meaning of its own for "[*]".
+inline QString ToWindowTitle(std::u16string_view text) {
+    return ToQString(text).replace("[*]", "[*][*]");
+}
+
 inline std::u16string FromQString(const QString& text) {
     return text.toStdU16String();
 }

@@ -12,6 +12,11 @@
 
 namespace rotavel {
 
+bool QzApplicationDelegate::ApplicationShouldTerminate() {
+    QueueEvent(MenuChosen, QuitItem, -1, 0);
+    return false;
+}
+
 QzApplication::QzApplication(int& argumentCount, char** arguments)
     : QApplication(argumentCount, arguments) {
     setQuitOnLastWindowClosed(false);
@@ -43,20 +48,36 @@ bool QzApplication::notify(QObject* receiver, QEvent* event) {
         if (IsFiltered(event)) {
             return true;
         }
-        if (event->type() == QEvent::KeyPress &&
-            PostShortcutOf(receiver, static_cast<QKeyEvent&>(*event))) {
+        if (TakesShortcut(receiver, event)) {
             return true;
         }
     }
     return QApplication::notify(receiver, event);
 }
 
+bool QzApplication::TakesShortcut(const QObject* nativeWindow, QEvent* event) {
+    // The toolkit asks whether a key is wanted before it looks for a menu item that has it.
+    const bool asks = event->type() == QEvent::ShortcutOverride;
+    if (!asks && event->type() != QEvent::KeyPress) {
+        return false;
+    }
+    const auto shortcut = FindShortcut(nativeWindow, static_cast<QKeyEvent&>(*event));
+    if (!shortcut) {
+        return false;
+    }
+    if (asks) {
+        event->accept();
+    } else {
+        QueueEvent(MenuChosen, shortcut->Item, shortcut->Window, 0);
+    }
+    return true;
+}
+
 bool QzApplication::event(QEvent* event) {
     if (event->type() != QEvent::Quit) {
         return QApplication::event(event);
     }
-    QueueEvent(MenuChosen, QuitItem, -1, 0);
-    event->ignore();
+    event->setAccepted(QzApplicationDelegate::ApplicationShouldTerminate());
     return true;
 }
 

@@ -9,8 +9,15 @@
 
 namespace rotavel {
 
-// The toolkit's application object: sees every native event before it is delivered, follows the
-// keyboard focus, and turns a quit request from the session into an event instead of obeying it.
+// Answers the system's requests to the program.
+class QzApplicationDelegate {
+  public:
+    // A quit request from the session becomes an event: the program ends by its own decision only.
+    static bool ApplicationShouldTerminate();
+};
+
+// The toolkit's application object: sees every native event before it is delivered, and follows
+// the keyboard focus.
 class QzApplication final : public QApplication {
   public:
     QzApplication(int& argumentCount, char** arguments);
@@ -30,6 +37,8 @@ class QzApplication final : public QApplication {
 
   private:
     bool IsFiltered(QEvent* event) const;
+    // Whether a key event is a shortcut of the window it goes to.
+    static bool TakesShortcut(const QObject* nativeWindow, QEvent* event);
 
     std::vector<std::pair<NativeEventFilter, void*>> filters;
     bool nativeEventSeen = false;

@@ -4,7 +4,7 @@
 
 namespace rotavel {
 
-// The desktop's own style with the two things changed that this program's windows need.
+// The desktop's own style with the one thing changed that this program's windows need.
 class QzStyle final : public QProxyStyle {
   public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

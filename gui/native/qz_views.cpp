@@ -10,7 +10,7 @@ namespace rotavel {
 namespace {
 
 // Larger than any content area it has to cover.
-constexpr int disabledViewSide = 4096;
+constexpr int DisabledViewSide = 4096;
 
 }  // namespace
 
@@ -42,7 +42,7 @@ QzDisabledView::QzDisabledView(QWidget* contentView, Qt::WindowFlags windowFlags
       CloseButtonEnabled((windowFlags & Qt::WindowCloseButtonHint) != 0),
       MinimizeButtonEnabled((windowFlags & Qt::WindowMinimizeButtonHint) != 0),
       MaximizeButtonEnabled((windowFlags & Qt::WindowMaximizeButtonHint) != 0) {
-    setGeometry(0, 0, disabledViewSide, disabledViewSide);
+    setGeometry(0, 0, DisabledViewSide, DisabledViewSide);
     setContextMenuPolicy(Qt::PreventContextMenu);
 }
 

@@ -22,7 +22,7 @@ namespace rotavel {
 namespace {
 
 // How long a window manager may take to frame a window before its frame is taken as it is.
-constexpr int framingPatienceMs = 1000;
+constexpr int FramingPatienceMs = 1000;
 
 const QEvent::Type reportGeometryEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
 
@@ -66,7 +66,6 @@ void QzWindow::SetMenuBar(QMenuBar* bar) {
     const QSize content = ContentSize();
     if (menuBar != nullptr) {
         menuBar->hide();
-        menuBar->setParent(nullptr);
     }
     menuBar = bar;
     if (menuBar != nullptr) {
@@ -210,7 +209,7 @@ void QzWindow::EnsureFramed() {
     }
     // The window manager frames a window at its own pace; the true frame is known once the window
     // is on the screen.
-    const QDeadlineTimer patience(framingPatienceMs);
+    const QDeadlineTimer patience(FramingPatienceMs);
     while (!windowHandle()->isExposed() && !isMinimized() && !patience.hasExpired()) {
         ProcessNativeEvents(patience, NativeInput::Postpone);
     }

@@ -33,7 +33,8 @@ class QzWindow final : public QWidget {
     QzWindowEvents* Delegate() const { return delegate; }
     QzFlippedWindowView* ContentView() const { return contentView; }
     QMenuBar* MenuBar() const { return menuBar; }
-    // Puts a menu bar, or none, above the content, which keeps its size. The window owns it.
+    // Puts a menu bar, or none, above the content, which keeps its size. The bar before stays a
+    // hidden child of the window.
     void SetMenuBar(QMenuBar* bar);
 
     QzWindow* ParentWindow() const { return parentWindow; }

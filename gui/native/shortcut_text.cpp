@@ -7,13 +7,13 @@ namespace rotavel {
 namespace {
 
 #ifdef Q_OS_MACOS
-constexpr Qt::KeyboardModifier controlModifier = Qt::MetaModifier;
+constexpr Qt::KeyboardModifier ControlModifier = Qt::MetaModifier;
 #else
-constexpr Qt::KeyboardModifier controlModifier = Qt::ControlModifier;
+constexpr Qt::KeyboardModifier ControlModifier = Qt::ControlModifier;
 #endif
-constexpr Qt::KeyboardModifier commandModifier = Qt::ControlModifier;  // Command on macOS
+constexpr Qt::KeyboardModifier CommandModifier = Qt::ControlModifier;  // Command on macOS
 
-constexpr int lastFunctionKey = 12;
+constexpr int LastFunctionKey = 12;
 
 // The key of F1 to F12, 0 for any other token.
 int FunctionKey(const QString& token) {
@@ -22,7 +22,7 @@ int FunctionKey(const QString& token) {
     }
     bool isNumber = false;
     const int number = token.mid(1).toInt(&isNumber);
-    const bool isKey = isNumber && number >= 1 && number <= lastFunctionKey &&
+    const bool isKey = isNumber && number >= 1 && number <= LastFunctionKey &&
                        token == "F" + QString::number(number);
     return isKey ? Qt::Key_F1 + number - 1 : 0;
 }
@@ -34,13 +34,13 @@ QKeySequence ParseShortcut(const QString& text) {
     int key = 0;
     for (const QString& token : text.toUpper().split('+')) {
         if (token == "CMD") {
-            modifiers |= commandModifier;
+            modifiers |= CommandModifier;
         } else if (token == "SHIFT") {
             modifiers |= Qt::ShiftModifier;
         } else if (token == "ALT") {
             modifiers |= Qt::AltModifier;
         } else if (token == "CTRL") {
-            modifiers |= controlModifier;
+            modifiers |= ControlModifier;
         } else if (const int functionKey = FunctionKey(token)) {
             key = functionKey;
         } else {

@@ -16,7 +16,7 @@ namespace rotavel {
 
 namespace {
 
-constexpr std::array<int, 3> terminationSignals = {SIGINT, SIGTERM, SIGHUP};
+constexpr std::array<int, 3> TerminationSignals = {SIGINT, SIGTERM, SIGHUP};
 
 // A handler may do little more than write, so the signal travels through a pipe to the event loop.
 std::array<int, 2> signalPipe = {-1, -1};
@@ -34,7 +34,7 @@ void SetHandlers(void (*handler)(int)) {
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
     sigemptyset(&action.sa_mask);
-    for (const int signal : terminationSignals) {
+    for (const int signal : TerminationSignals) {
         struct sigaction before = {};
         sigaction(signal, nullptr, &before);
         // A signal that was ignored from the start (nohup) stays ignored.
@@ -47,8 +47,12 @@ void SetHandlers(void (*handler)(int)) {
 }  // namespace
 
 void CatchTerminationSignals() {
-    if (pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+    if (pipe(signalPipe.data()) != 0) {
         return;
+    }
+    for (const int end : signalPipe) {
+        fcntl(end, F_SETFD, FD_CLOEXEC);
+        fcntl(end, F_SETFL, O_NONBLOCK);
     }
     notifier = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
     QObject::connect(notifier.get(), &QSocketNotifier::activated, [] {
@@ -56,7 +60,7 @@ void CatchTerminationSignals() {
         while (read(signalPipe[0], bytes.data(), bytes.size()) > 0) {
         }
         PostProgramEvent(CloseRequested, 0, 0);
-        DismissMessageBox();
+        DismissMessageBoxes();
     });
     SetHandlers(OnSignal);
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <QKeyEvent>
@@ -48,9 +49,13 @@ struct WindowRecord {
 // The open windows, by number.
 NumberedObjects<WindowRecord>& WindowRegistry();
 
-// Posts the menu item that a key event chooses by a shortcut of the native window it goes to.
-// Whether there is one.
-bool PostShortcutOf(const QObject* nativeWindow, const QKeyEvent& event);
+// The window and menu item of a shortcut that a key event is, of the window that lies in this
+// native window. Nothing when there is none or the window is disabled.
+struct ChosenShortcut {
+    std::int64_t Window;
+    std::int64_t Item;
+};
+std::optional<ChosenShortcut> FindShortcut(const QObject* nativeWindow, const QKeyEvent& event);
 
 // The number of the window that a widget lies in; -1 when that is none of the open ones.
 std::int64_t WindowNumberOf(const QWidget* widget);
