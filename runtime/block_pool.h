@@ -62,12 +62,12 @@ class BlockPool {
         Block* Blocks() { return reinterpret_cast<Block*>(this + 1); }
     };
 
-    static constexpr std::size_t firstCapacity = 64;
-    static constexpr std::size_t largestCapacity = 65536;
+    static constexpr std::size_t FirstCapacity = 64;
+    static constexpr std::size_t LargestCapacity = 65536;
 
     // Chunks double, so that a few records cost little and a million cost few allocations.
     bool Grow() {
-        const std::size_t blocks = std::clamp(capacity * 2, firstCapacity, largestCapacity);
+        const std::size_t blocks = std::clamp(capacity * 2, FirstCapacity, LargestCapacity);
         auto* const chunk =
             static_cast<Chunk*>(std::malloc(sizeof(Chunk) + blocks * sizeof(Block)));
         if (chunk == nullptr) {

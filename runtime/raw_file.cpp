@@ -53,10 +53,10 @@ void RawFile::Close() {
     }
 }
 
-std::uint64_t RawFile::Size() const {
+std::optional<std::uint64_t> RawFile::Size() const {
     struct stat status = {};
     if (fstat(descriptor, &status) != 0) {
-        return 0;
+        return std::nullopt;
     }
     return static_cast<std::uint64_t>(status.st_size);
 }
@@ -85,16 +85,20 @@ bool RawFile::Reserve(std::size_t size) {
     if (size == 0) {
         return true;
     }
-    const std::uint64_t oldSize = Size();
+    const std::optional<std::uint64_t> oldSize = Size();
+    if (!oldSize) {
+        return false;
+    }
     int error = EINTR;
     while (error == EINTR) {
         error = posix_fallocate(descriptor, 0, static_cast<off_t>(size));
     }
-    if (error == 0) {
+    // A file system that cannot reserve is no reason not to write.
+    if (error != ENOSPC && error != EDQUOT && error != EFBIG) {
         return true;
     }
     // A reservation that ran out half-way has already lengthened the file.
-    Truncate(oldSize);
+    Truncate(*oldSize);
     return false;
 }
 

@@ -27,15 +27,15 @@ class RawFile {
 
     bool IsOpen() const { return descriptor >= 0; }
 
-    // The file's size in bytes, 0 when it cannot be told.
-    std::uint64_t Size() const;
+    // The file's size in bytes, or nothing when it cannot be told.
+    std::optional<std::uint64_t> Size() const;
 
     // Reads up to `size` bytes from the start of the file. Returns how many it read, fewer only at
     // the end of the file; nothing when reading failed.
     std::optional<std::size_t> Read(char* block, std::size_t size) const;
 
-    // Makes `content` the whole content of the file. The space is reserved first, so that a full
-    // disk gives false and leaves the old content as it was.
+    // Makes `content` the whole content of the file. The space is reserved first, where the file
+    // system can do that, so that a full disk gives false and leaves the old content as it was.
     bool Replace(std::string_view content);
 
   private:

@@ -18,7 +18,7 @@ namespace rotavel {
 
 namespace {
 
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
 
 struct SettingsStore {
     RawFile File;
@@ -47,21 +47,20 @@ bool ParseBlock(std::unique_ptr<char[]> block, std::size_t start, std::size_t le
 
 // Reads and parses the open file. False when that could not be done to the end.
 bool Load() {
-    const std::uint64_t fileSize = store.File.Size();
-    if (fileSize > LargestSettingsText) {
+    const std::optional<std::uint64_t> fileSize = store.File.Size();
+    if (!fileSize || *fileSize > LargestSettingsText) {
         return false;
     }
-    const auto size = static_cast<std::size_t>(fileSize);
+    const auto size = static_cast<std::size_t>(*fileSize);
     std::unique_ptr<char[]> block(new (std::nothrow) char[size + SettingsTextPadding]);
     const auto got = block == nullptr ? std::nullopt : store.File.Read(block.get(), size);
     if (!got) {
         return false;
     }
     const std::string_view content(block.get(), *got);
-    if (content.starts_with(ByteOrderMark)) {
+    if (content.starts_with(Utf8Mark)) {
         store.Encoding = SettingsEncoding::Utf8;
-        return ParseBlock(std::move(block), ByteOrderMark.size(),
-                          content.size() - ByteOrderMark.size());
+        return ParseBlock(std::move(block), Utf8Mark.size(), content.size() - Utf8Mark.size());
     }
     if (content.empty()) {
         return true;
@@ -146,15 +145,6 @@ bool WriteValue(std::string_view key, std::string_view value) {
     return true;
 }
 
-// Program text of a piece of the file, which may be too large for the memory left.
-std::u16string PieceToText(std::string_view piece) {
-    try {
-        return ToUtf16(piece);
-    } catch (const std::bad_alloc&) {
-        return {};
-    }
-}
-
 }  // namespace
 
 bool SettingsOpen(std::u16string_view path, std::uint32_t flags) {
@@ -169,10 +159,8 @@ bool SettingsOpen(std::u16string_view path, std::uint32_t flags) {
         store.CreationPath = filename;
         return false;
     }
-    if (!Load()) {
-        store.ReadOnly = true;  // a part must not replace the whole
-        return false;
-    }
+    // What could not be read whole must not be replaced by its part.
+    store.ReadOnly = !Load() || store.ReadOnly;
     return true;
 }
 
@@ -253,7 +241,7 @@ std::u16string SettingsGroupName() {
     if (store.CurrentGroup == nullptr) {
         return {};
     }
-    return PieceToText(store.CurrentGroup->ValueText());
+    return ToUtf16(store.CurrentGroup->ValueText());
 }
 
 std::u16string SettingsReadString(std::u16string_view key, std::u16string_view defaultText) {
@@ -263,7 +251,7 @@ std::u16string SettingsReadString(std::u16string_view key, std::u16string_view d
     }
     std::string_view value = entry->ValueText();
     value.remove_prefix(std::min(value.find_first_not_of(" \t"), value.size()));
-    return PieceToText(value);
+    return ToUtf16(value);
 }
 
 std::int64_t SettingsReadInteger(std::u16string_view key, std::int64_t defaultValue) {

@@ -68,7 +68,7 @@ char* ParseKey(char* position, char* end, SettingsEntries& entries) {
     char* const value = SkipBlanks(std::min(separator + 1, end), end);
     if (separator == lineEnd) {
         // Without "=" the first character of the line end stands in for it, which makes the line
-        // after a lone LF the value.
+        // after a lone LF or CR the value.
         lineEnd = FindLineEnd(value, end);
     }
     *keyEnd = '\0';
@@ -142,7 +142,8 @@ bool ParseSettingsText(char* text, std::size_t length, SettingsEntries& entries)
                 return false;
             }
         }
-        // The piece that ended here has put a zero byte over the first character of the line end.
+        // The piece that ended here may have put a zero byte over the first character of the line
+        // end.
         position = SkipLineEnds(std::min(position + 1, end), end);
     }
     return true;
