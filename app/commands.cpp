@@ -19,7 +19,7 @@ namespace rotavel {
 
 namespace {
 
-constexpr std::int32_t ratioDecimals = 4;
+constexpr std::int32_t RatioDecimals = 4;
 
 bool IsOfGear(std::int64_t gadget, std::int64_t firstGearGadget) {
     return gadget >= firstGearGadget &&
@@ -52,11 +52,11 @@ void WidthChanged() {
     DisableGadget(PercentHeightField, inches ? 1 : 0);
 }
 
-// Writes driven / driving teeth into a ratio field; no driving teeth give an infinite ratio.
+// Writes driven / driving teeth into a ratio field. A division by zero is shown as what it is.
 void UpdateRatio(std::int64_t drivingField, std::int64_t drivenField, std::int64_t ratioField) {
     const auto driving = static_cast<double>(TextToInteger(GetGadgetText(drivingField)));
     const auto driven = static_cast<double>(TextToInteger(GetGadgetText(drivenField)));
-    SetGadgetText(ratioField, NumberToText(driven / driving, ratioDecimals));
+    SetGadgetText(ratioField, NumberToText(driven / driving, RatioDecimals));
 }
 
 void FieldChanged(std::int64_t gadget) {

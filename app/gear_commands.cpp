@@ -32,8 +32,9 @@ SpeedUnit UnitOnShow() {
 }
 
 GearMask ReadGearInputs(GearInputs& target) {
-    const GearReading reading = ReadGearTexts(TextsOnShow(), target);
-    if (reading.InchWidth) {
+    const GearTexts texts = TextsOnShow();
+    const GearReading reading = ReadGearTexts(texts, target);
+    if (reading.InchWidth && !texts.Width.empty()) {
         SetGadgetText(TyreWidthField, *reading.InchWidth);
         DisableGadget(PercentHeightField, 1);
     }

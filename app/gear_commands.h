@@ -7,10 +7,10 @@
 namespace rotavel {
 
 // The commands that calculate: each reads the main window's fields afresh and writes its results
-// back into them. With fields that give nothing to calculate with they change nothing.
+// back into them. With fields that give nothing to calculate with they change no result.
 
-// Fills `target` from the window. Writes an inch width back as it is looked up ("3,5" as "3.50")
-// and disables the percent field for it.
+// Fills `target` from the window. Writes an inch width, unless the field is empty, back as it is
+// looked up ("3,5" as "3.50") and disables the percent field for it.
 GearMask ReadGearInputs(GearInputs& target);
 
 // The unit that the speed-unit box shows.

@@ -17,11 +17,11 @@ namespace rotavel {
 
 namespace {
 
-constexpr std::int64_t windowWidth = 450;
-constexpr std::int64_t windowHeight = 500;
-constexpr std::int64_t rowHeight = 20;
-constexpr std::int64_t gearRowTop = 100;
-constexpr std::int64_t gearRowStep = 30;
+constexpr std::int64_t WindowWidth = 450;
+constexpr std::int64_t WindowHeight = 500;
+constexpr std::int64_t RowHeight = 20;
+constexpr std::int64_t GearRowTop = 100;
+constexpr std::int64_t GearRowStep = 30;
 
 enum class Kind { Label, Entry, Choice, Button };
 
@@ -35,7 +35,7 @@ struct GadgetRow {
     std::uint32_t Flags;
 };
 
-constexpr std::array topRows = {
+constexpr std::array TopRows = {
     GadgetRow{0, Kind::Label, 10, 10, 80, u"Rear wheel", TextRight},
     GadgetRow{TyreWidthField, Kind::Entry, 100, 10, 50, u"", 0},
     GadgetRow{2, Kind::Label, 160, 10, 10, u"/", 0},
@@ -53,20 +53,20 @@ constexpr std::array topRows = {
     GadgetRow{SpeedUnitBox, Kind::Choice, 260, 75, 50, u"", 0},
 };
 
-// The row of first gear; each further gear's stands gearRowStep lower, its numbers one higher.
-constexpr std::array gearRow = {
-    GadgetRow{12, Kind::Label, 10, gearRowTop, 80, u"", TextRight},
-    GadgetRow{GearDrivingField, Kind::Entry, 100, gearRowTop, 40, u"", StringNumeric},
-    GadgetRow{GearDrivenField, Kind::Entry, 150, gearRowTop, 40, u"", StringNumeric},
-    GadgetRow{GearRatioField, Kind::Entry, 200, gearRowTop, 50, u"", 0},
-    GadgetRow{GearSpeedField, Kind::Entry, 260, gearRowTop, 50, NoSpeedText, 0},
-    GadgetRow{CalcRpmButton, Kind::Button, 320, gearRowTop, 70, u"Calc rpm", 0},
+// The row of first gear; each further gear's stands GearRowStep lower, its numbers one higher.
+constexpr std::array GearRow = {
+    GadgetRow{12, Kind::Label, 10, GearRowTop, 80, u"", TextRight},
+    GadgetRow{GearDrivingField, Kind::Entry, 100, GearRowTop, 40, u"", StringNumeric},
+    GadgetRow{GearDrivenField, Kind::Entry, 150, GearRowTop, 40, u"", StringNumeric},
+    GadgetRow{GearRatioField, Kind::Entry, 200, GearRowTop, 50, u"", 0},
+    GadgetRow{GearSpeedField, Kind::Entry, 260, GearRowTop, 50, NoSpeedText, 0},
+    GadgetRow{CalcRpmButton, Kind::Button, 320, GearRowTop, 70, u"Calc rpm", 0},
 };
 
-constexpr std::array<std::u16string_view, GearCount> gearNames = {u"1st", u"2nd", u"3rd",
+constexpr std::array<std::u16string_view, GearCount> GearNames = {u"1st", u"2nd", u"3rd",
                                                                   u"4th", u"5th", u"6th"};
 
-constexpr std::array bottomRows = {
+constexpr std::array BottomRows = {
     GadgetRow{52, Kind::Label, 10, 290, 80, u"Final drive", TextRight},
     GadgetRow{FinalDrivingField, Kind::Entry, 100, 290, 40, u"", StringNumeric},
     GadgetRow{FinalDrivenField, Kind::Entry, 150, 290, 40, u"", StringNumeric},
@@ -80,46 +80,46 @@ constexpr std::array bottomRows = {
     GadgetRow{GraphicButton, Kind::Button, 100, 420, 140, u"Graphic", 0},
 };
 
-constexpr std::array<std::u16string_view, 2> speedUnits = {u"km/h", u"mph"};
+constexpr std::array<std::u16string_view, 2> SpeedUnits = {u"km/h", u"mph"};
 
 void CreateGadget(const GadgetRow& row) {
     switch (row.GadgetKind) {
         case Kind::Label:
-            TextGadgetCreate(row.Number, row.X, row.Y, row.Width, rowHeight, row.Text, row.Flags);
+            TextGadgetCreate(row.Number, row.X, row.Y, row.Width, RowHeight, row.Text, row.Flags);
             break;
         case Kind::Entry:
-            StringGadgetCreate(row.Number, row.X, row.Y, row.Width, rowHeight, row.Text, row.Flags);
+            StringGadgetCreate(row.Number, row.X, row.Y, row.Width, RowHeight, row.Text, row.Flags);
             break;
         case Kind::Choice:
-            ComboBoxGadgetCreate(row.Number, row.X, row.Y, row.Width, rowHeight, row.Flags);
+            ComboBoxGadgetCreate(row.Number, row.X, row.Y, row.Width, RowHeight, row.Flags);
             break;
         case Kind::Button:
-            ButtonGadgetCreate(row.Number, row.X, row.Y, row.Width, rowHeight, row.Text, row.Flags);
+            ButtonGadgetCreate(row.Number, row.X, row.Y, row.Width, RowHeight, row.Text, row.Flags);
             break;
     }
 }
 
 void CreateGearRow(std::size_t gear) {
     const auto offset = static_cast<std::int64_t>(gear);
-    for (GadgetRow row : gearRow) {
+    for (GadgetRow row : GearRow) {
         row.Number += offset;
-        row.Y += offset * gearRowStep;
-        row.Text = row.GadgetKind == Kind::Label ? gearNames[gear] : row.Text;
+        row.Y += offset * GearRowStep;
+        row.Text = row.GadgetKind == Kind::Label ? GearNames[gear] : row.Text;
         CreateGadget(row);
     }
 }
 
 void CreateGadgets() {
-    for (const GadgetRow& row : topRows) {
+    for (const GadgetRow& row : TopRows) {
         CreateGadget(row);
     }
-    for (const std::u16string_view unit : speedUnits) {
+    for (const std::u16string_view unit : SpeedUnits) {
         AddGadgetItem(SpeedUnitBox, -1, unit);
     }
     for (std::size_t gear = 0; gear < GearCount; ++gear) {
         CreateGearRow(gear);
     }
-    for (const GadgetRow& row : bottomRows) {
+    for (const GadgetRow& row : BottomRows) {
         CreateGadget(row);
     }
 }
@@ -152,7 +152,7 @@ void CreateMenu(std::vector<MakerRecord>& makers) {
 
 void OpenMainWindow(std::vector<MakerRecord>& makers) {
     const std::u16string title = std::u16string(ProgramTitle) + u" " + CopyrightText;
-    WindowCreate(MainWindow, 0, 0, windowWidth, windowHeight, title,
+    WindowCreate(MainWindow, 0, 0, WindowWidth, WindowHeight, title,
                  WindowMinimizeBox | WindowScreenCentred);
     CreateMenu(makers);
     CreateGadgets();

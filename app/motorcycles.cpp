@@ -5,18 +5,13 @@
 #include <map>
 #include <string_view>
 
+#include "app/settings_keys.h"
 #include "settings/settings_store.h"
 #include "text/text.h"
 
 namespace rotavel {
 
 namespace {
-
-constexpr std::u16string_view SettingsGroup = u"Settings";
-
-constexpr std::array<std::u16string_view, 6> GearKeys = {
-    u"Gear1Ratio", u"Gear2Ratio", u"Gear3Ratio", u"Gear4Ratio", u"Gear5Ratio", u"Gear6Ratio",
-};
 
 struct GroupTitle {
     std::u16string_view Maker;

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "app/gear_calculation.h"
+
 namespace rotavel {
 
 // One motorcycle of the settings file. Never changed after start-up but for its menu item number.
@@ -13,8 +15,8 @@ struct MotorcycleRecord {
     std::u16string Model;  // "Breva 750"
     double PrimaryRatio = 0.0;
     double FinalDriveRatio = 0.0;
-    std::array<double, 6> GearRatio{};  // first gear to sixth, 0: no such gear
-    double RearWheelWidth = 0.0;        // millimetres (180), or inches for an inch size (3.25)
+    std::array<double, GearCount> GearRatio{};  // first gear to sixth, 0: no such gear
+    double RearWheelWidth = 0.0;  // millimetres (180), or inches for an inch size (3.25)
     std::int64_t RearWheelPercentHeight = 0;  // percent of the width, 0 for an inch size
     std::int64_t RearWheelDiameter = 0;       // of the rim, inches
     std::int64_t MaxRPM = 0;                  // revolutions per minute

@@ -24,19 +24,19 @@ namespace rotavel {
 
 namespace {
 
-constexpr std::int64_t chartWindow = 1;
-constexpr std::int64_t magnifierWindow = 2;
-constexpr std::int64_t chartStatusBar = 1;
-constexpr std::int64_t headingField = 0;
-constexpr std::int64_t readOutField = 1;
-constexpr std::int64_t canvas = 63;
-constexpr std::int64_t magnifierImage = 64;
+constexpr std::int64_t ChartWindow = 1;
+constexpr std::int64_t MagnifierWindow = 2;
+constexpr std::int64_t ChartStatusBar = 1;
+constexpr std::int64_t HeadingField = 0;
+constexpr std::int64_t ReadOutField = 1;
+constexpr std::int64_t Canvas = 63;
+constexpr std::int64_t MagnifierImage = 64;
 
-constexpr std::int64_t canvasMargin = 10;  // of the canvas to the window's edges
-constexpr std::int64_t statusBarMargin = 5;
-constexpr std::int64_t magnifierSide = 100;
-constexpr std::int64_t magnifiedSide = 20;
-constexpr Colour crossHairColour = 0;
+constexpr std::int64_t CanvasMargin = 10;  // of the canvas to the window's edges
+constexpr std::int64_t StatusBarMargin = 5;
+constexpr std::int64_t MagnifierSide = 100;
+constexpr std::int64_t MagnifiedSide = 20;
+constexpr Colour CrossHairColour = 0;
 
 // Both are kept for the whole run: what one chart leaves behind, the next one finds.
 GearInputs keptInputs;
@@ -51,20 +51,20 @@ bool OpenChartWindow(const PlotSize& plot, std::u16string_view heading) {
     const std::int64_t width = plot.Width + PlotSize::ImageMarginX;
     const std::int64_t height = plot.Height + PlotSize::ImageMarginY;
     const std::u16string title = std::u16string(ProgramTitle) + u" Graphic";
-    if (WindowCreate(chartWindow, 0, 0, width + 2 * canvasMargin, height + 2 * canvasMargin, title,
+    if (WindowCreate(ChartWindow, 0, 0, width + 2 * CanvasMargin, height + 2 * CanvasMargin, title,
                      WindowOwnerCentred | WindowCloseBox, WindowNativeHandle(MainWindow)) == 0) {
         return false;
     }
     WindowDisable(MainWindow, 1);
-    CanvasGadgetCreate(canvas, canvasMargin, canvasMargin, width, height);
-    SetGadgetAttribute(canvas, CanvasCursor, CursorCrossHair);
+    CanvasGadgetCreate(Canvas, CanvasMargin, CanvasMargin, width, height);
+    SetGadgetAttribute(Canvas, CanvasCursor, CursorCrossHair);
     const std::int64_t headingWidth = WindowGetWidth(MainWindow);
-    StatusBarCreate(chartStatusBar, WindowNativeHandle(chartWindow));
+    StatusBarCreate(ChartStatusBar, WindowNativeHandle(ChartWindow));
     StatusBarAddField(headingWidth);
-    StatusBarAddField(WindowGetWidth(chartWindow) - headingWidth - statusBarMargin);
-    StatusBarSetText(chartStatusBar, headingField, heading, StatusCentred);
-    WindowSetBounds(chartWindow, IgnoreValue, IgnoreValue, IgnoreValue,
-                    WindowGetHeight(chartWindow) + StatusBarHeight(chartStatusBar));
+    StatusBarAddField(WindowGetWidth(ChartWindow) - headingWidth - StatusBarMargin);
+    StatusBarSetText(ChartStatusBar, HeadingField, heading, StatusCentred);
+    WindowSetBounds(ChartWindow, IgnoreValue, IgnoreValue, IgnoreValue,
+                    WindowGetHeight(ChartWindow) + StatusBarHeight(ChartStatusBar));
     return true;
 }
 
@@ -78,7 +78,7 @@ std::int64_t MakePlotImage(const GearInputs& inputs, const PlotSize& plot, std::
     }
     DrawPlot(inputs, maxRpm, topSpeed, UnitOnShow());
     VectorEnd();
-    if (RasterBegin(CanvasRasterTarget(canvas))) {
+    if (RasterBegin(CanvasRasterTarget(Canvas))) {
         RasterDrawImage(ImageHandle(image), 0, 0);
         RasterEnd();
     }
@@ -86,25 +86,25 @@ std::int64_t MakePlotImage(const GearInputs& inputs, const PlotSize& plot, std::
 }
 
 std::int64_t MagnifierLeft() {
-    return WindowGetX(chartWindow, OuterFrame) + WindowGetWidth(chartWindow, OuterFrame);
+    return WindowGetX(ChartWindow, OuterFrame) + WindowGetWidth(ChartWindow, OuterFrame);
 }
 
 void OpenMagnifier() {
-    if (WindowCreate(magnifierWindow, MagnifierLeft(), WindowGetY(chartWindow, OuterFrame),
-                     magnifierSide, magnifierSide, u"", WindowHidden | WindowBorderless,
-                     WindowNativeHandle(chartWindow)) != 0) {
-        ImageGadgetCreate(magnifierImage, 0, 0, magnifierSide, magnifierSide);
+    if (WindowCreate(MagnifierWindow, MagnifierLeft(), WindowGetY(ChartWindow, OuterFrame),
+                     MagnifierSide, MagnifierSide, u"", WindowHidden | WindowBorderless,
+                     WindowNativeHandle(ChartWindow)) != 0) {
+        ImageGadgetCreate(MagnifierImage, 0, 0, MagnifierSide, MagnifierSide);
     }
 }
 
 void ClearReadOut() {
-    StatusBarSetText(chartStatusBar, readOutField, u"");
-    WindowShow(magnifierWindow, 1);
+    StatusBarSetText(ChartStatusBar, ReadOutField, u"");
+    WindowShow(MagnifierWindow, 1);
 }
 
 void CloseChart() {
-    WindowDestroy(magnifierWindow);
-    WindowDestroy(chartWindow);
+    WindowDestroy(MagnifierWindow);
+    WindowDestroy(ChartWindow);
     ImageFree(ChartImage);
     ChartImage = 0;
     WindowDisable(MainWindow, 0);
@@ -117,7 +117,7 @@ void ShowSpeedChart() {
     const GearMask mask = ReadGearInputs(keptInputs);
     const std::int64_t maxRpm = TextToInteger(GetGadgetText(MaxRpmField));
     const auto topSpeed = TopSpeedForChart(keptInputs, mask, maxRpm, UnitOnShow(), TopGearIndex);
-    if (!topSpeed || WindowExists(chartWindow)) {
+    if (!topSpeed || WindowExists(ChartWindow)) {
         return;
     }
     ChartImage = OpenSpeedChart(CurrentManufacturer + u"- " + CurrentModel, maxRpm, *topSpeed);
@@ -141,14 +141,14 @@ std::int64_t OpenSpeedChart(std::u16string_view heading, std::int64_t maxRpm,
 }
 
 void ChartMouseMove(std::int64_t image, std::int64_t maxRpm, std::int64_t topSpeed) {
-    const std::int64_t x = GetGadgetAttribute(canvas, CanvasMouseX);
-    const std::int64_t y = GetGadgetAttribute(canvas, CanvasMouseY);
+    const std::int64_t x = GetGadgetAttribute(Canvas, CanvasMouseX);
+    const std::int64_t y = GetGadgetAttribute(Canvas, CanvasMouseY);
     const PlotPoint point = PlotPointAt(x, y, topSpeed);
     if (point.Rpm < 0 || point.Speed < 0 || point.Rpm > maxRpm || point.Speed > topSpeed) {
         ClearReadOut();
         return;
     }
-    StatusBarSetText(chartStatusBar, readOutField,
+    StatusBarSetText(ChartStatusBar, ReadOutField,
                      IntegerToText(point.Rpm) + u" rpm  -  " + IntegerToText(point.Speed) + u" " +
                          GetGadgetText(SpeedUnitBox),
                      StatusCentred);
@@ -156,37 +156,37 @@ void ChartMouseMove(std::int64_t image, std::int64_t maxRpm, std::int64_t topSpe
 }
 
 void ChartMagnify(std::int64_t image, std::int64_t x, std::int64_t y) {
-    WindowShow(magnifierWindow, 0);
-    constexpr std::int64_t middle = magnifiedSide / 2;
+    WindowShow(MagnifierWindow, 0);
+    constexpr std::int64_t middle = MagnifiedSide / 2;
     const std::int64_t grabbed =
-        ImageGrab(image, AnyNumber, x - middle, y - middle, magnifiedSide, magnifiedSide);
+        ImageGrab(image, AnyNumber, x - middle, y - middle, MagnifiedSide, MagnifiedSide);
     if (grabbed != 0) {
         if (RasterBegin(ImageRasterTarget(grabbed))) {
-            RasterLine(middle, 0, middle, magnifiedSide, crossHairColour);
-            RasterLine(0, middle, magnifiedSide, middle, crossHairColour);
+            RasterLine(middle, 0, middle, MagnifiedSide, CrossHairColour);
+            RasterLine(0, middle, MagnifiedSide, middle, CrossHairColour);
             RasterEnd();
         }
-        ImageResize(grabbed, magnifierSide, magnifierSide, ResizeNearestPixel);
-        SetGadgetState(magnifierImage, reinterpret_cast<std::intptr_t>(ImageHandle(grabbed)));
+        ImageResize(grabbed, MagnifierSide, MagnifierSide, ResizeNearestPixel);
+        SetGadgetState(MagnifierImage, reinterpret_cast<std::intptr_t>(ImageHandle(grabbed)));
         ImageFree(grabbed);
     }
-    WindowActivate(chartWindow);
+    WindowActivate(ChartWindow);
 }
 
 void HandleChartEvent() {
-    if (CurrentEventWindow() != chartWindow) {
+    if (CurrentEventWindow() != ChartWindow) {
         return;
     }
     switch (CurrentEventKind()) {
         case GadgetActivity:
-            if (CurrentEventObject() == canvas && CurrentEventType() == CanvasMouseMove) {
+            if (CurrentEventObject() == Canvas && CurrentEventType() == CanvasMouseMove) {
                 ChartMouseMove(ChartImage, ChartMaxRpm, ChartTopSpeed);
-            } else if (CurrentEventObject() == canvas && CurrentEventType() == CanvasMouseLeave) {
+            } else if (CurrentEventObject() == Canvas && CurrentEventType() == CanvasMouseLeave) {
                 ClearReadOut();
             }
             break;
         case WindowMoved:
-            WindowSetBounds(magnifierWindow, MagnifierLeft(), WindowGetY(chartWindow, OuterFrame),
+            WindowSetBounds(MagnifierWindow, MagnifierLeft(), WindowGetY(ChartWindow, OuterFrame),
                             IgnoreValue, IgnoreValue);
             break;
         case CloseRequested:

@@ -10,6 +10,7 @@
 #include "app/last_values.h"
 #include "app/main_window.h"
 #include "app/motorcycles.h"
+#include "app/settings_keys.h"
 #include "draw/image.h"
 #include "gui/application.h"
 #include "gui/event_queue.h"
@@ -29,8 +30,8 @@ namespace rotavel {
 
 namespace {
 
-constexpr double programFontPoints = 8;
-constexpr std::int64_t statusBarMargin = 5;
+constexpr double ProgramFontPoints = 8;
+constexpr std::int64_t StatusBarMargin = 5;
 
 std::u16string SettingsPath() {
     const std::u16string program = ProgramFilename();
@@ -58,14 +59,14 @@ void WriteDefaultSettingsIfMissing(const std::u16string& path) {
 
 void AddStatusBar() {
     StatusBarCreate(MainStatusBar, WindowNativeHandle(MainWindow));
-    StatusBarAddField(WindowGetWidth(MainWindow) - statusBarMargin);
+    StatusBarAddField(WindowGetWidth(MainWindow) - StatusBarMargin);
     ShowCurrentMotorcycle();
 }
 
 void RunWithSettings() {
     std::vector<MakerRecord> makers = ReadMotorcycles();
-    SettingsSelectGroup(u"Settings");
-    FontLoad(ProgramFont, u"Arial", programFontPoints);
+    SettingsSelectGroup(SettingsGroup);
+    FontLoad(ProgramFont, u"Arial", ProgramFontPoints);
     SetGadgetFont(AnyNumber, ProgramFont);
     OpenMainWindow(makers);
     RestoreLastValues();

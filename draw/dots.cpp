@@ -14,7 +14,7 @@ namespace rotavel {
 namespace {
 
 // A disc's place within a pixel is rounded to this fraction of it.
-constexpr int phases = 8;
+constexpr int Phases = 8;
 
 // The part of a line, as fractions of its length, that lies inside a rectangle; first above second
 // when none does.
@@ -61,8 +61,8 @@ QImage MakeDisc(double diameter, int phaseX, int phaseY) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::black);
-    painter.drawEllipse(QPointF(reach + static_cast<double>(phaseX) / phases,
-                                reach + static_cast<double>(phaseY) / phases),
+    painter.drawEllipse(QPointF(reach + static_cast<double>(phaseX) / Phases,
+                                reach + static_cast<double>(phaseY) / Phases),
                         diameter / 2, diameter / 2);
     return disc;
 }
@@ -111,7 +111,7 @@ void StampDots(QImage& bitmap, const std::vector<QPointF>& places, double diamet
                const QColor& colour) {
     const double scale = bitmap.devicePixelRatio();
     const auto toPhase = [scale](double coordinate) {
-        return static_cast<int>(std::floor(coordinate * scale * phases));
+        return static_cast<int>(std::floor(coordinate * scale * Phases));
     };
     std::vector<std::pair<int, int>> stamps;
     stamps.reserve(places.size());
@@ -123,11 +123,11 @@ void StampDots(QImage& bitmap, const std::vector<QPointF>& places, double diamet
 
     std::map<std::pair<int, int>, QImage> discs;
     for (const auto& [y, x] : stamps) {
-        const int pixelX = x >= 0 ? x / phases : (x + 1) / phases - 1;
-        const int pixelY = y >= 0 ? y / phases : (y + 1) / phases - 1;
-        QImage& disc = discs[{x - pixelX * phases, y - pixelY * phases}];
+        const int pixelX = x >= 0 ? x / Phases : (x + 1) / Phases - 1;
+        const int pixelY = y >= 0 ? y / Phases : (y + 1) / Phases - 1;
+        QImage& disc = discs[{x - pixelX * Phases, y - pixelY * Phases}];
         if (disc.isNull()) {
-            disc = MakeDisc(diameter * scale, x - pixelX * phases, y - pixelY * phases);
+            disc = MakeDisc(diameter * scale, x - pixelX * Phases, y - pixelY * Phases);
         }
         Stamp(bitmap, disc, {pixelX - disc.width() / 2, pixelY - disc.height() / 2}, colour);
     }

@@ -16,19 +16,19 @@ namespace rotavel {
 
 namespace {
 
-constexpr double largestCoordinate = 1e6;
-constexpr double pointsPerInch = 72;
+constexpr double LargestCoordinate = 1e6;
+constexpr double PointsPerInch = 72;
 
 // Dots smaller or closer than this many pixels are drawn as a line.
-constexpr double smallestDot = 1.0 / 16;
+constexpr double SmallestDot = 1.0 / 16;
 
 // Strokes go through the middle of the pixels of whole coordinates, so that they are sharp.
-constexpr double pixelMiddle = 0.5;
+constexpr double PixelMiddle = 0.5;
 
 // The rasteriser takes no infinite or undefined coordinates and does badly with huge ones.
 double Bounded(double coordinate) {
     return std::isnan(coordinate) ? 0
-                                  : std::clamp(coordinate, -largestCoordinate, largestCoordinate);
+                                  : std::clamp(coordinate, -LargestCoordinate, LargestCoordinate);
 }
 
 QPointF Mapped(const Drawing& drawing, double x, double y) {
@@ -58,7 +58,7 @@ QPen PenFor(const Drawing& drawing, double width, std::uint32_t flags) {
 }
 
 void Stroke(Drawing& drawing, const QPen& pen, std::uint32_t flags) {
-    drawing.Painter.setTransform(QTransform::fromTranslate(pixelMiddle, pixelMiddle));
+    drawing.Painter.setTransform(QTransform::fromTranslate(PixelMiddle, PixelMiddle));
     drawing.Painter.strokePath(drawing.Path, pen);
     if ((flags & StrokeKeepPath) == 0) {
         BeginNewPath(drawing);
@@ -95,7 +95,7 @@ void VectorSetFont(NativeFont* font, double size) {
         return;
     }
     QFont sized = *FromHandle(font);
-    sized.setPointSizeF(Bounded(size) * pointsPerInch /
+    sized.setPointSizeF(Bounded(size) * PointsPerInch /
                         FromHandle(drawing->Target.Bitmap)->logicalDpiY());
     drawing->Font = QFont(sized, drawing->Painter.device());
 }
@@ -142,7 +142,7 @@ void PathStrokeDotted(double width, double distance, std::uint32_t flags) {
         return;
     }
     const bool round = (flags & StrokeRoundEnd) != 0;
-    if (std::min(width, distance) < smallestDot) {
+    if (std::min(width, distance) < SmallestDot) {
         // Such dots cannot be told from a line.
         Stroke(*drawing, PenFor(*drawing, width, flags), flags);
         return;
@@ -152,7 +152,7 @@ void PathStrokeDotted(double width, double distance, std::uint32_t flags) {
     const QRectF visible =
         QRectF(QPointF(), bitmap.deviceIndependentSize()).adjusted(-reach, -reach, reach, reach);
     const std::vector<QPointF> dots =
-        DotsAlong(drawing->Path.translated(pixelMiddle, pixelMiddle), distance, visible);
+        DotsAlong(drawing->Path.translated(PixelMiddle, PixelMiddle), distance, visible);
     if (round) {
         StampDots(bitmap, dots, width, drawing->Colour);
     } else {
