@@ -80,6 +80,12 @@ class QzStringGadgetTextField final : public QzStringField, public FirstResponde
 
 class QzStringGadgetFunctions final : public QzGadgetFunctions {
   public:
+    // What the field holds is ready to be typed over.
+    void ActivateGadget() override {
+        QzGadgetFunctions::ActivateGadget();
+        View().selectAll();
+    }
+
     // Pressing Return is no event.
     void EventHandler() override {}
 

@@ -1,0 +1,123 @@
+#!/usr/bin/env bash
+# Drives the real program by mouse and keys through a rider's work and compares what it shows with
+# what it should. The first difference ends the tour with status 1.
+#
+#   tour.sh PROGRAM
+#
+# Needs no display, it brings its own. Leaves pictures in build/tour of the tree.
+#
+# shellcheck source-path=SCRIPTDIR
+set -euo pipefail
+export LC_ALL=C.UTF-8
+here=$(dirname "${BASH_SOURCE[0]}")
+source "$here/stage.sh"
+source "$here/hands.sh"
+
+open_stage "$1" "$here/../../build/tour"
+main_title="Rotavel V1.55"
+
+echo "The first start writes the motorcycles; the last model of a long menu can be reached"
+start "$main_title"
+[[ $(wc -c <"$settings") == 17404 ]] || fail "$settings: expected 17404 bytes"
+open_models
+picture 1-menu
+choose_last_model
+expect "max rpm" 7500
+opens click File
+point_at 2 2
+xdotool click 1
+expect_end
+expect_saved "Manufacturer = Moto Guzzi" "Modell = V85TT" "RearWheelWidth = 150" "MaxRPM = 7500"
+
+echo "The next start shows what was saved; another motorcycle takes its place"
+start "$main_title"
+expect focus 150
+expect "ratio 6" 0.8889
+open_models
+choose_model 3
+expect width 130
+expect percent 80
+expect rim 17
+expect "ratio 1" 2.3636
+expect rpm 8750
+
+echo "Speeds from the engine speed, the engine speed from a speed, and the other unit"
+# Its tyre, 130/80-17, is (17 x 2.54 / 2 + 130 x 80 / 1000) x 2 pi = 200.999 cm around. 4000 turns a
+# minute in first gear: 4000 x 60 x 200.999 / (4.125 x 1.3125) / 2.3636 / 100000 = 37.7 km/h, and
+# x 0.621375 = 23.4 mph. 80.5 km/h in third: 80.5 x 100000 x 4.125 x 1.3125 x 1.2778 / 60 / 200.999
+# = 4617.8 turns a minute.
+type_over rpm 4000
+click "Calc speed"
+expect_speeds "38 54 70 84 99 ----"
+expect_status text
+picture 2-speeds
+type_over "speed 3" 80,5
+click "Calc rpm 3"
+expect rpm 4618
+expect_speeds "---- ---- 80,5 ---- ---- ----"
+type_over rpm 4000
+opens click unit
+point_at 2 2
+choose
+expect_speeds "23 34 43 52 62 ----"
+
+echo "The chart, its magnifier under the mouse, and back"
+opens click Graphic
+chart=$opened
+opens point_at 1 1
+look_at "$opened"
+[[ "$width x $height" == "100 x 100" ]] || fail "magnifier: expected 100 x 100, got $width x $height"
+picture 3-chart
+click_close_box "$chart"
+wait_for "end of the chart" only_main_window
+expect rpm 4000
+xdotool key ctrl+q
+expect_end
+expect_saved "Modell = Breva 750" "PrimaryRatio = 1.3125" "Gear6Ratio = 0" "SpeedType = mph"
+
+echo "Teeth give ratios; an inch width goes without percent; About opens and closes"
+start "$main_title"
+expect_status text
+type_over "ratio 1" 9
+expect_status blank
+type_over "driving teeth 1" 11
+type_over "driven teeth 1" 26
+expect "ratio 1" 2.3636
+type_over width 3.25
+xdotool key Tab
+expect focus 17 # the rim's: the percent field is passed over
+picture 4-inches
+type_over width 130
+xdotool key Tab End type 70
+expect focus 70 # and nothing is left of the 80
+opens click Help
+point_at 1 1
+opens xdotool click 1
+picture 5-about
+xdotool key Return
+wait_for "end of About" only_main_window
+expect focus 70
+click_close_box "$main"
+expect_end
+expect_saved "Modell = " "RearWheelWidth = 130" "RearWheelPercentHeight = 70" "Gear1Ratio = 2.3636"
+
+echo "SIGTERM ends it like a click on the close box"
+start "$main_title"
+type_over width 180
+expect width 180
+kill -TERM "$program"
+expect_end
+expect_saved "RearWheelWidth = 180" "RearWheelPercentHeight = 70"
+
+echo "Without a place for its settings it says so, and nothing else"
+rm -r "$(dirname "$settings")"
+start Error
+only_main_window || fail "a window beside the box \"Error\""
+picture 6-no-settings
+xdotool key Return
+expect_end
+start Error
+kill -TERM "$program"
+expect_end
+[[ ! -e $settings ]] || fail "$settings: expected none"
+echo "All as expected"
