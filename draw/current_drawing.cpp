@@ -20,8 +20,14 @@ bool BeginDrawing(const DrawingTarget& target) {
     if (target.Bitmap == nullptr) {
         return false;
     }
+    NotifyOfLostCanvas([](const QImage* bitmap) {
+        if (current != nullptr && FromHandle(current->Target.Bitmap) == bitmap) {
+            EndDrawing();
+        }
+    });
     current = std::make_unique<Drawing>();
     current->Target = target;
+    current->Path.setFillRule(Qt::WindingFill);
     if (!current->Painter.begin(FromHandle(target.Bitmap))) {
         current.reset();
         return false;

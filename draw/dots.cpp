@@ -46,9 +46,11 @@ void AddDots(std::vector<QPointF>& places, const QLineF& line, double lead, doub
     if (length == 0 || first > second) {
         return;
     }
+    // Steps of a unit vector keep dots of upright and level lines on whole coordinates.
+    const QPointF unit(line.dx() / length, line.dy() / length);
     for (double dot = std::max(std::ceil((first * length - lead) / distance), 0.0);
          lead + dot * distance <= second * length; ++dot) {
-        places.push_back(line.pointAt((lead + dot * distance) / length));
+        places.push_back(line.p1() + unit * (lead + dot * distance));
     }
 }
 
@@ -111,7 +113,7 @@ void StampDots(QImage& bitmap, const std::vector<QPointF>& places, double diamet
                const QColor& colour) {
     const double scale = bitmap.devicePixelRatio();
     const auto toPhase = [scale](double coordinate) {
-        return static_cast<int>(std::floor(coordinate * scale * Phases));
+        return static_cast<int>(std::lround(coordinate * scale * Phases));
     };
     std::vector<std::pair<int, int>> stamps;
     stamps.reserve(places.size());

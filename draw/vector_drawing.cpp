@@ -58,8 +58,10 @@ QPen PenFor(const Drawing& drawing, double width, std::uint32_t flags) {
 }
 
 void Stroke(Drawing& drawing, const QPen& pen, std::uint32_t flags) {
-    drawing.Painter.setTransform(QTransform::fromTranslate(PixelMiddle, PixelMiddle));
-    drawing.Painter.strokePath(drawing.Path, pen);
+    if (pen.widthF() > 0) {  // the toolkit would draw a hairline for a width of 0
+        drawing.Painter.setTransform(QTransform::fromTranslate(PixelMiddle, PixelMiddle));
+        drawing.Painter.strokePath(drawing.Path, pen);
+    }
     if ((flags & StrokeKeepPath) == 0) {
         BeginNewPath(drawing);
     }
@@ -138,11 +140,11 @@ void PathStroke(double width, std::uint32_t flags) {
 
 void PathStrokeDotted(double width, double distance, std::uint32_t flags) {
     Drawing* const drawing = CurrentDrawing();
-    if (drawing == nullptr || !(width > 0) || !(distance > 0)) {
+    if (drawing == nullptr) {
         return;
     }
     const bool round = (flags & StrokeRoundEnd) != 0;
-    if (std::min(width, distance) < SmallestDot) {
+    if (!(std::min(width, distance) >= SmallestDot)) {
         // Such dots cannot be told from a line.
         Stroke(*drawing, PenFor(*drawing, width, flags), flags);
         return;

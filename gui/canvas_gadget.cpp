@@ -14,16 +14,24 @@ namespace rotavel {
 
 namespace {
 
+void (*lostCanvasNotifier)(const QImage*) = nullptr;
+
 class Qz_CanvasView final : public QzGadgetView<QWidget> {
   public:
     explicit Qz_CanvasView(QWidget* container) : QzGadgetView(container) {
         setAttribute(Qt::WA_OpaquePaintEvent);
         setMouseTracking(true);
     }
+    ~Qz_CanvasView() override {
+        if (bitmap.paintingActive() && lostCanvasNotifier != nullptr) {
+            lostCanvasNotifier(&bitmap);
+        }
+    }
 
     // Of the gadget's present size; what was drawn before a change of size stays.
     QImage& Bitmap() {
-        if (bitmap.isNull() || bitmap.deviceIndependentSize() != QSizeF(size())) {
+        const bool fits = !bitmap.isNull() && bitmap.deviceIndependentSize() == QSizeF(size());
+        if (!fits && !bitmap.paintingActive()) {
             AdjustImage();
         }
         return bitmap;
@@ -44,7 +52,6 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     }
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.fillRect(rect(), background);
         painter.drawImage(0, 0, Bitmap());
     }
 
@@ -114,6 +121,10 @@ Qz_CanvasView* FindCanvas(std::int64_t gadget) {
 QImage* CanvasBitmap(std::int64_t gadget) {
     Qz_CanvasView* const canvas = FindCanvas(gadget);
     return canvas == nullptr || canvas->Bitmap().isNull() ? nullptr : &canvas->Bitmap();
+}
+
+void NotifyOfLostCanvas(void (*notify)(const QImage* bitmap)) {
+    lostCanvasNotifier = notify;
 }
 
 void ShowCanvasBitmap(std::int64_t gadget) {

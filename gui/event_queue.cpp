@@ -80,6 +80,7 @@ template <typename Predicate>
 void DeleteWhere(Predicate matches) {
     EventRecord** link = &queue.oldest;
     EventRecord* kept = nullptr;
+    EventRecord* deleted = nullptr;
     while (EventRecord* const record = *link) {
         if (!matches(*record)) {
             kept = record;
@@ -87,10 +88,16 @@ void DeleteWhere(Predicate matches) {
             continue;
         }
         *link = record->Next;
+        record->Next = deleted;
+        deleted = record;
+    }
+    queue.newest = kept;
+    // Only now, for a release function may post events.
+    while (EventRecord* const record = deleted) {
+        deleted = record->Next;
         ReleaseData(record->Data, record->Release);
         queue.pool.Give(record);
     }
-    queue.newest = kept;
 }
 
 bool EqualsNewest(std::uint32_t kind, std::int64_t object, std::int64_t window, std::int64_t type) {
@@ -118,8 +125,9 @@ void QueueEvent(std::uint32_t kind, std::int64_t object, std::int64_t window, st
         WakeNativeLoop();
     }
     const bool merges = kind < FirstUnmergedKind && (flags & PostUnmerged) == 0;
-    if (merges && EqualsNewest(kind, object, window, type)) {
-        ReleaseData(data, release);
+    const bool isMerged = merges && EqualsNewest(kind, object, window, type);
+    if (isMerged) {
+        // Only its bindings see this one.
     } else if (EventRecord* const record = queue.pool.Take()) {
         *record = {nullptr, kind, flags, object, window, type, data, release};
         (queue.newest == nullptr ? queue.oldest : queue.newest->Next) = record;
@@ -133,6 +141,9 @@ void QueueEvent(std::uint32_t kind, std::int64_t object, std::int64_t window, st
             std::exchange(queue.current, {kind, object, window, type, data, nullptr});
         RunBindings(kind, window, object, type);
         queue.current = saved;
+    }
+    if (isMerged) {
+        ReleaseData(data, release);
     }
 }
 

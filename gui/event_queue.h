@@ -37,7 +37,7 @@ inline constexpr std::int64_t Change = 768;
 // Posting flags.
 inline constexpr std::uint32_t PostWhileSuspended = 1;
 inline constexpr std::uint32_t PostUnmerged = 2;  // and run the bindings when the event is taken
-inline constexpr std::uint32_t PostWaking = 4;    // always wake a blocked wait
+inline constexpr std::uint32_t PostWaking = 4;    // wake a blocked wait, as all but Repaint do
 
 using ReleaseFunction = void (*)(void* data);
 

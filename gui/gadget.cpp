@@ -39,8 +39,7 @@ void FreeRecord(std::int64_t number, GadgetRecord& record) {
 // Frees the gadgets that match; the predicate may be asked about each more than once.
 template <typename Predicate>
 void FreeWhere(Predicate matches) {
-    for (auto next = registry.Next(0); next.second != nullptr;
-         next = registry.Next(next.first + 1)) {
+    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
         if (matches(*next.second)) {
             FreeGadget(next.first);
         }
@@ -52,6 +51,12 @@ void FreeOne(std::int64_t number, GadgetRecord& record) {
     FreeRecord(number, record);
     FreeWhere(
         [container](const GadgetRecord& other) { return container->isAncestorOf(other.View); });
+    // Hiding the focus would pass it on, as if the user had moved it.
+    QzWindow* const window = QzWindow::Of(container);
+    QWidget* const focus = window == nullptr ? nullptr : window->focusWidget();
+    if (focus != nullptr && (focus == container || container->isAncestorOf(focus))) {
+        window->MakeFirstResponder(nullptr);
+    }
     container->hide();
     // The toolkit may be in the middle of telling this view something.
     container->deleteLater();

@@ -87,9 +87,9 @@ void EnableApplicationItem(std::int64_t number) {
 
 // Number and record of the first menu bar of a window; a null record when it has none.
 std::pair<std::int64_t, MenuRecord*> FirstOf(const QzWindow* window) {
-    auto next = registry.Next(0);
+    auto next = registry.First();
     while (next.second != nullptr && next.second->Window != window) {
-        next = registry.Next(next.first + 1);
+        next = registry.After(next.first);
     }
     return next;
 }
@@ -191,7 +191,7 @@ void MenuCloseSubmenu() {
 
 void FreeMenu(std::int64_t number) {
     if (number == AnyNumber) {
-        for (auto next = registry.Next(0); next.second != nullptr; next = registry.Next(0)) {
+        for (auto next = registry.First(); next.second != nullptr; next = registry.First()) {
             FreeOne(next.first, *next.second);
         }
     } else if (const MenuRecord* const record = registry.Find(number)) {

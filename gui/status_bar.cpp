@@ -120,8 +120,7 @@ void QzStatusBarView::paintEvent(QPaintEvent*) {
 }  // namespace
 
 void AdjustStatusBarsOf(const QzWindow* window) {
-    for (auto next = registry.Next(0); next.second != nullptr;
-         next = registry.Next(next.first + 1)) {
+    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
         if (next.second->View->IsOn(window)) {
             next.second->View->AdjustSize();
         }
@@ -129,8 +128,7 @@ void AdjustStatusBarsOf(const QzWindow* window) {
 }
 
 void DestroyStatusBarsOf(const QzWindow* window) {
-    for (auto next = registry.Next(0); next.second != nullptr;
-         next = registry.Next(next.first + 1)) {
+    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
         if (next.second->View->IsOn(window)) {
             delete next.second->View;
         }
@@ -173,7 +171,7 @@ std::int64_t StatusBarHeight(std::int64_t number) {
 
 void StatusBarDestroy(std::int64_t number) {
     if (number == AnyNumber) {
-        for (auto next = registry.Next(0); next.second != nullptr; next = registry.Next(0)) {
+        for (auto next = registry.First(); next.second != nullptr; next = registry.First()) {
             delete next.second->View;
         }
     } else if (const StatusBarRecord* const record = registry.Find(number)) {

@@ -8,7 +8,6 @@
 #include <QWindow>
 
 #include "gui/event_queue.h"
-#include "gui/gadget.h"
 #include "gui/gadget_list.h"
 #include "gui/native/coordinates.h"
 #include "gui/native/gadget_record.h"
@@ -29,9 +28,9 @@ NumberedObjects<WindowRecord> registry;
 // visible, else the first visible one.
 QzWindow* NextKeyWindow(const WindowRecord& closing) {
     QzWindow* candidate = nullptr;
-    for (auto [number, record] = registry.Next(0); record != nullptr;
-         std::tie(number, record) = registry.Next(number + 1)) {
-        if (record == &closing || !record->Window->IsShown()) {
+    for (auto [number, record] = registry.First(); record != nullptr;
+         std::tie(number, record) = registry.After(number)) {
+        if (record == &closing || !record->Window->IsShown() || record->Window->isMinimized()) {
             continue;
         }
         if (record->Window == closing.PreviousKeyWindow) {
@@ -50,7 +49,7 @@ void DestroyOne(std::int64_t number, const WindowRecord& record) {
     FreeGadgetsOfWindow(number);
     DestroyStatusBarsOf(record.Window);
     QzWindow* heir = nullptr;
-    if (record.PreviousKeyWindow != nullptr && QzWindow::KeyWindow() == window) {
+    if (record.HadPreviousKeyWindow && QzWindow::KeyWindow() == window) {
         heir = NextKeyWindow(record);
     }
     FreeMenuOf(window);
@@ -69,6 +68,31 @@ QzWindow* FindWindow(std::int64_t number) {
     return record == nullptr ? nullptr : record->Window.data();
 }
 
+// A window with its true frame; null when it is not open, or no longer after the wait for that.
+QzWindow* FindFramedWindow(std::int64_t number) {
+    if (QzWindow* const window = FindWindow(number)) {
+        window->EnsureFramed();
+    }
+    return FindWindow(number);
+}
+
+QPoint PlaceOf(std::int64_t number, int mode) {
+    const QzWindow* const window = FindFramedWindow(number);
+    if (window == nullptr) {
+        return {};
+    }
+    return mode == OuterFrame ? window->pos() : window->ContentView()->mapToGlobal(QPoint());
+}
+
+QSize SizeOf(std::int64_t number, int mode) {
+    if (mode == OuterFrame) {
+        const QzWindow* const window = FindFramedWindow(number);
+        return window == nullptr ? QSize() : window->frameGeometry().size();
+    }
+    const QzWindow* const window = FindWindow(number);
+    return window == nullptr ? QSize() : window->ContentSize();
+}
+
 }  // namespace
 
 NumberedObjects<WindowRecord>& WindowRegistry() {
@@ -76,8 +100,7 @@ NumberedObjects<WindowRecord>& WindowRegistry() {
 }
 
 std::optional<ChosenShortcut> FindShortcut(const QObject* nativeWindow, const QKeyEvent& event) {
-    for (auto next = registry.Next(0); next.second != nullptr;
-         next = registry.Next(next.first + 1)) {
+    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
         const WindowRecord& record = *next.second;
         const QObject* const handle = record.Window->windowHandle();
         if (handle != nativeWindow || record.Window->IsDisabled()) {
@@ -122,11 +145,13 @@ std::int64_t WindowCreate(std::int64_t number, std::int64_t x, std::int64_t y, s
     record->Delegate = std::make_unique<QzWindowEvents>();
     record->Delegate->Connect(window, id);
     record->PreviousKeyWindow = QzWindow::KeyWindow();
+    record->HadPreviousKeyWindow = record->PreviousKeyWindow != nullptr;
     window->ContentView()->WindowID = id;
     window->setWindowTitle(ToWindowTitle(title));
     if ((flags & WindowScreenCentred) == 0) {
         window->move(ToCoordinate(x), ToCoordinate(y));
     }
+    window->Place();
     if ((flags & WindowHidden) == 0) {
         window->Show(flags);
     }
@@ -138,7 +163,7 @@ std::int64_t WindowCreate(std::int64_t number, std::int64_t x, std::int64_t y, s
 
 void WindowDestroy(std::int64_t number) {
     if (number == AnyNumber) {
-        for (auto next = registry.Next(0); next.second != nullptr; next = registry.Next(0)) {
+        for (auto next = registry.First(); next.second != nullptr; next = registry.First()) {
             DestroyOne(next.first, *next.second);
         }
     } else if (const WindowRecord* const record = registry.Find(number)) {
@@ -160,7 +185,7 @@ void WindowShow(std::int64_t number, int hide, std::uint32_t flags) {
 
 void WindowActivate(std::int64_t number) {
     QzWindow* const window = FindWindow(number);
-    if (window != nullptr && window->IsShown()) {
+    if (window != nullptr && window->IsShown() && !window->isMinimized()) {
         window->MakeKeyAndOrderFront();
     }
 }
@@ -183,37 +208,19 @@ bool WindowIsDisabled(std::int64_t number) {
 }
 
 std::int64_t WindowGetX(std::int64_t number, int mode) {
-    QzWindow* const window = FindWindow(number);
-    if (window == nullptr) {
-        return 0;
-    }
-    const QRect frame = window->Frame();
-    return mode == OuterFrame ? frame.x() : window->ContentView()->mapToGlobal(QPoint()).x();
+    return PlaceOf(number, mode).x();
 }
 
 std::int64_t WindowGetY(std::int64_t number, int mode) {
-    QzWindow* const window = FindWindow(number);
-    if (window == nullptr) {
-        return 0;
-    }
-    const QRect frame = window->Frame();
-    return mode == OuterFrame ? frame.y() : window->ContentView()->mapToGlobal(QPoint()).y();
+    return PlaceOf(number, mode).y();
 }
 
 std::int64_t WindowGetWidth(std::int64_t number, int mode) {
-    QzWindow* const window = FindWindow(number);
-    if (window == nullptr) {
-        return 0;
-    }
-    return mode == OuterFrame ? window->Frame().width() : window->ContentSize().width();
+    return std::max(SizeOf(number, mode).width(), 0);
 }
 
 std::int64_t WindowGetHeight(std::int64_t number, int mode) {
-    QzWindow* const window = FindWindow(number);
-    if (window == nullptr) {
-        return 0;
-    }
-    return mode == OuterFrame ? window->Frame().height() : window->ContentSize().height();
+    return std::max(SizeOf(number, mode).height(), 0);
 }
 
 void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::int64_t width,
@@ -222,15 +229,13 @@ void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::i
     if (window == nullptr) {
         return;
     }
-    QSize content = window->ContentSize();
-    if (width != IgnoreValue) {
-        content.setWidth(ToSide(width));
-    }
-    if (height != IgnoreValue) {
-        content.setHeight(ToSide(height));
-    }
-    if (content != window->ContentSize()) {
-        window->SetContentSize(content);
+    const QSize current = window->ContentSize();
+    const std::int64_t newWidth = width == IgnoreValue ? current.width() : width;
+    const std::int64_t newHeight = height == IgnoreValue ? current.height() : height;
+    // A size that no window can have changes nothing, like any size that is the present one.
+    if (IsPossibleSize(newWidth, newHeight) &&
+        (newWidth != current.width() || newHeight != current.height())) {
+        window->SetContentSize({ToSide(newWidth), ToSide(newHeight)});
     }
     if (x != IgnoreValue || y != IgnoreValue) {
         QPoint position = window->pos();

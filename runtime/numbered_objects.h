@@ -41,10 +41,11 @@ class NumberedObjects {
 
     void Clear() { records.clear(); }
 
-    // The lowest open number that is at least `from`, and its record; a null record when there is
-    // none. Lets a caller walk the family while records come and go.
-    std::pair<std::int64_t, Record*> Next(std::int64_t from) const {
-        const auto found = records.lower_bound(from);
+    // The lowest open number and its record, and the next one above a number; a null record when
+    // there is none. They let a caller walk the family while records come and go.
+    std::pair<std::int64_t, Record*> First() const { return After(AnyNumber); }
+    std::pair<std::int64_t, Record*> After(std::int64_t number) const {
+        const auto found = records.upper_bound(number);
         if (found == records.end()) {
             return {AnyNumber, nullptr};
         }

@@ -10,6 +10,9 @@ namespace rotavel {
 // leaves nothing to draw on.
 QImage* CanvasBitmap(std::int64_t gadget);
 
+// Has `notify` called with each canvas bitmap that goes while it is being drawn on.
+void NotifyOfLostCanvas(void (*notify)(const QImage* bitmap));
+
 // Brings what was drawn on the bitmap to the screen.
 void ShowCanvasBitmap(std::int64_t gadget);
 

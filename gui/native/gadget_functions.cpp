@@ -1,7 +1,5 @@
 #include "gui/native/gadget_functions.h"
 
-#include <QVariant>
-
 #include "gui/event_queue.h"
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
@@ -73,8 +71,9 @@ void QzGadgetFunctions::ActivateGadget() {
 
 void QzGadgetFunctions::GadgetToolTip(std::u16string_view text) {
     // Plain text, whatever it looks like.
-    Gadget->View->setToolTip(text.empty() ? QString()
-                                          : "<qt>" + ToQString(text).toHtmlEscaped() + "</qt>");
+    Gadget->View->setToolTip(
+        text.empty() ? QString()
+                     : "<qt>" + ToQString(text).toHtmlEscaped().replace('\n', "<br>") + "</qt>");
 }
 
 void QzGadgetFunctions::HideGadget(int state) {

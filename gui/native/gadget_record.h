@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <memory>
 
-#include <QPointer>
 #include <QWidget>
 
 #include "gui/handles.h"

@@ -24,7 +24,7 @@ bool TakesKeys(const QWidget& view, const QWidget& content) {
 }  // namespace
 
 QWidget* NextKeyView(const QWidget& content, const QWidget* from, bool forward) {
-    std::map<std::pair<int, int>, QWidget*> views;
+    std::multimap<std::pair<int, int>, QWidget*> views;
     for (QWidget* const view : content.findChildren<QWidget*>()) {
         if (view != from && TakesKeys(*view, content)) {
             views.emplace(PlaceOf(*view, content), view);

@@ -35,8 +35,11 @@ bool ProcessNativeEvents(const QDeadlineTimer& deadline, NativeInput input) {
 }
 
 void FlushDeferredDeletes() {
-    // Without a running event loop of the toolkit's own nobody else does.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    // Without a running event loop of the toolkit's own nobody else does. A wait inside a handler
+    // leaves them be: the widget that is handling something may be among them.
+    if (!QzApplication::Instance()->IsDelivering()) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 }  // namespace rotavel

@@ -52,7 +52,10 @@ bool QzApplication::notify(QObject* receiver, QEvent* event) {
             return true;
         }
     }
-    return QApplication::notify(receiver, event);
+    ++deliveries;
+    const bool delivered = QApplication::notify(receiver, event);
+    --deliveries;
+    return delivered;
 }
 
 bool QzApplication::TakesShortcut(const QObject* nativeWindow, QEvent* event) {
@@ -82,7 +85,8 @@ bool QzApplication::event(QEvent* event) {
 }
 
 bool QzApplication::IsFiltered(QEvent* event) const {
-    return std::any_of(filters.begin(), filters.end(),
+    const auto present = filters;  // a filter may add and remove some
+    return std::any_of(present.begin(), present.end(),
                        [event](const auto& filter) { return filter.first(event, filter.second); });
 }
 

@@ -30,6 +30,9 @@ class QzApplication final : public QApplication {
     // Whether a native event was delivered since the last call.
     bool TakeNativeEventSeen() { return std::exchange(nativeEventSeen, false); }
 
+    // Whether an event is being delivered, so that a widget may be in the middle of its handler.
+    bool IsDelivering() const { return deliveries > 0; }
+
     bool notify(QObject* receiver, QEvent* event) override;
 
   protected:
@@ -42,6 +45,7 @@ class QzApplication final : public QApplication {
 
     std::vector<std::pair<NativeEventFilter, void*>> filters;
     bool nativeEventSeen = false;
+    int deliveries = 0;
 };
 
 }  // namespace rotavel

@@ -9,7 +9,7 @@ namespace rotavel {
 
 namespace {
 
-// Larger than any content area it has to cover.
+// Larger than any screen.
 constexpr int DisabledViewSide = 4096;
 
 }  // namespace

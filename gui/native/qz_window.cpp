@@ -9,10 +9,12 @@
 #include <QScreen>
 #include <QWindow>
 
+#include "gui/native/frame_placement.h"
 #include "gui/native/key_views.h"
 #include "gui/native/native_loop.h"
 #include "gui/native/qz_views.h"
 #include "gui/native/qz_window_events.h"
+#include "gui/native/status_bars.h"
 #include "gui/native/toolkit_flags.h"
 #include "gui/native/window_list.h"
 #include "gui/window.h"
@@ -27,7 +29,7 @@ constexpr int FramingPatienceMs = 1000;
 const QEvent::Type reportGeometryEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
 
 QPointer<QzWindow> keyWindow;
-QMargins frameMargins;  // of the window framed last, for placing the next one
+QPointer<QzWindow> lastKeyWindow;  // also while another program has the keyboard
 
 }  // namespace
 
@@ -37,6 +39,7 @@ QzWindow::QzWindow(std::uint32_t creationFlags, QzWindow* parent, QSize contentS
                 (creationFlags & (WindowResizable | WindowMaximizeBox | WindowStartZoomed)) != 0),
       flags(creationFlags),
       parentWindow(parent),
+      placementOwner(parent != nullptr ? parent : keyWindow.data()),
       contentMinimum(0, 0),
       contentMaximum(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) {
     setWindowFlags(ToolkitFlags(flags, parent != nullptr));
@@ -59,6 +62,10 @@ QzWindow* QzWindow::KeyWindow() {
     return keyWindow;
 }
 
+QzWindow* QzWindow::LastKeyWindow() {
+    return lastKeyWindow;
+}
+
 void QzWindow::SetMenuBar(QMenuBar* bar) {
     if (bar == menuBar) {
         return;
@@ -74,7 +81,6 @@ void QzWindow::SetMenuBar(QMenuBar* bar) {
         menuBar->show();
     }
     SetContentSize(content);
-    LayOut();
 }
 
 QSize QzWindow::ContentSize() const {
@@ -102,43 +108,50 @@ void QzWindow::SetContentLimits(QSize minimum, QSize maximum) {
     }
 }
 
-QRect QzWindow::Frame() {
-    EnsureFramed();
-    return frameGeometry();
-}
-
 void QzWindow::MoveFrame(QPoint position) {
     flags &= ~(WindowScreenCentred | WindowOwnerCentred);
-    move(position);
+    SetFramePosition(*this, position);
 }
 
 void QzWindow::ReportGeometry() {
     const QRect current(pos(), ContentSize());
     const QRect before = std::exchange(reported, current);
     const bool zoomed = isMaximized();
-    if (std::exchange(wasZoomed, zoomed) != zoomed && current.size() != before.size()) {
+    if (current.size() != before.size() && std::exchange(wasZoomed, zoomed) != zoomed) {
         delegate->WindowShouldZoom(current.width() > before.width() ||
                                    current.height() > before.height());
     }
     if (current.size() != before.size()) {
         delegate->WindowDidResize();
     }
-    if (current.topLeft() != before.topLeft()) {
+    if (current.topLeft() != before.topLeft() && delegate != nullptr) {
         delegate->WindowDidMove();
     }
 }
 
 void QzWindow::Show(std::uint32_t showFlags) {
     constexpr std::uint32_t placement = WindowScreenCentred | WindowOwnerCentred;
-    flags = (flags & ~(placement | WindowNotActivated)) |
-            (showFlags & (placement | WindowNotActivated));
+    const bool isPopup = windowType() == Qt::ToolTip;
+    if (!presentPending) {
+        flags &= ~placement;
+    }
+    flags = (flags & ~WindowNotActivated) | (showFlags & (placement | WindowNotActivated));
+    const bool activates = (flags & WindowNotActivated) == 0 && !isPopup;
     if (isVisible() && (flags & placement) == 0) {
+        if (isMinimized()) {
+            showNormal();
+        }
+        if (activates) {
+            MakeKeyAndOrderFront();
+        } else if (!isPopup) {
+            raise();
+        }
         return;
     }
     presentPending = true;
     framed = false;
     placementOwner = parentWindow != nullptr ? parentWindow : keyWindow;
-    if ((flags & WindowNotActivated) == 0 && CanBecomeKeyWindow() && windowType() != Qt::ToolTip) {
+    if (activates && CanBecomeKeyWindow()) {
         keyWindow = this;
     }
 }
@@ -152,6 +165,10 @@ void QzWindow::PresentIfPending() {
 void QzWindow::Hide() {
     presentPending = false;
     hide();
+    if (keyWindow == this) {
+        auto* const active = dynamic_cast<QzWindow*>(QApplication::activeWindow());
+        keyWindow = active == this ? nullptr : active;
+    }
 }
 
 void QzWindow::Present() {
@@ -161,6 +178,7 @@ void QzWindow::Present() {
     setAttribute(Qt::WA_ShowWithoutActivating, (flags & WindowNotActivated) != 0);
     if ((flags & WindowStartMiniaturized) != 0) {
         showMinimized();
+        settled = true;  // nothing is painted that would tell
     } else if ((flags & WindowStartZoomed) != 0) {
         wasZoomed = true;
         showMaximized();
@@ -174,27 +192,17 @@ void QzWindow::Present() {
     }
 }
 
-QRect QzWindow::EstimatedFrame() const {
-    return QRect(pos(), size()).marginsAdded(borderless ? QMargins() : frameMargins);
-}
-
 void QzWindow::Place() {
-    QRect frame = EstimatedFrame();
-    const QRect available = screen()->availableGeometry();
     if ((flags & WindowScreenCentred) != 0) {
-        frame.moveCenter(available.center());
+        CentreFrameOnScreen(*this);
     } else if ((flags & WindowOwnerCentred) != 0 && placementOwner != nullptr &&
                placementOwner != this) {
-        frame.moveCenter(placementOwner->frameGeometry().center());
-    } else {
-        return;
+        CentreFrameOver(*this, *placementOwner);
     }
-    // The title bar of a window larger than the screen stays within reach.
-    move(std::max(frame.left(), available.left()), std::max(frame.top(), available.top()));
 }
 
 void QzWindow::AttachToParent() {
-    if (parentWindow == nullptr || !parentWindow->IsShown()) {
+    if (parentWindow == nullptr) {
         return;
     }
     parentWindow->winId();  // makes the native windows that are to be tied together
@@ -210,10 +218,14 @@ void QzWindow::EnsureFramed() {
     // The window manager frames a window at its own pace; the true frame is known once the window
     // is on the screen.
     const QDeadlineTimer patience(FramingPatienceMs);
-    while (!windowHandle()->isExposed() && !isMinimized() && !patience.hasExpired()) {
+    const QPointer<QzWindow> self = this;  // a timer of the program's may destroy it meanwhile
+    while (self != nullptr && windowHandle() != nullptr && !windowHandle()->isExposed() &&
+           !isMinimized() && !patience.hasExpired()) {
         ProcessNativeEvents(patience, NativeInput::Postpone);
     }
-    framed = true;
+    if (self != nullptr) {
+        framed = true;
+    }
 }
 
 void QzWindow::MakeKeyAndOrderFront() {
@@ -229,12 +241,15 @@ void QzWindow::MakeKeyAndOrderFront() {
 }
 
 void QzWindow::Disable() {
-    Enable();
-    responderBeforeDisabling = firstResponder.View();
+    if (overlay == nullptr) {
+        responderBeforeDisabling = firstResponder.View();
+    }
+    RemoveOverlay();
     overlay = new QzDisabledView(contentView, windowFlags());
     overlay->show();
     overlay->raise();
     MakeFirstResponder(nullptr);
+    setFocus();  // keys go to the window itself; without a focus the toolkit would choose a field
     if (menuBar != nullptr) {
         menuBar->setEnabled(false);
     }
@@ -245,13 +260,23 @@ void QzWindow::Enable() {
     if (overlay == nullptr) {
         return;
     }
-    SetTitleBarButtons(overlay->EnabledButtons());
-    delete std::exchange(overlay, nullptr);
+    RemoveOverlay();
+    clearFocus();
     if (menuBar != nullptr) {
         menuBar->setEnabled(true);
     }
-    if (responderBeforeDisabling != nullptr && responderBeforeDisabling->isEnabled()) {
+    if (responderBeforeDisabling != nullptr) {
         MakeFirstResponder(responderBeforeDisabling);
+    }
+    if (isActiveWindow() && !isKey && delegate != nullptr) {
+        BecameActive();
+    }
+}
+
+void QzWindow::RemoveOverlay() {
+    if (overlay != nullptr) {
+        SetTitleBarButtons(overlay->EnabledButtons());
+        delete std::exchange(overlay, nullptr);
     }
 }
 
@@ -274,6 +299,9 @@ void QzWindow::FocusArrived(QWidget* widget) {
 }
 
 void QzWindow::MakeFirstResponder(QWidget* view) {
+    if (view != nullptr && !(view->isEnabled() && view->isVisibleTo(this))) {
+        return;
+    }
     if (view != nullptr) {
         view->setFocus(Qt::OtherFocusReason);
     } else if (QWidget* const focused = focusWidget()) {
@@ -298,13 +326,9 @@ void QzWindow::ContentPainted() {
     // Up to here the geometry followed the window manager's framing, which is no event.
     settled = true;
     framed = true;
+    AdjustStatusBarsOf(this);
     reported = QRect(pos(), ContentSize());
-    if (!borderless) {
-        const QRect frame = frameGeometry();
-        const QRect inner = geometry();
-        frameMargins = QMargins(inner.left() - frame.left(), inner.top() - frame.top(),
-                                frame.right() - inner.right(), frame.bottom() - inner.bottom());
-    }
+    RememberFrameMargins(*this);
 }
 
 void QzWindow::LayOut() {
@@ -382,6 +406,7 @@ void QzWindow::BecameActive() {
     if (CanBecomeKeyWindow()) {
         isKey = true;
         keyWindow = this;
+        lastKeyWindow = this;
         delegate->WindowDidBecomeKey();
         return;
     }

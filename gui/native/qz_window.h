@@ -14,7 +14,6 @@ namespace rotavel {
 class QzDisabledView;
 class QzFlippedWindowView;
 class QzWindowEvents;
-struct WindowRecord;
 
 // A native top-level window: the menu bar on top and, below it, the content view at exactly the
 // size asked for. Reports to its delegate; knows nothing of numbers or queues.
@@ -26,8 +25,9 @@ class QzWindow final : public QWidget {
 
     // The window that a widget lies in, or null.
     static QzWindow* Of(const QWidget* widget);
-    // The window that has the keyboard or has just been given it, or null.
+    // The window that has the keyboard or has just been given it, or null; and the last that had.
     static QzWindow* KeyWindow();
+    static QzWindow* LastKeyWindow();
 
     void SetDelegate(QzWindowEvents* newDelegate) { delegate = newDelegate; }
     QzWindowEvents* Delegate() const { return delegate; }
@@ -48,13 +48,15 @@ class QzWindow final : public QWidget {
     QSize ContentMinimumSize() const { return contentMinimum; }
     QSize ContentMaximumSize() const { return contentMaximum; }
     void SetContentLimits(QSize minimum, QSize maximum);
-    // The outer frame on the screen; puts the window there first if it is to be shown.
-    QRect Frame();
+    // Puts a window that is to be shown on the screen and waits until its frame is the true one.
+    void EnsureFramed();
     // Moves the frame; a present request of the creation to centre the window is dropped.
     void MoveFrame(QPoint position);
     // Tells the delegate where the frame or the content size differs from what it was told last.
     void ReportGeometry();
 
+    // Centres the window if its flags ask for that.
+    void Place();
     // Shows the window when the program next waits. Flags as for WindowShow.
     void Show(std::uint32_t flags);
     void PresentIfPending();
@@ -87,15 +89,13 @@ class QzWindow final : public QWidget {
 
   private:
     void Present();
-    void Place();
+    void RemoveOverlay();
     void BecameActive();
     void AttachToParent();
-    void EnsureFramed();
     void LayOut();
     int MenuBarHeight(int width) const;
     void ReportGeometryLater();
     void SetTitleBarButtons(Qt::WindowFlags buttons);
-    QRect EstimatedFrame() const;
 
     const bool borderless;
     const bool resizable;

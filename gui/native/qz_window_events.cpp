@@ -1,5 +1,7 @@
 #include "gui/native/qz_window_events.h"
 
+#include <utility>
+
 #include "gui/gadget_list.h"
 #include "gui/native/menu_bars.h"
 #include "gui/native/qz_views.h"
@@ -29,16 +31,23 @@ void QzWindowEvents::WindowWillClose() {
 }
 
 void QzWindowEvents::WindowDidResize() {
-    if (ZoomEvent != 0) {
-        QueueEvent(ZoomEvent, WindowID, WindowID, 0);
+    // A binding may destroy the window, and this with it.
+    const QPointer<QzWindow> window = WindowInstance;
+    const auto isGone = [&window, this] { return window == nullptr || window->Delegate() != this; };
+    if (const std::uint32_t zoom = std::exchange(ZoomEvent, 0)) {
+        QueueEvent(zoom, WindowID, WindowID, 0);
+        if (isGone()) {
+            return;
+        }
     }
     // Drops older resize events of window 0 only; those of other windows merge when they are
     // neighbours.
     DeleteQueuedEvents(WindowResized, 0, WindowID, 0);
     QueueEvent(WindowResized, WindowID, WindowID, 0);
-    AdjustStatusBarsOf(WindowInstance);
-    WindowInstance->ContentView()->update();
-    ZoomEvent = 0;
+    if (!isGone()) {
+        AdjustStatusBarsOf(WindowInstance);
+        WindowInstance->ContentView()->update();
+    }
 }
 
 void QzWindowEvents::WindowDidMove() const {

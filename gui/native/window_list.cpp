@@ -34,7 +34,7 @@ void BringWindowsToFront() {
             window->raise();
         }
     }
-    if (QzWindow* const key = QzWindow::KeyWindow()) {
+    if (QzWindow* const key = QzWindow::LastKeyWindow()) {
         key->MakeKeyAndOrderFront();
     }
 }

@@ -43,7 +43,8 @@ struct WindowRecord {
     std::unique_ptr<QzWindowEvents> Delegate;
     std::vector<std::unique_ptr<QTimer>> Timers;
     std::vector<WindowShortcut> Shortcuts;
-    QPointer<QzWindow> PreviousKeyWindow;
+    QPointer<QzWindow> PreviousKeyWindow;  // null again once that one is gone
+    bool HadPreviousKeyWindow = false;
 };
 
 // The open windows, by number.
