@@ -33,9 +33,6 @@ class QzFlippedWindowView final : public QzDropTarget<QWidget> {
 // title bar were enabled before.
 class QzDisabledView final : public QWidget {
   public:
-    static constexpr Qt::WindowFlags Buttons =
-        Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint;
-
     QzDisabledView(QWidget* contentView, Qt::WindowFlags windowFlags);
 
     Qt::WindowFlags EnabledButtons() const;

@@ -253,7 +253,7 @@ void QzWindow::Disable() {
     if (menuBar != nullptr) {
         menuBar->setEnabled(false);
     }
-    SetTitleBarButtons({});
+    SetTitleBarButtons(*this, {});
 }
 
 void QzWindow::Enable() {
@@ -275,20 +275,8 @@ void QzWindow::Enable() {
 
 void QzWindow::RemoveOverlay() {
     if (overlay != nullptr) {
-        SetTitleBarButtons(overlay->EnabledButtons());
+        SetTitleBarButtons(*this, overlay->EnabledButtons());
         delete std::exchange(overlay, nullptr);
-    }
-}
-
-void QzWindow::SetTitleBarButtons(Qt::WindowFlags buttons) {
-    if (borderless) {
-        return;
-    }
-    // The toolkit would hide the window to change these; the window manager takes the new set from
-    // the native window as it is.
-    overrideWindowFlags((windowFlags() & ~QzDisabledView::Buttons) | buttons);
-    if (windowHandle() != nullptr) {
-        windowHandle()->setFlags(windowFlags());
     }
 }
 

@@ -95,7 +95,6 @@ class QzWindow final : public QWidget {
     void LayOut();
     int MenuBarHeight(int width) const;
     void ReportGeometryLater();
-    void SetTitleBarButtons(Qt::WindowFlags buttons);
 
     const bool borderless;
     const bool resizable;

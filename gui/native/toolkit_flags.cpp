@@ -1,5 +1,8 @@
 #include "gui/native/toolkit_flags.h"
 
+#include <QWidget>
+#include <QWindow>
+
 #include "gui/window.h"
 
 namespace rotavel {
@@ -20,6 +23,18 @@ Qt::WindowFlags ToolkitFlags(std::uint32_t flags, bool hasParent) {
     native.setFlag(Qt::WindowMaximizeButtonHint,
                    (flags & (WindowResizable | WindowMaximizeBox | WindowStartZoomed)) != 0);
     return native;
+}
+
+void SetTitleBarButtons(QWidget& window, Qt::WindowFlags buttons) {
+    if (!window.windowFlags().testFlag(Qt::WindowTitleHint)) {
+        return;
+    }
+    // The toolkit would hide the window to change these; the window manager takes the new set from
+    // the native window as it is.
+    window.overrideWindowFlags((window.windowFlags() & ~TitleBarButtons) | buttons);
+    if (window.windowHandle() != nullptr) {
+        window.windowHandle()->setFlags(window.windowFlags());
+    }
 }
 
 }  // namespace rotavel
