@@ -2,7 +2,7 @@
 # Sourced by the tests that drive a real window by mouse and keys: a display of their own with a
 # window manager, and what every such test does on it.
 #
-# shellcheck disable=SC2034 # look_at is for the script that sources this
+# shellcheck disable=SC2034 # the script that sources this reads what look_at and others set
 
 patience=20 # seconds that anything may take; far more than it does, for the slowest machine
 
@@ -23,11 +23,15 @@ open_display() {
         XMODIFIERS
     export HOME=$folder XDG_RUNTIME_DIR=$folder DBUS_SESSION_BUS_ADDRESS=disabled:
 
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$folder/display" 2>/dev/null &
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$folder/display" 2>/dev/null &
     server=$!
     wait_for "display" test -s "$folder/display"
     DISPLAY=:$(<"$folder/display")
     export DISPLAY
+    # A window that is animated is not yet where it will be.
+    mkdir -p "$folder/.config/openbox"
+    sed 's/<animateIconify>yes/<animateIconify>no/' /etc/xdg/openbox/rc.xml \
+        >"$folder/.config/openbox/rc.xml"
     openbox >/dev/null 2>&1 &
     manager=$!
     wait_for "window manager" xdotool get_desktop
@@ -56,55 +60,41 @@ fail() {
     exit 1
 }
 
-# A picture of the whole screen. Without a limit `import` waits for a click when something is amiss.
+# photograph OPTION... OUTPUT: of the whole screen. Without a limit `import` waits for a click when
+# something is amiss.
+photograph() {
+    timeout "$patience" import -window root "$@"
+}
+
 picture() {
-    timeout "$patience" import -window root "$pictures/$picture_name-$1.png"
+    photograph "$pictures/$picture_name-$1.png"
 }
 
-key() {
-    xdotool key "$@"
-}
-
-# look_at WINDOW: sets left, top, width and height of what lies inside the frame.
-look_at() {
-    read -r left top width height < <(xwininfo -id "$1" | awk '
-        /Absolute upper-left/ || /^ *(Width|Height):/ { printf "%s ", $NF } END { print "" }')
-}
-
-# click_at X Y [BUTTON]: on the screen.
-click_at() {
-    xdotool mousemove "$1" "$2" click "${3:-1}"
-}
-
-# Sets `found` to the window of that title once it has the keyboard.
+# Waits until a window whose title starts so has the keyboard, and sets `found` to it.
 wait_for_keyboard() {
     wait_for "window \"$1\" with the keyboard" has_keyboard "$1"
 }
 
 has_keyboard() {
-    found=$(xdotool search --onlyvisible --name "^$1\$") &&
+    found=$(xdotool search --onlyvisible --name "^$1") &&
         [[ $(xdotool getwindowfocus) == "$found" ]]
 }
 
-# Fills the clipboard.
-copy() {
-    printf %s "$1" | xclip -selection clipboard >/dev/null 2>&1
-    wait_for "text on the clipboard" clipboard_is "$1"
+# look_at WINDOW: where it is on the screen, without its frame.
+look_at() {
+    read -r left top width height < <(xwininfo -id "$1" |
+        awk '/Absolute|Width:|Height:/ { line = line " " $NF } END { print line }')
 }
 
-clipboard_is() {
-    [[ $(timeout "$patience" xclip -o -selection clipboard) == "$1" ]]
-}
-
-# program_ends STATUS: the process `program` ends, with that status.
-program_ends() {
+# The process `program` ends, with status 0.
+expect_end() {
     local status=0
-    wait_for "end of the program" program_has_ended
+    wait_for "end of the program" has_ended "$program"
     wait "$program" || status=$?
     program=
-    ((status == $1)) || fail "the program's exit status: expected $1, got $status"
+    ((status == 0)) || fail "exit status: expected 0, got $status"
 }
 
-program_has_ended() {
-    ! kill -0 "$program"
+has_ended() {
+    ! kill -0 "$1"
 }

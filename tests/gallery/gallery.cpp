@@ -1,6 +1,6 @@
-// One window with every kind of gadget in every form, a menu and a requester, written on the public
-// headers of gui/ and draw/ alone. Prints each event it takes, one a line: kind, object, window,
-// type and, for a drop, the text.
+// One window with every kind of gadget in every form, a menu and a requester, and second windows of
+// several kinds, written on the public headers of gui/ and draw/ alone. Prints each event it takes,
+// one a line: kind, object, window, type and a text, which is a drop's or the gadget's.
 
 #include <array>
 #include <cinttypes>
@@ -38,6 +38,8 @@ enum Item : std::int64_t {
     AskItem = 1,
     DisableItem,
     OpenItem,
+    OpenZoomedItem,
+    OpenMiniaturizedItem,
     CloseItem,
     PopupItem,
     HideItem,
@@ -52,7 +54,7 @@ struct Field {
     std::uint32_t Flags;
 };
 
-constexpr std::array fields = {
+constexpr std::array Fields = {
     Field{1, u"plain", u"any text", 0},
     Field{2, u"password", u"secret", StringPassword},
     Field{3, u"read-only", u"select me", StringReadOnly},
@@ -70,7 +72,7 @@ struct Label {
     std::uint32_t Flags;
 };
 
-constexpr std::array labels = {
+constexpr std::array Labels = {
     Label{20, u"left", 0},
     Label{21, u"right", TextRight},
     Label{22, u"centred", TextCentred},
@@ -84,7 +86,7 @@ struct ComboBox {
     std::uint32_t Flags;
 };
 
-constexpr std::array comboBoxes = {
+constexpr std::array ComboBoxes = {
     ComboBox{30, 0},
     ComboBox{31, ComboBoxLowerCase},
     ComboBox{32, ComboBoxUpperCase},
@@ -92,12 +94,13 @@ constexpr std::array comboBoxes = {
     ComboBox{34, ComboBoxEditable},
 };
 
-constexpr std::int64_t button = 40;
-constexpr std::int64_t disabledButton = 41;
-constexpr std::int64_t plainImage = 50;
-constexpr std::int64_t sunkenImage = 51;
-constexpr std::int64_t canvas = 60;
-constexpr std::int64_t buttonOnCanvas = 61;
+constexpr std::int64_t Button = 40;
+constexpr std::int64_t DisabledButton = 41;
+constexpr std::int64_t PlainImage = 50;
+constexpr std::int64_t SunkenImage = 51;
+constexpr std::int64_t Canvas = 60;
+constexpr std::int64_t ButtonOnCanvas = 61;
+constexpr std::int64_t DisableButton = 70;
 
 std::int64_t MakePicture(std::int64_t side) {
     const std::int64_t picture = ImageCreate(AnyNumber, side, side);
@@ -119,7 +122,7 @@ std::int64_t MakePicture(std::int64_t side) {
 
 void CreateFields() {
     std::int64_t y = 10;
-    for (const Field& field : fields) {
+    for (const Field& field : Fields) {
         TextGadgetCreate(field.Number + 100, 10, y, 90, 20, field.Caption, TextRight);
         StringGadgetCreate(field.Number, 110, y, 90, 20, field.Text, field.Flags);
         y += 28;
@@ -133,19 +136,19 @@ void CreateFields() {
 
 void CreateLabelsAndButtons() {
     std::int64_t y = 10;
-    for (const Label& label : labels) {
+    for (const Label& label : Labels) {
         TextGadgetCreate(label.Number, 220, y, 90, 20, label.Text, label.Flags);
         y += 28;
     }
     DisableGadget(25, 1);
-    ButtonGadgetCreate(button, 220, y, 90, 20, u"Press & see");
-    ButtonGadgetCreate(disabledButton, 220, y + 28, 90, 20, u"disabled");
-    DisableGadget(disabledButton, 1);
+    ButtonGadgetCreate(Button, 220, y, 90, 20, u"Press & see");
+    ButtonGadgetCreate(DisabledButton, 220, y + 28, 90, 20, u"disabled");
+    DisableGadget(DisabledButton, 1);
 }
 
 void CreateComboBoxes(NativeImage* picture) {
     std::int64_t y = 10;
-    for (const ComboBox& box : comboBoxes) {
+    for (const ComboBox& box : ComboBoxes) {
         ComboBoxGadgetCreate(box.Number, 330, y, 110, 22, box.Flags);
         for (const std::u16string_view item : {u"First", u"Second", u"Third"}) {
             AddGadgetItem(box.Number, -1, item, item == u"Second" ? picture : nullptr);
@@ -159,14 +162,14 @@ void CreatePictures() {
     const std::int64_t small = MakePicture(16);
     CreateComboBoxes(ImageHandle(small));
     const std::int64_t picture = MakePicture(48);
-    ImageGadgetCreate(plainImage, 330, 160, 48, 48, ImageHandle(picture));
-    ImageGadgetCreate(sunkenImage, 390, 160, 48, 48, ImageHandle(picture), ImageSunken);
+    ImageGadgetCreate(PlainImage, 330, 160, 48, 48, ImageHandle(picture));
+    ImageGadgetCreate(SunkenImage, 390, 160, 48, 48, ImageHandle(picture), ImageSunken);
     ImageFree(picture);
     ImageFree(small);
-    CanvasGadgetCreate(canvas, 330, 222, 110, 60);
-    SetGadgetAttribute(canvas, CanvasCursor, CursorCrossHair);
-    OpenGadgetList(canvas);
-    ButtonGadgetCreate(buttonOnCanvas, 10, 10, 70, 20, u"On canvas");
+    CanvasGadgetCreate(Canvas, 330, 222, 110, 60);
+    SetGadgetAttribute(Canvas, CanvasCursor, CursorCrossHair);
+    OpenGadgetList(Canvas);
+    ButtonGadgetCreate(ButtonOnCanvas, 10, 10, 70, 20, u"On canvas");
     CloseGadgetList();
 }
 
@@ -176,11 +179,13 @@ void CreateMenu() {
     MenuItem(PreferencesItem, u"");
     MenuTitle(u"&Gallery");
     MenuItem(AskItem, u"&Ask...\tCTRL+SHIFT+A");
-    MenuItem(DisableItem, u"Disable for a second\tF5");
+    MenuItem(DisableItem, u"Disable this window\tF5");
     MenuOpenSubmenu(u"Other windows");
     MenuItem(OpenItem, u"Open\tCMD+O");
+    MenuItem(OpenZoomedItem, u"Open zoomed\tF7");
+    MenuItem(OpenMiniaturizedItem, u"Open miniaturized\tF8");
     MenuItem(CloseItem, u"Close");
-    MenuItem(PopupItem, u"Popup beside this one");
+    MenuItem(PopupItem, u"Popup beside this one\tF9");
     MenuCloseSubmenu();
     MenuItem(HideItem, u"Hide the plain field");
     MenuSeparator();
@@ -198,6 +203,16 @@ void CreateStatusBar() {
     StatusBarSetText(0, 2, u"right", StatusRight);
 }
 
+void OpenPlainWindow(std::uint32_t flags) {
+    WindowCreate(PlainWindow, 20, 40, 200, 120, u"Resizable",
+                 WindowResizable | WindowMaximizeBox | WindowMinimizeBox | flags);
+    ButtonGadgetCreate(DisableButton, 10, 10, 180, 20, u"Disable or enable the gallery");
+}
+
+void DisableOrEnableGallery() {
+    WindowDisable(GalleryWindow, WindowIsDisabled(GalleryWindow) ? 0 : 1);
+}
+
 void ChooseItem(std::int64_t item) {
     switch (item) {
         case AskItem:
@@ -207,12 +222,15 @@ void ChooseItem(std::int64_t item) {
             break;
         case DisableItem:
             WindowDisable(GalleryWindow, 1);
-            WindowAddTimer(
-                GalleryWindow, 1000, [](void*) { WindowDisable(GalleryWindow, 0); }, nullptr);
             break;
         case OpenItem:
-            WindowCreate(PlainWindow, 20, 40, 200, 120, u"Resizable",
-                         WindowResizable | WindowMaximizeBox | WindowMinimizeBox);
+            OpenPlainWindow(0);
+            break;
+        case OpenZoomedItem:
+            OpenPlainWindow(WindowStartZoomed);
+            break;
+        case OpenMiniaturizedItem:
+            OpenPlainWindow(WindowStartMiniaturized);
             break;
         case CloseItem:
             WindowDestroy(PlainWindow);
@@ -235,10 +253,14 @@ void ChooseItem(std::int64_t item) {
     }
 }
 
+std::u16string EventText() {
+    return CurrentEventKind() == GadgetActivity ? GetGadgetText(CurrentEventObject())
+                                                : EventDropText();
+}
+
 void PrintEvent(std::int64_t kind) {
     std::printf("%" PRId64 " %" PRId64 " %" PRId64 " %" PRId64 " %s\n", kind, CurrentEventObject(),
-                CurrentEventWindow(), CurrentEventType(), ToUtf8(EventDropText()).c_str());
-    std::fflush(stdout);
+                CurrentEventWindow(), CurrentEventType(), ToUtf8(EventText()).c_str());
 }
 
 void RunGallery() {
@@ -255,6 +277,8 @@ void RunGallery() {
             WindowDestroy(CurrentEventWindow());
         } else if (kind == MenuChosen) {
             ChooseItem(CurrentEventObject());
+        } else if (kind == GadgetActivity && CurrentEventObject() == DisableButton) {
+            DisableOrEnableGallery();
         }
     }
 }
@@ -262,12 +286,13 @@ void RunGallery() {
 }  // namespace
 
 int main() {
+    std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
     GuiStart();
     FontLoad(0, u"Arial", 8);
     SetGadgetFont(AnyNumber, 0);
     WindowCreate(GalleryWindow, 0, 0, 460, 330, u"Gallery",
                  WindowMinimizeBox | WindowScreenCentred | WindowResizable);
-    WindowSetContentLimits(GalleryWindow, 300, 200, 900, 700);
+    WindowSetContentLimits(GalleryWindow, 300, 200, 600, 450);
     EnableWindowDrop(GalleryWindow, 1);
     CreateMenu();
     CreateFields();

@@ -1,23 +1,19 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
 #include <string>
+#include <unistd.h>
 
 namespace rotavel::tests {
 
-// A new folder that disappears with the object.
+// A folder of this test program that disappears with the object.
 class TemporaryFolder {
   public:
-    TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "rotavel_XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) {
-            throw std::runtime_error("no temporary folder");
-        }
-        path = name;
+    TemporaryFolder()
+        : path(std::filesystem::temp_directory_path() / ("rotavel_" + std::to_string(getpid()))) {
+        std::filesystem::create_directory(path);
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;

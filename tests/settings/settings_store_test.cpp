@@ -18,14 +18,13 @@ using tests::ReadFile;
 using tests::TemporaryFolder;
 using tests::WriteFile;
 
-constexpr std::uint32_t Flags = GroupSpacing;
 const std::string Mark = "\xEF\xBB\xBF";
 
 class SettingsStoreTest : public testing::Test {
   protected:
     ~SettingsStoreTest() override { SettingsClose(); }
 
-    bool OpenText(const std::string& content, std::uint32_t flags = Flags) {
+    bool OpenText(const std::string& content, std::uint32_t flags = GroupSpacing) {
         SettingsClose();
         WriteFile(file, content);
         return SettingsOpen(path, flags);
@@ -45,26 +44,21 @@ class SettingsStoreTest : public testing::Test {
 TEST_F(SettingsStoreTest, ReadsValues) {
     ASSERT_TRUE(
         OpenText("Top = 0\r\n[Numbers]\r\n; MaxRPM = 1\r\nMaxRPM = +12x\r\nEmpty = \r\n"
-                 "Large = 99999999999999999999\r\nSmall = -99999999999999999999\r\n"
-                 "Real = 0x1p4,\r\nInf = +infinity\r\nNan = nAn\r\nText = \t55 \r\n"
-                 "Text = second\r\nSpace\xE9 = \xFC\r\n[Other]\r\nKey = 1\r\n"));
+                 "Large = 99999999999999999999\r\nReal = 0x1p4,\r\nNan = nAn\r\n"
+                 "Text = \t55 \r\nText = second\r\nSpace\xE9 = \xFC\r\n[Other]\r\nKey = 1\r\n"));
     EXPECT_EQ(SettingsReadInteger(u"top", 5), 0);
     EXPECT_EQ(SettingsReadInteger(u"Key", 5), 5);
     ASSERT_TRUE(SettingsSelectGroup(u"nUMBERS"));
-    EXPECT_EQ(SettingsGroupName(), u"Numbers");
     EXPECT_EQ(SettingsReadInteger(u"maxrpm", 5), 12);
     EXPECT_EQ(SettingsReadInteger(u"Empty", 5), 0);
+    EXPECT_EQ(SettingsReadInteger(u"Large", 5), std::numeric_limits<std::int64_t>::max());
     EXPECT_EQ(SettingsReadNumber(u"Empty", 5.5), 0.0);
     EXPECT_EQ(SettingsReadNumber(u"Missing", 5.5), 5.5);
-    EXPECT_EQ(SettingsReadInteger(u"Large", 5), std::numeric_limits<std::int64_t>::max());
-    EXPECT_EQ(SettingsReadInteger(u"Small", 5), std::numeric_limits<std::int64_t>::min());
     EXPECT_EQ(SettingsReadNumber(u"Real", 5.5), 16.0);
-    EXPECT_EQ(SettingsReadNumber(u"Inf", 5.5), std::numeric_limits<double>::infinity());
     EXPECT_TRUE(std::isnan(SettingsReadNumber(u"Nan", 5.5)));
     EXPECT_EQ(SettingsReadString(u"TEXT", u"none"), u"55 ");
     EXPECT_EQ(SettingsReadString(u"Space\u00E9", u"none"), u"\u00FC");
     EXPECT_EQ(SettingsReadString(u"Space\u00C9", u"none"), u"none");
-    EXPECT_EQ(SettingsReadString(u"", u"none"), u"none");
 }
 
 TEST_F(SettingsStoreTest, VisitsEveryGroupAndSelectsTheFirstOfAName) {
@@ -78,13 +72,11 @@ TEST_F(SettingsStoreTest, VisitsEveryGroupAndSelectsTheFirstOfAName) {
     EXPECT_TRUE(SettingsSelectGroup(u"b"));
     EXPECT_EQ(SettingsReadInteger(u"k", 0), 1);
     EXPECT_FALSE(SettingsSelectGroup(u"c"));
-    EXPECT_EQ(SettingsGroupName(), u"B");
     EXPECT_EQ(SettingsReadInteger(u"k", 0), 0);
     EXPECT_TRUE(SettingsSelectGroup(u""));
     EXPECT_EQ(SettingsReadInteger(u"a", 0), 1);
     SettingsClose();
     EXPECT_FALSE(SettingsSelectGroup(u"b"));
-    EXPECT_FALSE(SettingsRewindGroups());
     EXPECT_FALSE(SettingsNextGroup());
 }
 
@@ -98,12 +90,9 @@ TEST_F(SettingsStoreTest, RewritesTheFile) {
         {"a=1\r\n\r\n[G]\r\n;c\r\nk=1\r\n\r\n[H]\r\n", u"G", GroupSpacing,
          Mark + "\na = 1\n[G]\n; c\nk = 1\nNew = x\n\n[H]\n"},
         {Mark + "[G]\nk = 1", u"", CompactSeparator, Mark + "\nNew=x\n[G]\nk=1\n"},
-        {"a=1\n[G]", u"", 0, Mark + "\na = 1\nNew = x\n[G]\n"},
         {"[G]\nNEW = longer  \n[H]", u"g", 0, Mark + "\n[G]\nNew = x\n[H]\n"},
-        {"[G]\n[H]", u"H", GroupSpacing, Mark + "\n[G]\n\n[H]\nNew = x\n"},
         {"[G]\nk=1", u"Missing", GroupSpacing, Mark + "\n[G]\nk = 1\n\n[Missing]\nNew = x\n"},
         {"", u"", 0, "New = x\n"},
-        {Mark, u"", 0, Mark + "\nNew = x\n"},
         {Mark + "[\xFF]\n\xC3=\xE9", u"", 0, Mark + "\nNew = x\n[\xFF]\n\xC3 = \xE9\n"},
         {"k = \xE9\n", u"", 0, Mark + "\nk = \xC3\xA9\nNew = x\n"},
         {std::string("z\0=\0 0\n", 7), u"", 0, Mark + std::string("\nz\0 = \0 0\nNew = x\n", 18)},
@@ -113,36 +102,34 @@ TEST_F(SettingsStoreTest, RewritesTheFile) {
         SettingsSelectGroup(group);
         EXPECT_TRUE(SettingsWriteString(u"New", u"x"));
         EXPECT_EQ(SettingsReadString(u"new", u""), u"x");
-        EXPECT_EQ(ReadFile(file), before);
+        EXPECT_EQ(ReadFile(file), before) << "nothing is written before the flush";
         EXPECT_EQ(Closed(), after);
     }
 }
 
 TEST_F(SettingsStoreTest, KeepsValuesOfEveryLengthApart) {
     ASSERT_TRUE(OpenText("a = 12345\nb = 2\n"));
-    const std::u16string values[] = {u"123456", u"1", u"12", u"", std::u16string(5000, u'\u00E9'),
-                                     u" x\n=y"};
-    for (const std::u16string& value : values) {
+    for (const std::u16string& value : {std::u16string(u"123456"), std::u16string(u"1"),
+                                        std::u16string(), std::u16string(5000, u'\u00E9')}) {
         EXPECT_TRUE(SettingsWriteString(u"A", value));
-        EXPECT_EQ(SettingsReadString(u"a", u""), value.substr(value.starts_with(u' ') ? 1 : 0));
+        EXPECT_EQ(SettingsReadString(u"a", u""), value);
         EXPECT_EQ(SettingsReadInteger(u"b", 0), 2);
         EXPECT_TRUE(SettingsFlush());
         EXPECT_FALSE(SettingsFlush());
     }
+    EXPECT_TRUE(SettingsWriteString(u"a", u" x\n=y"));
     EXPECT_TRUE(SettingsWriteInteger(u"b", std::numeric_limits<std::int64_t>::min()));
-    EXPECT_EQ(Closed(), Mark + "\nA =  x\n=y\nb = -9223372036854775808\n");
+    EXPECT_EQ(Closed(), Mark + "\na =  x\n=y\nb = -9223372036854775808\n");
 }
 
 TEST_F(SettingsStoreTest, CreatesAMissingFileAtTheFirstFlush) {
-    EXPECT_FALSE(SettingsOpen(path, Flags));
-    EXPECT_TRUE(SettingsRewindGroups());
+    EXPECT_FALSE(SettingsOpen(path, GroupSpacing));
     EXPECT_FALSE(SettingsFlush());
     EXPECT_FALSE(SettingsSelectGroup(u"G"));
     EXPECT_TRUE(SettingsWriteString(u"k", u"1"));
     EXPECT_FALSE(SettingsSelectGroup(u"H"));
     EXPECT_TRUE(SettingsWriteString(u"k", u"2"));
-    // Opening closes, and so writes, what is open.
-    EXPECT_TRUE(SettingsOpenDefault(path));
+    EXPECT_TRUE(SettingsOpenDefault(path)) << "opening writes and closes what is open";
     EXPECT_EQ(ReadFile(file), Mark + "\n[G]\nk = 1\n\n[H]\nk = 2\n");
 
     EXPECT_FALSE(SettingsOpenDefault(ToUtf16(folder.Path())));
@@ -156,18 +143,29 @@ TEST_F(SettingsStoreTest, NeverRewritesAFileOpenedForReadingOnly) {
     // Permissions do not bind the superuser, who opens the file as somebody else.
     const bool isSuperuser = geteuid() == 0;
     ASSERT_TRUE(!isSuperuser || seteuid(65534) == 0);
-    EXPECT_TRUE(SettingsOpen(path, Flags));
+    EXPECT_TRUE(SettingsOpenDefault(path));
     ASSERT_TRUE(!isSuperuser || seteuid(0) == 0);
     EXPECT_TRUE(SettingsWriteString(u"k", u"2"));
     EXPECT_EQ(SettingsReadInteger(u"k", 0), 2);
     EXPECT_FALSE(SettingsFlush());
-    EXPECT_FALSE(SettingsSelectGroup(u""));  // the flush has closed the file
     EXPECT_EQ(Closed(), "k = 1\n");
 }
 
-TEST_F(SettingsStoreTest, LeavesTheFileWholeWhenItCannotGrow) {
+TEST_F(SettingsStoreTest, NeverRewritesAFileTooLargeToRead) {
+    WriteFile(file, "k = 1\n");
+    constexpr std::uintmax_t size = std::uintmax_t{3} << 30;
+    std::filesystem::resize_file(file, size);
+    EXPECT_TRUE(SettingsOpenDefault(path));
+    EXPECT_EQ(SettingsReadInteger(u"k", 5), 5);
+    EXPECT_TRUE(SettingsWriteString(u"k", u"2"));
+    SettingsClose();
+    EXPECT_EQ(std::filesystem::file_size(file), size);
+}
+
+TEST_F(SettingsStoreTest, LeavesTheFileWholeWhenTheDiskIsFull) {
     ASSERT_TRUE(OpenText("k = 1\n"));
     EXPECT_TRUE(SettingsWriteString(u"k", std::u16string(10000, u'x')));
+    // A limit on file sizes stands in for the disk's.
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit old = {};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
@@ -177,18 +175,6 @@ TEST_F(SettingsStoreTest, LeavesTheFileWholeWhenItCannotGrow) {
     EXPECT_EQ(ReadFile(file), "k = 1\n");
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &old), 0);
     EXPECT_TRUE(SettingsFlush());
-}
-
-TEST_F(SettingsStoreTest, NeverRewritesAFileTooLargeToRead) {
-    WriteFile(file, "k = 1\n");
-    constexpr off_t size = off_t{3} << 30;
-    ASSERT_EQ(truncate(file.c_str(), size), 0);
-    EXPECT_TRUE(SettingsOpen(path, Flags));
-    EXPECT_EQ(SettingsReadInteger(u"k", 5), 5);
-    EXPECT_TRUE(SettingsWriteString(u"k", u"2"));
-    EXPECT_FALSE(SettingsFlush());
-    SettingsClose();
-    EXPECT_EQ(std::filesystem::file_size(file), static_cast<std::uintmax_t>(size));
 }
 
 }  // namespace

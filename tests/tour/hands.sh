@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Sourced by tour.sh: the rider's hands and eyes. stage.sh tells them the window and their patience.
+# Sourced by tour.sh: the rider's hands and eyes. virtual_display.sh and stage.sh set what they use.
 # shellcheck disable=SC2154
 
 # Centres of gadgets and menu titles, from the top left corner of the window below its menu bar. A
@@ -18,12 +18,6 @@ for gear in 1 2 3 4 5 6; do
     place[Calc rpm $gear]="355 $y"
 done
 content_height=500
-
-# look_at WINDOW: where it is on the screen, menu bar included.
-look_at() {
-    read -r left top width height < <(xwininfo -id "$1" |
-        awk '/Absolute|Width:|Height:/ { line = line " " $NF } END { print line }')
-}
 
 click() {
     local x y

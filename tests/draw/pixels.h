@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QImage>
+#include <QRect>
+
+#include "draw/image.h"
+#include "gui/native/native_image.h"
+#include "gui_test.h"
+#include "runtime/numbered_objects.h"
+
+namespace rotavel::tests {
+
+inline constexpr QRgb Black = 0x000000;
+inline constexpr QRgb White = 0xFFFFFF;
+
+// A test that looks at images, in the program's pixels whatever the screen's
+// scale.
+class DrawTest : public GuiTest {
+  protected:
+    void TearDown() override {
+        ImageFree(AnyNumber);
+        GuiTest::TearDown();
+    }
+};
+
+// The colour at the middle of a pixel: 0xRRGGBB.
+inline QRgb PixelOf(const QImage& bitmap, int x, int y) {
+    const double scale = bitmap.devicePixelRatio();
+    return bitmap.pixel(static_cast<int>((x + 0.5) * scale), static_cast<int>((y + 0.5) * scale)) &
+           0xFFFFFF;
+}
+inline QRgb PixelOf(std::int64_t image, int x, int y) {
+    return PixelOf(*FromHandle(ImageHandle(image)), x, y);
+}
+inline QSize SizeOf(std::int64_t image) {
+    return FromHandle(ImageHandle(image))->deviceIndependentSize().toSize();
+}
+
+// What is to be seen in a rectangle of an image that was white.
+struct Ink {
+    QRect Covered;  // the smallest rectangle around it
+    int Pixels = 0;
+};
+inline Ink InkIn(std::int64_t image, const QRect& within = {0, 0, 1000, 1000}) {
+    Ink ink;
+    const QRect visible = within & QRect({}, SizeOf(image));
+    for (int y = visible.top(); y <= visible.bottom(); ++y) {
+        for (int x = visible.left(); x <= visible.right(); ++x) {
+            const bool isInk = PixelOf(image, x, y) != White;
+            ink.Covered |= isInk ? QRect(x, y, 1, 1) : QRect();
+            ink.Pixels += isInk ? 1 : 0;
+        }
+    }
+    return ink;
+}
+
+}  // namespace rotavel::tests

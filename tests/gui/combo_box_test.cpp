@@ -1,0 +1,82 @@
+#include "gui/combo_box_gadget.h"
+#include "gui/gadget.h"
+#include "gui/window.h"
+#include "gui_test.h"
+
+namespace rotavel {
+namespace {
+
+using namespace tests;
+
+class ComboBoxTest : public GuiTest {
+  protected:
+    ComboBoxTest() { WindowCreate(0, 0, 0, 200, 100); }
+
+    static void Create(std::initializer_list<const char16_t*> items, std::uint32_t flags = 0) {
+        ComboBoxGadgetCreate(1, 0, 0, 80, 20, flags);
+        for (const char16_t* const item : items) {
+            EXPECT_NE(AddGadgetItem(1, -1, item), 0);
+        }
+    }
+    static std::u16string Items() {
+        std::u16string items;
+        for (std::int64_t item = 0; item < CountGadgetItems(1); ++item) {
+            items += GetGadgetItemText(1, item) + u",";
+        }
+        return items;
+    }
+};
+
+TEST_F(ComboBoxTest, ItemsComeAndGoWithoutChangingTheChoice) {
+    Create({u"a", u"b", u"c"});
+    EXPECT_EQ(GetGadgetState(1), -1) << "filling selects nothing";
+    EXPECT_EQ(GetGadgetText(1), u"");
+    SetGadgetState(1, 1);
+    AddGadgetItem(1, 0, u"first");
+    AddGadgetItem(1, 4, u"last");
+    AddGadgetItem(1, -7, u"end");
+    SetGadgetItemText(1, 3, u"C");
+    SetGadgetItemData(1, 3, std::int64_t{1} << 40);
+    RemoveGadgetItem(1, 1);
+    for (const std::int64_t none : {-1, 5}) {
+        RemoveGadgetItem(1, none);
+        SetGadgetItemText(1, none, u"x");
+        EXPECT_EQ(GetGadgetItemText(1, none), u"");
+    }
+    EXPECT_EQ(Items(), u"first,b,C,last,end,");
+    EXPECT_EQ(GetGadgetItemData(1, 2), std::int64_t{1} << 40);
+    EXPECT_EQ(GetGadgetItemData(1, 1), 0);
+    SetGadgetState(1, 5);
+    EXPECT_EQ(GetGadgetState(1), 1);
+    EXPECT_EQ(GetGadgetText(1), u"b");
+    ClearGadgetItems(1);
+    EXPECT_EQ(CountGadgetItems(1), 0);
+    AddGadgetItem(1, -1, u"new");
+    EXPECT_EQ(GetGadgetState(1), -1);
+    EXPECT_EQ(Taken(), "");
+}
+
+TEST_F(ComboBoxTest, SetTextSelectsTheItemWithIt) {
+    const struct {
+        std::uint32_t Flags;
+        const char16_t* Set;
+        std::int64_t State;
+        const char16_t* Items;
+    } cases[] = {
+        {0, u"aBc", 1, u"ABC,aBc,abc,ab,"},
+        {0, u"aB", 3, u"ABC,aBc,abc,ab,"},
+        {ComboBoxLowerCase, u"ABC", 0, u"abc,abc,abc,ab,"},
+        {ComboBoxUpperCase, u"abc", 0, u"ABC,ABC,ABC,AB,"},
+        {ComboBoxUpperCase | ComboBoxLowerCase, u"none", 3, u"abc,abc,abc,ab,"},
+    };
+    for (const auto& [flags, set, state, items] : cases) {
+        Create({u"ABC", u"aBc", u"abc", u"ab"}, flags);
+        SetGadgetState(1, 3);
+        SetGadgetText(1, set);
+        EXPECT_EQ(GetGadgetState(1), state);
+        EXPECT_EQ(Items(), items);
+    }
+}
+
+}  // namespace
+}  // namespace rotavel

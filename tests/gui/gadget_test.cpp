@@ -1,0 +1,154 @@
+#include "gui/gadget.h"
+
+#include <QWidget>
+
+#include "gui/button_gadget.h"
+#include "gui/font.h"
+#include "gui/gadget_list.h"
+#include "gui/native/gadget_record.h"
+#include "gui/native/qz_views.h"
+#include "gui/native/qz_window.h"
+#include "gui/string_gadget.h"
+#include "gui/text_gadget.h"
+#include "gui/window.h"
+#include "gui_test.h"
+
+namespace rotavel {
+namespace {
+
+using namespace tests;
+
+class GadgetTest : public GuiTest {
+  protected:
+    GadgetTest() { WindowCreate(0, 100, 100, 300, 200); }
+};
+
+TEST_F(GadgetTest, LivesFromItsCreationUntilItIsFreed) {
+    const std::int64_t handle = StringGadgetCreate(5, 0, 0, 50, 20, u"first");
+    EXPECT_EQ(handle, reinterpret_cast<std::intptr_t>(View(5)));
+    StringGadgetCreate(5, 0, 0, 50, 20, u"second");
+    const std::int64_t automatic = ButtonGadgetCreate(AnyNumber, 0, 0, 50, 20, u"Bed && <b>");
+    EXPECT_EQ(GetGadgetText(5) + GetGadgetText(automatic), u"secondBed && <b>");
+    EXPECT_EQ(ButtonGadgetCreate(-2, 0, 0, 50, 20, u"x"), 0);
+    FreeGadget(5);
+    FreeGadget(5);
+    delete View(automatic);
+    EXPECT_FALSE(GadgetExists(automatic)) << "a record never outlives its view";
+    // Operations on a number that is not open do nothing.
+    ActivateGadget(5);
+    ResizeGadget(5, 1, 2, 3, 4);
+    SetGadgetText(5, u"x");
+    EXPECT_EQ(GetGadgetText(5) + GetGadgetItemText(5, 0), u"");
+    EXPECT_EQ(AddGadgetItem(5, -1, u"x") + GetGadgetState(5) + GadgetWidth(5), 0);
+    // A label serves neither state nor items.
+    TextGadgetCreate(5, 0, 0, 50, 20);
+    SetGadgetState(5, 1);
+    AddGadgetItem(5, -1, u"item");
+    EXPECT_EQ(GetGadgetText(5), u"");
+    EXPECT_EQ(GetGadgetState(5) + CountGadgetItems(5), 0);
+    FreeGadget(AnyNumber);
+    EXPECT_FALSE(GadgetExists(5));
+}
+
+TEST_F(GadgetTest, MayGoInTheMiddleOfItsOwnEvent) {
+    ButtonGadgetCreate(1, 0, 0, 50, 20, u"B");
+    StringGadgetCreate(2, 0, 30, 50, 20);
+    ForgetEvents();
+    BindEvent([] { FreeGadget(1); }, GadgetActivity, 0, 1);
+    BindEvent([] { WindowDestroy(0); }, GadgetActivity, 0, 2, Change);
+    Click(1);
+    EXPECT_FALSE(GadgetExists(1));
+    Click(2);
+    Type("x");
+    EXPECT_FALSE(WindowExists(0));
+}
+
+TEST_F(GadgetTest, IsPlacedInTheCurrentContainer) {
+    auto* const box = new QWidget(Native(0)->ContentView());
+    box->move(40, 30);
+    QzGadgetList& list = *QzGadgetList::CurrentList();
+    list.Push(ToHandle(box));
+    StringGadgetCreate(1, 5, 6, 70, 20);
+    using Place = std::pair<std::int64_t, std::int64_t>;
+    const auto place = [](int mode) { return Place(GadgetX(1, mode), GadgetY(1, mode)); };
+    EXPECT_EQ(place(InContainer), Place(5, 6));
+    EXPECT_EQ(place(InWindow), Place(45, 36));
+    EXPECT_EQ(place(OnScreen),
+              Place(WindowGetX(0, InnerContent) + 45, WindowGetY(0, InnerContent) + 36));
+    ResizeGadget(1, IgnoreValue, IgnoreValue, 80, IgnoreValue);
+    ResizeGadget(1, 7, IgnoreValue, IgnoreValue, 25);
+    EXPECT_EQ(View(1)->geometry(), QRect(7, 6, 80, 25));
+
+    const auto container = [] {
+        return TextGadgetCreate(3, 0, 0, 10, 10) == 0 ? nullptr : View(3)->parentWidget();
+    };
+    list.PushNoView();
+    EXPECT_EQ(container(), nullptr);
+    list.Pop();
+    EXPECT_EQ(container(), box);
+    list.Pop();
+    list.Set(ToHandle(box));
+    EXPECT_EQ(container(), box);
+    list.Pop();
+    EXPECT_EQ(container(), Native(0)->ContentView()) << "where an empty stack leads";
+    WindowCreate(1, 0, 0, 50, 50, u"", WindowOutsideGadgetList);
+    EXPECT_EQ(container(), Native(0)->ContentView());
+    EXPECT_EQ(QzGadgetList::SetWindow(WindowNativeHandle(1)), WindowNativeHandle(0));
+    EXPECT_EQ(container(), Native(1)->ContentView());
+    EXPECT_EQ(GadgetRegistry().Find(3)->Window, 1);
+}
+
+TEST_F(GadgetTest, TakesTheFontThatIsTheDefaultAtItsCreation) {
+    FontLoad(4, u"Arial", 11.5);
+    SetGadgetFont(AnyNumber, 4);
+    TextGadgetCreate(1, 0, 0, 50, 20);
+    SetGadgetFont(AnyNumber, AnyNumber);
+    TextGadgetCreate(2, 0, 0, 50, 20);
+    EXPECT_EQ(View(1)->font().pointSizeF(), 11.5);
+    EXPECT_EQ(GetGadgetFont(1), 4);
+    SetGadgetFont(1, AnyNumber);
+    EXPECT_EQ(View(1)->font(), View(2)->font());
+    EXPECT_EQ(GetGadgetFont(1), AnyNumber);
+}
+
+TEST_F(GadgetTest, ActivatingGivesAndTakesTheKeyboard) {
+    StringGadgetCreate(1, 0, 0, 50, 20);
+    StringGadgetCreate(2, 60, 0, 50, 20);
+    DisableGadget(2, 1);
+    WindowCreate(1, 0, 0, 50, 50);
+    ForgetEvents();
+    ActivateGadget(1);
+    ForgetEvents();
+    EXPECT_EQ(KeyWindowNumber(), 0);
+    ActivateGadget(2);
+    Type("a");
+    EXPECT_EQ(Taken(), "Change 1") << "a disabled field does not get the keyboard";
+    ActivateGadget(AnyNumber);
+    Type("b");
+    EXPECT_EQ(Taken(), "LostFocus 1");
+    EXPECT_EQ(GetGadgetText(1), u"a");
+}
+
+TEST_F(GadgetTest, HasColours) {
+    StringGadgetCreate(1, 0, 0, 100, 20);
+    TextGadgetCreate(2, 0, 30, 100, 20);
+    for (const std::int64_t gadget : {1, 2}) {
+        const auto middle = [gadget] { return View(gadget)->grab().toImage().pixelColor(50, 10); };
+        for (const std::int64_t type : {FrontColour, BackColour}) {
+            const std::int64_t own = GetGadgetColor(gadget, type);
+            SetGadgetColor(gadget, type, 0xFF00FF00);
+            EXPECT_EQ(GetGadgetColor(gadget, type), 0xFF00FF00);
+            EXPECT_EQ(middle() == QColor(Qt::green), type == BackColour);
+            SetGadgetColor(gadget, type, NoColour);
+            EXPECT_EQ(GetGadgetColor(gadget, type), own);
+            EXPECT_NE(middle(), QColor(Qt::green));
+        }
+    }
+    DisableGadget(2, 1);
+    EXPECT_NE(GetGadgetColor(2, FrontColour), 0xFF00FF00);
+    DisableGadget(2, 0);
+    EXPECT_EQ(GetGadgetColor(2, FrontColour), 0xFF00FF00) << "a label keeps the colour set last";
+}
+
+}  // namespace
+}  // namespace rotavel

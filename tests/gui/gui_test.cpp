@@ -1,0 +1,152 @@
+#include "gui_test.h"
+
+#include <cstdlib>
+#include <map>
+
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+#include <QWindow>
+
+#include "gui/application.h"
+#include "gui/event_loop.h"
+#include "gui/font.h"
+#include "gui/gadget.h"
+#include "gui/native/gadget_record.h"
+#include "gui/native/qz_views.h"
+#include "gui/native/window_record.h"
+#include "gui/window.h"
+
+namespace rotavel::tests {
+
+namespace {
+
+class Toolkit final : public testing::Environment {
+  public:
+    void SetUp() override {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        GuiStart();
+    }
+    void TearDown() override { GuiStop(); }
+};
+
+[[maybe_unused]] const testing::Environment* const toolkit =
+    testing::AddGlobalTestEnvironment(new Toolkit);
+
+using Names = std::map<std::uint32_t, const char*>;
+
+const Names inputNames = {{MenuChosen, "Menu"},      {CloseRequested, "Close"},
+                          {GadgetActivity, "Press"}, {RightClick, "RightClick"},
+                          {LeftClick, "Click"},      {LeftDoubleClick, "DoubleClick"}};
+const Names windowNames = {{WindowMoved, "Moved"},         {WindowResized, "Resized"},
+                           {WindowActivated, "Activated"}, {WindowDeactivated, "Deactivated"},
+                           {WindowMinimized, "Minimized"}, {WindowMaximized, "Maximized"},
+                           {WindowRestored, "Restored"}};
+const Names typeNames = {{Focus, "Focus"}, {LostFocus, "LostFocus"}, {Change, "Change"}};
+
+std::string TakenOf(const Names& names) {
+    std::string taken;
+    // A first turn may have nothing to report but leave something for the next.
+    for (int idleTurns = 0; idleTurns < 2;) {
+        const std::int64_t kind = WaitForEvent(0);
+        idleTurns = kind == 0 ? idleTurns + 1 : 0;
+        const auto name = names.find(CurrentEventKind());
+        if (kind <= 0 || name == names.end()) {
+            continue;
+        }
+        const auto typeName = typeNames.find(static_cast<std::uint32_t>(CurrentEventType()));
+        taken.append(taken.empty() ? "" : ", ");
+        taken.append(typeName == typeNames.end() ? name->second : typeName->second);
+        taken.append(" ").append(std::to_string(CurrentEventObject()));
+        if (CurrentEventWindow() != 0 && (kind == MenuChosen || kind == GadgetActivity)) {
+            taken.append("@").append(std::to_string(CurrentEventWindow()));
+        }
+    }
+    return taken;
+}
+
+void ClickNative(QWidget& widget, QPoint place, Qt::MouseButton button) {
+    QWidget& window = *widget.window();
+    QTest::mouseClick(window.windowHandle(), button, {}, widget.mapTo(&window, place));
+}
+
+std::string Outline(const QList<QAction*>& actions) {
+    std::string outline;
+    for (const QAction* const action : actions) {
+        outline += action->isSeparator() ? "-" : action->text().toStdString();
+        if (action->menu() != nullptr) {
+            outline.append("(").append(Outline(action->menu()->actions())).append(")");
+        }
+        outline += ",";
+    }
+    return outline;
+}
+
+}  // namespace
+
+void GuiTest::TearDown() {
+    WindowDestroy(AnyNumber);
+    SetGadgetFont(AnyNumber, AnyNumber);
+    FreeFont(AnyNumber);
+    ForgetEvents();
+    ReleaseEventQueue();
+}
+
+std::string Taken() {
+    return TakenOf(inputNames);
+}
+
+std::string TakenOfWindows() {
+    return TakenOf(windowNames);
+}
+
+void ForgetEvents() {
+    TakenOf({});
+}
+
+QzWindow* Native(std::int64_t window) {
+    return FromHandle(WindowNativeHandle(window));
+}
+
+QWidget* View(std::int64_t gadget) {
+    const GadgetRecord* const record = GadgetRegistry().Find(gadget);
+    return record == nullptr ? nullptr : record->View;
+}
+
+std::int64_t KeyWindowNumber() {
+    return WindowNumberOf(QApplication::activeWindow());
+}
+
+void Type(std::string_view text) {
+    for (const char each : text) {
+        QTest::keyClick(QGuiApplication::focusWindow(), each);
+    }
+}
+
+void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(QGuiApplication::focusWindow(), key, modifiers);
+}
+
+void Click(std::int64_t gadget) {
+    ClickNative(*View(gadget), View(gadget)->rect().center(), Qt::LeftButton);
+}
+
+void ClickContent(std::int64_t window, QPoint place, Qt::MouseButton button) {
+    ClickNative(*Native(window)->ContentView(), place, button);
+}
+
+void AskToClose(std::int64_t window) {
+    Native(window)->windowHandle()->close();
+}
+
+void ClickMenuTitle(std::int64_t window, int title) {
+    QMenuBar& bar = *Native(window)->MenuBar();
+    ClickNative(bar, bar.actionGeometry(bar.actions().at(title)).center(), Qt::LeftButton);
+}
+
+std::string MenuOutline(std::int64_t window) {
+    return Outline(Native(window)->MenuBar()->actions());
+}
+
+}  // namespace rotavel::tests

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <gtest/gtest.h>
+#include <string>
+#include <string_view>
+
+#include <QPoint>
+#include <Qt>
+
+#include "gui/event_queue.h"
+
+class QWidget;
+
+namespace rotavel {
+class QzWindow;
+}
+
+namespace rotavel::tests {
+
+// A test that drives widgets on the toolkit's offscreen platform, where no display is needed. The
+// toolkit is started once for the whole test program; each test leaves it without windows.
+class GuiTest : public testing::Test {
+  protected:
+    void TearDown() override;
+};
+
+// Lets everything native happen that is due and takes every event. Returns those that tell of input
+// (menus, gadgets, clicks, close boxes) or of windows (moved, resized, activated and so on), each
+// as "name object", with "@window" for a gadget or menu of another window than 0.
+std::string Taken();
+std::string TakenOfWindows();
+void ForgetEvents();
+
+QzWindow* Native(std::int64_t window);
+QWidget* View(std::int64_t gadget);
+// The window that has the keyboard, -1 for none.
+std::int64_t KeyWindowNumber();
+
+// Input as it arrives from the windowing system: keys go where the keyboard focus is, a click to
+// what is topmost at the place.
+void Type(std::string_view text);
+void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+void Click(std::int64_t gadget);
+// At a place of a window's content.
+void ClickContent(std::int64_t window, QPoint place, Qt::MouseButton button = Qt::LeftButton);
+// What the title bar's close box and Alt+F4 ask for.
+void AskToClose(std::int64_t window);
+// Opens a menu of a window's bar; the application menu is title 0.
+void ClickMenuTitle(std::int64_t window, int title);
+// A window's menu bar as "title(item,-,submenu(item,),),"; "-" is a separator.
+std::string MenuOutline(std::int64_t window);
+
+}  // namespace rotavel::tests

@@ -1,0 +1,98 @@
+#include "gui/string_gadget.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include "gui/gadget.h"
+#include "gui/native/native_text.h"
+#include "gui/window.h"
+#include "gui_test.h"
+
+namespace rotavel {
+namespace {
+
+using namespace tests;
+
+// Keys that a script of typing names besides characters.
+constexpr char Back = '\b';
+constexpr char Left = '\x02';
+constexpr char All = '\x01';
+constexpr char Cut = '\x18';
+constexpr char Paste = '\x16';
+constexpr char Undo = '\x1A';
+
+void Play(const std::string& script) {
+    for (const char key : script) {
+        if (key == Back) {
+            Press(Qt::Key_Backspace);
+        } else if (key == Left) {
+            Press(Qt::Key_Left);
+        } else if (key < ' ') {
+            Press(Qt::Key(Qt::Key_A + key - 1), Qt::ControlModifier);
+        } else {
+            Type({&key, 1});
+        }
+    }
+}
+
+using StringGadgetTest = GuiTest;
+
+TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
+    WindowCreate(0, 0, 0, 200, 100);
+    static int changes;  // posted, merged ones too
+    BindEvent([] { ++changes; }, GadgetActivity, -1, 1, Change);
+    const struct {
+        std::uint32_t Flags;
+        std::int64_t MaximumLength;  // 0: none set
+        std::u16string Set, Pasted;
+        std::string Script;  // from the end of the text
+        std::u16string Result;
+        int Changes;
+    } cases[] = {
+        {0, 0, u"", u"", "a B-1.", u"a B-1.", 6},
+        {0, 0, u"", u"\u20AC\u00DF", {Paste, Paste}, u"\u20AC\u00DF\u20AC\u00DF", 2},
+        {0, 0, u"set", u"", {'a', 'b', Undo, Undo}, u"set", 3},
+        {StringNumeric, 0, u"", u"", "0-0 7.x", u"007", 3},
+        {StringNumeric, 0, u"13", u"", {Left, 'x', '2', '5'}, u"1253", 2},
+        {StringNumeric, 0, u"1", u"2.3", {Paste}, u"1", 0},
+        {StringNumeric, 0, u"1", u"\u0662", {Paste}, u"1", 0},
+        {StringNumeric, 0, u"1", u"23", {Paste, Back, Back, Back}, u"", 4},
+        {StringNumeric | StringUpperCase, 0, u"1", u"", "a2", u"12", 1},
+        {StringNumeric, 0, u"55 ", u"", "6", u"55 ", 0},
+        {StringNumeric, 0, u"55 ", u"", {Back, Undo}, u"55", 1},
+        {StringNumeric, 0, u"5 5 ", u"", {Back}, u"5 5 ", 0},
+        {StringNumeric, 0, u"5 5 ", u"", {All, '7', '8'}, u"78", 2},
+        {StringNumeric, 0, u"5 5 ", u"", {All, Cut}, u"", 1},
+        {0, 3, u"", u"", "abcd", u"abc", 3},
+        {0, 3, u"a", u"bcd", {Paste, 'x'}, u"ax", 1},
+        {0, 3, u"longer", u"", {Back, All, 'x'}, u"x", 1},
+        {StringUpperCase, 0, u"ac", u"", {Left, 'b', 'x'}, u"ABXC", 2},
+        {StringUpperCase, 0, u"a", u"\u00DF", {Paste}, u"ASS", 1},
+        {StringLowerCase, 0, u"AB", u"CD", {Paste, 'E'}, u"abcde", 2},
+        {StringUpperCase | StringLowerCase, 0, u"aBc", u"", {}, u"abc", 0},
+        {StringUpperCase | StringLowerCase, 0, u"aBc", u"", {'d'}, u"ABCD", 1},
+        {StringReadOnly, 0, u"abc", u"d", {'d', Back, Paste, All, Cut}, u"abc", 0},
+        {StringPassword | StringUpperCase, 0, u"a", u"", {'b', Back, 'c'}, u"AC", 3},
+        {0, 0, std::u16string(40'000, u'x'), u"", {Back}, std::u16string(39'999, u'x'), 1},
+    };
+    for (const auto& each : cases) {
+        StringGadgetCreate(1, 0, 0, 100, 20, u"", each.Flags);
+        EXPECT_EQ(GetGadgetAttribute(1, StringMaximumLength), 2147483647);
+        if (each.MaximumLength != 0) {
+            SetGadgetAttribute(1, StringMaximumLength, each.MaximumLength);
+        }
+        ActivateGadget(1);
+        ForgetEvents();
+        changes = 0;
+        SetGadgetText(1, u"0");
+        SetGadgetText(1, each.Set);
+        QGuiApplication::clipboard()->setText(ToQString(each.Pasted));
+        Press(Qt::Key_End);
+        Play(each.Script);
+        EXPECT_EQ(GetGadgetText(1), each.Result);
+        EXPECT_EQ(changes, each.Changes) << ToQString(each.Result).toStdString();
+    }
+}
+
+}  // namespace
+}  // namespace rotavel

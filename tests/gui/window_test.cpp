@@ -1,0 +1,185 @@
+#include "gui/window.h"
+
+#include <QLabel>
+#include <QScreen>
+#include <QWindow>
+
+#include "gui/gadget.h"
+#include "gui/menu.h"
+#include "gui/native/qz_views.h"
+#include "gui/native/qz_window.h"
+#include "gui/status_bar.h"
+#include "gui/string_gadget.h"
+#include "gui_test.h"
+#include "runtime/numbered_objects.h"
+
+namespace rotavel {
+namespace {
+
+using namespace tests;
+
+using WindowTest = GuiTest;
+using Pair = std::pair<std::int64_t, std::int64_t>;
+
+Pair Corner(std::int64_t window) {
+    return {WindowGetX(window), WindowGetY(window)};
+}
+
+Pair Content(std::int64_t window) {
+    return {WindowGetWidth(window), WindowGetHeight(window)};
+}
+
+TEST_F(WindowTest, HasTheNumberPlaceAndSizeItWasGiven) {
+    const std::int64_t handle = WindowCreate(3, 30, 40, 200, 100, u"a[*]b");
+    EXPECT_EQ(handle, reinterpret_cast<std::intptr_t>(WindowNativeHandle(3)));
+    EXPECT_EQ(Corner(3), Pair(30, 40));
+    EXPECT_EQ(Native(3)->windowHandle()->title(), "a[*]b");
+    MenuCreate(0, WindowNativeHandle(3));
+    EXPECT_EQ(Content(3), Pair(200, 100)) << "the menu bar takes nothing from the content";
+    WindowSetBounds(3, IgnoreValue, 50, 210, IgnoreValue);
+    EXPECT_EQ(Corner(3), Pair(30, 50));
+    EXPECT_EQ(Content(3), Pair(210, 100));
+
+    StringGadgetCreate(1, 0, 0, 10, 10);
+    WindowCreate(3, IgnoreValue, 5, 50, 60);
+    ForgetEvents();
+    EXPECT_FALSE(GadgetExists(1)) << "the window that held the number is gone";
+    const QRect room = Native(3)->screen()->availableGeometry();
+    EXPECT_LE((Native(3)->frameGeometry().center() - room.center()).manhattanLength(), 2);
+    const std::int64_t automatic = WindowCreate(AnyNumber, 0, 0, 70, 80);
+    EXPECT_EQ(Content(automatic), Pair(70, 80));
+    WindowDestroy(AnyNumber);
+    EXPECT_FALSE(WindowExists(3) || WindowExists(automatic));
+    EXPECT_EQ(Content(3), Pair(0, 0));
+    EXPECT_EQ(WindowCreate(0, 0, 0, 32768, 10), 0);
+    EXPECT_EQ(WindowCreate(-2, 0, 0, 10, 10), 0);
+}
+
+TEST_F(WindowTest, ReportsItsGeometry) {
+    for (const std::int64_t window : {0, 1}) {
+        WindowCreate(window, 50, 50, 200, 100, u"", WindowResizable);
+        ForgetEvents();
+        WindowSetBounds(window, 70, IgnoreValue, 220, IgnoreValue);
+        WindowSetBounds(window, IgnoreValue, 80, IgnoreValue, 120);
+        // Of window 0's resize events only the newest is kept.
+        EXPECT_EQ(TakenOfWindows(), window == 0 ? "Moved 0, Resized 0, Moved 0"
+                                                : "Resized 1, Moved 1, Resized 1, Moved 1");
+    }
+    // A zoom may come as a new state first and a new size later.
+    Native(1)->showMaximized();
+    EXPECT_EQ(TakenOfWindows().find("Maximized 1, Resized 1"), 0U);
+    Native(1)->showNormal();
+    EXPECT_EQ(TakenOfWindows().find("Restored 1, Resized 1"), 0U);
+}
+
+TEST_F(WindowTest, OnlyTheProgramClosesItWithAllThatBelongsToIt) {
+    for (const std::int64_t window : {0, 1}) {
+        WindowCreate(window, 0, 0, 200, 100);
+        StringGadgetCreate(10 + window, 0, 0, 50, 20);
+    }
+    ForgetEvents();
+    AskToClose(1);
+    EXPECT_EQ(Taken(), "Close 1");
+    EXPECT_TRUE(Native(1)->isVisible());
+    for (const std::int64_t window : {1, 0, 1}) {
+        PostProgramEvent(MenuChosen, window, 7);
+    }
+    WindowDestroy(1);
+    EXPECT_EQ(Taken(), "Menu 7");
+    EXPECT_TRUE(GadgetExists(10));
+    EXPECT_FALSE(GadgetExists(11));
+    EXPECT_EQ(StringGadgetCreate(11, 0, 0, 50, 20), 0) << "no window is current any more";
+}
+
+TEST_F(WindowTest, HandsTheKeyboardBack) {
+    const auto keyAfterClosing2 = [](void (*meanwhile)()) {
+        WindowDestroy(AnyNumber);
+        for (const std::int64_t window : {0, 1, 2}) {
+            WindowCreate(window, 0, 0, 200, 100);
+            ForgetEvents();
+        }
+        meanwhile();
+        ForgetEvents();
+        WindowDestroy(2);
+        ForgetEvents();
+        return KeyWindowNumber();
+    };
+    EXPECT_EQ(keyAfterClosing2([] {}), 1);
+    EXPECT_EQ(keyAfterClosing2([] { WindowShow(1, 1); }), 0) << "else the first visible one";
+    EXPECT_EQ(keyAfterClosing2([] { WindowDestroy(1); }), 0);
+    EXPECT_EQ(keyAfterClosing2([] { WindowActivate(0); }), 0) << "2 did not have it";
+    WindowCreate(3, 10, 20, 200, 100, u"", WindowHidden);
+    WindowActivate(3);
+    ForgetEvents();
+    EXPECT_EQ(KeyWindowNumber(), 0);
+    WindowShow(3, 0);
+    ForgetEvents();
+    EXPECT_EQ(KeyWindowNumber(), 3);
+    EXPECT_EQ(Corner(3), Pair(10, 20));
+}
+
+TEST_F(WindowTest, TakesNoInputWhileDisabled) {
+    WindowCreate(0, 0, 0, 200, 100);
+    MenuCreate(0, WindowNativeHandle(0));
+    MenuTitle(u"File");
+    MenuItem(6, u"Six\tCTRL+6");
+    StringGadgetCreate(1, 0, 0, 50, 20);
+    ActivateGadget(1);
+    ForgetEvents();
+    const auto attempt = [] {
+        Native(0)->activateWindow();  // as the window manager may
+        ForgetEvents();
+        Type("x");
+        ActivateGadget(1);
+        ClickContent(0, {150, 50});
+        Press(Qt::Key_6, Qt::ControlModifier);
+        AskToClose(0);
+        return Taken();
+    };
+    WindowDisable(0, 1);
+    EXPECT_EQ(attempt(), "");
+    WindowCreate(1, 0, 0, 200, 100);
+    ForgetEvents();
+    WindowActivate(0);
+    ForgetEvents();
+    EXPECT_EQ(KeyWindowNumber(), 1);
+    EXPECT_EQ(attempt(), "");
+    EXPECT_EQ(GetGadgetText(1), u"");
+    WindowCreate(2, 0, 0, 50, 50, u"", WindowCloseBox, WindowNativeHandle(0));
+    ForgetEvents();
+    Native(0)->activateWindow();
+    ForgetEvents();
+    EXPECT_EQ(KeyWindowNumber(), 2) << "the window above it gets the keyboard";
+    WindowDisable(0, 0);
+    EXPECT_EQ(Taken(), "Focus 1");
+    EXPECT_EQ(attempt(), "Change 1, Click 0, Menu 6, Close 0");
+}
+
+TEST_F(WindowTest, StatusBarLaysOutItsFields) {
+    WindowCreate(0, 0, 0, 300, 100, u"", WindowResizable);
+    EXPECT_NE(StatusBarCreate(7, WindowNativeHandle(0)), 0);
+    const std::int64_t widths[] = {50, IgnoreValue, 80};
+    const std::uint32_t flags[] = {0, StatusCentred, StatusRight | StatusCentred};
+    for (std::int64_t i = 0; i < 3; ++i) {
+        StatusBarAddField(widths[i]);
+        StatusBarSetText(7, i, u"first", flags[i]);
+        StatusBarSetText(7, i, u"<b>");
+    }
+    StatusBarSetText(7, 3, u"beyond");
+    WindowSetBounds(0, IgnoreValue, IgnoreValue, 360, 120);
+    const QList<QLabel*> labels = Native(0)->ContentView()->findChildren<QLabel*>();
+    ASSERT_EQ(labels.size(), 3);
+    const QRect places[] = {{0, 98, 50, 20}, {50, 98, 230, 20}, {280, 98, 80, 20}};
+    const Qt::Alignment alignments[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(labels[i]->text(), "<b>");
+        EXPECT_EQ(labels[i]->alignment() & Qt::AlignHorizontal_Mask, alignments[i]);
+        EXPECT_EQ(labels[i]->geometry().translated(labels[i]->parentWidget()->pos()), places[i]);
+    }
+    EXPECT_EQ(StatusBarHeight(7), 24);
+    WindowDestroy(0);
+    EXPECT_EQ(StatusBarHeight(7), 0);
+}
+
+}  // namespace
+}  // namespace rotavel
