@@ -124,7 +124,10 @@ void QzWindow::ReportGeometry() {
     if (current.size() != before.size()) {
         delegate->WindowDidResize();
     }
-    if (current.topLeft() != before.topLeft() && delegate != nullptr) {
+    // A frame that the window manager adds or changes moves nothing.
+    const QPoint inset = geometry().topLeft() - pos();
+    const bool isFramedAnew = std::exchange(reportedInset, inset) != inset;
+    if (current.topLeft() != before.topLeft() && !isFramedAnew && delegate != nullptr) {
         delegate->WindowDidMove();
     }
 }
@@ -316,6 +319,7 @@ void QzWindow::ContentPainted() {
     framed = true;
     AdjustStatusBarsOf(this);
     reported = QRect(pos(), ContentSize());
+    reportedInset = geometry().topLeft() - pos();
     RememberFrameMargins(*this);
 }
 

@@ -28,61 +28,41 @@ check_focus() {
     sees "a button" 'LostFocus 8 "no frame"' 'Type0 40 "Press & see"'
 }
 
+type_over() {
+    xdotool key ctrl+a type -- "$1"
+}
+
 check_typing() {
     in_field 7
-    key End 7
-    changes "a digit behind a blank"
-    key BackSpace 7
-    changes "the blank has gone" 557
-    xdotool type -- "-. a,"
-    changes "no digits"
-    key Home Delete
-    changes "the first digit has gone" 57
-    key ctrl+a BackSpace
-    changes "all digits have gone" ""
+    edit "a digit behind a blank" - key End 7
+    edit "the blank gone" 557 key BackSpace 7
+    edit "no digits" - xdotool type -- "-. a,"
+    edit "the first digit gone" 57 key Home Delete
+    edit "all digits gone" "" key ctrl+a BackSpace
     in_field 4
-    key ctrl+a
-    xdotool type "aB1"
-    changes "upper case" AB1
+    edit "upper case" AB1 type_over "aB1"
     in_field 5
-    key ctrl+a
-    xdotool type "aB"
-    changes "lower case" ab
+    edit "lower case" ab type_over "aB"
     in_field 6
-    key ctrl+a
-    xdotool type "aB"
-    changes "lower case when set, upper case while typing" AB
+    edit "lower case when set, upper case while typing" AB type_over "aB"
     in_field 9
-    key End x BackSpace
-    changes "a text longer than allowed"
-    key ctrl+a
-    xdotool type "wxyz"
-    changes "a new text" wxy
+    edit "a text longer than allowed" - key End x BackSpace
+    edit "a new text" wxy type_over "wxyz"
     in_field 3
-    xdotool type "no"
-    changes "a read-only field"
+    edit "a read-only field" - type_over "no"
     in_field 8
-    key End BackSpace
-    changes "a borderless field" "no fram"
+    edit "a borderless field" "no fram" key End BackSpace
 }
 
 check_undo() {
     in_field 1
-    key End x ctrl+z
-    changes "undo" "any text"
-    key ctrl+shift+z
-    changes "redo" "any textx"
+    edit "undo" "any text" key End x ctrl+z
+    edit "redo" "any textx" key ctrl+shift+z
     in_field 7
-    key End BackSpace 7 ctrl+z
-    changes "undo of a digit" 55
-    key ctrl+z
-    changes "undo brings back no blank"
-    in_field 4
-    key ctrl+a a ctrl+z
-    changes "undo of a letter that was folded" "AS SET"
+    edit "undo of a digit" 55 key End BackSpace 7 ctrl+z
+    edit "undo that would bring back a blank" - key ctrl+z
 }
 
-# Fills the clipboard.
 copy() {
     printf %s "$1" | xclip -selection clipboard >/dev/null 2>&1
     wait_for "text on the clipboard" clipboard_is "$1"
@@ -92,67 +72,55 @@ clipboard_is() {
     [[ $(timeout "$patience" xclip -o -selection clipboard) == "$1" ]]
 }
 
-# pastes FIELD TEXT: in place of all.
-pastes() {
-    copy "$2"
-    in_field "$1"
+paste_over() {
+    copy "$1"
     key ctrl+a ctrl+v
 }
 
 check_clipboard() {
-    pastes 7 "1 2"
-    changes "a blank is pasted"
-    pastes 7 "-1"
-    changes "a sign is pasted"
-    pastes 7 "007"
-    changes "digits are pasted" 007
-    pastes 4 "große"
-    changes "upper case" GROSSE
-    pastes 5 "ÄB"
-    changes "lower case" äb
-    pastes 9 "wxyz"
-    changes "four where three are allowed"
-    pastes 9 "xyz"
-    changes "three" xyz
+    in_field 7
+    edit "a blank" - paste_over "1 2"
+    edit "a sign" - paste_over "-1"
+    edit "digits" 007 paste_over "007"
+    in_field 4
+    edit "upper case" GROSSE paste_over "große"
+    in_field 5
+    edit "lower case" äb paste_over "ÄB"
+    in_field 9
+    edit "four where three are allowed" - paste_over "wxyz"
+    edit "three" xyz paste_over "xyz"
     copy "kept"
     in_field 2
-    key ctrl+a ctrl+c
-    changes "a password"
+    edit "a password" - key ctrl+a ctrl+c
     clipboard_is "kept" || fail "the password was copied"
     in_field 3
-    key ctrl+a ctrl+x ctrl+v
-    changes "a read-only text"
-    key ctrl+c
-    wait_for "copy of the read-only text" clipboard_is "select me"
+    edit "a read-only text" - key ctrl+a ctrl+x ctrl+v ctrl+c
+    clipboard_is "select me" || fail "the read-only text was not copied"
+}
+
+# choose_in COMBO_BOX X Y: opens the list and clicks there.
+choose_in() {
+    click "$1"
+    put_pointer "$2" "$3"
+    xdotool click 1
 }
 
 check_combo_boxes() {
-    in_field 30
-    key Return
-    changes "the same item again" Second
+    in_field 30 # opens its list
+    edit "the same item again" Second key Return
+    edit "an item by mouse" Third choose_in 30 385 41
+    edit "an item by key" Second key Up
+    edit "an item by letter" First key f
     click 30
-    put_pointer 385 41
-    xdotool click 1
-    changes "an item by mouse" Third
-    key Up
-    changes "an item by key" Second
-    key f
-    changes "an item by letter" First
-    click 30
-    key End Escape
-    changes "a list left by Escape"
+    edit "a list left by Escape" - key End Escape
     in_field 33
-    key Down Return
-    changes "an item without a picture" Third
+    edit "an item without a picture" Third key Down Return
     in_field 34
-    key End x Return
-    changes "typing in the editable form" Secondx
-    key Up
-    changes "an item by key" First
+    edit "typing in the editable form" Secondx key End x Return
+    edit "an item by key" First key Up
     put_pointer 430 133
     xdotool click 1
-    key End Return
-    changes "an item of the list" Third
+    edit "an item of the list" Third key End Return
     key Tab
     sees "Tab" 'LostFocus 34 "Third"' 'Focus 6 "as set"'
 }

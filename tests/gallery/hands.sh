@@ -95,11 +95,14 @@ without_activation() {
     sed -E '/^Window(A|Dea)ctivated/d' | sort
 }
 
-# changes WHAT [TEXT]: what was done since in_field left the field with this text; without TEXT it
-# changed nothing. The menu item chosen next comes when all that was typed has been dealt with.
-changes() {
+# edit WHAT TEXT DEED...: the deed leaves the field with this text; "-": it changes nothing. The menu
+# item chosen next comes when all that was typed has been dealt with.
+edit() {
+    local change=("Change $field \"$2\"")
+    [[ $2 != - ]] || change=()
+    "${@:3}"
     key ctrl+comma
-    compare edits "$1" ${2+"Change $field \"$2\""} "MenuChosen -2 0"
+    compare edits "$1" "${change[@]}" "MenuChosen -2 0"
 }
 
 # Of edits that follow one another the last one counts: the program may take them for one.
@@ -113,11 +116,11 @@ edits() {
 
 # compare FILTER WHAT EVENT...
 compare() {
-    local filter=$1 what=$2 expected start=$seen tries=250
+    local filter=$1 what=$2 expected start=$seen deadline=$((SECONDS + patience / 2))
     shift 2
     expected=$(printf '%s\n' "$@" | "$filter")
     until read_events "$start" && [[ $("$filter" <<<"$events") == "$expected" ]]; do
-        ((tries-- > 0)) || break
+        ((SECONDS < deadline)) || break
         sleep 0.02
     done
     sleep 0.1
