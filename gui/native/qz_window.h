@@ -110,7 +110,7 @@ class QzWindow final : public QWidget {
 
     QSize contentMinimum;
     QSize contentMaximum;
-    QRect reported;  // frame position and content size that the delegate knows
+    QRect reported;        // frame position and content size that the delegate knows
     QPoint reportedInset;  // of the inside to the frame, at that time
     bool presentPending = false;
     bool framed = false;

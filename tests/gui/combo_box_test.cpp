@@ -78,5 +78,19 @@ TEST_F(ComboBoxTest, SetTextSelectsTheItemWithIt) {
     }
 }
 
+TEST_F(ComboBoxTest, PostsEveryChoiceOfTheUser) {
+    Create({u"a", u"b"});
+    SetGadgetState(1, 0);
+    ForgetEvents();
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_End}) {
+        Click(1);
+        Press(key);
+        EXPECT_EQ(Taken(), "");
+        Press(Qt::Key_Return);
+        EXPECT_EQ(Taken(), "Change 1") << "also of the item selected already";
+        EXPECT_EQ(GetGadgetState(1), 1);
+    }
+}
+
 }  // namespace
 }  // namespace rotavel

@@ -94,5 +94,29 @@ TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
     }
 }
 
+TEST_F(StringGadgetTest, TellsWhenTheKeyboardComesAndGoes) {
+    WindowCreate(0, 0, 0, 200, 100);
+    // Not created in the order of the eye, which Tab follows.
+    StringGadgetCreate(3, 0, 30, 50, 20, u"", StringPassword);
+    StringGadgetCreate(2, 60, 0, 50, 20);
+    StringGadgetCreate(1, 0, 0, 50, 20);
+    ForgetEvents();
+    ActivateGadget(3);
+    ForgetEvents();
+    const std::pair<Qt::Key, const char*> steps[] = {{Qt::Key_Tab, "Focus 1"},
+                                                     {Qt::Key_Return, ""},
+                                                     {Qt::Key_Tab, "LostFocus 1, Focus 2"},
+                                                     {Qt::Key_Tab, "LostFocus 2"},
+                                                     {Qt::Key_Backtab, "Focus 2"}};
+    for (const auto& [key, events] : steps) {
+        Press(key);
+        EXPECT_EQ(Taken(), events);
+    }
+    WindowCreate(1, 0, 0, 50, 50);
+    ForgetEvents();
+    WindowActivate(0);
+    EXPECT_EQ(Taken(), "") << "the windows changed, not their fields";
+}
+
 }  // namespace
 }  // namespace rotavel
