@@ -177,6 +177,12 @@ void QzWindow::Hide() {
 void QzWindow::Present() {
     presentPending = false;
     Place();
+    if (settled) {
+        ReportGeometry();
+    }
+    // Where the window is to be: on the way there the window manager may show it elsewhere.
+    reported = QRect(pos(), ContentSize());
+    settled = settled && isVisible();
     AttachToParent();
     setAttribute(Qt::WA_ShowWithoutActivating, (flags & WindowNotActivated) != 0);
     if ((flags & WindowStartMiniaturized) != 0) {
@@ -318,7 +324,7 @@ void QzWindow::ContentPainted() {
     settled = true;
     framed = true;
     AdjustStatusBarsOf(this);
-    reported = QRect(pos(), ContentSize());
+    reported.setSize(ContentSize());
     reportedInset = geometry().topLeft() - pos();
     RememberFrameMargins(*this);
 }
