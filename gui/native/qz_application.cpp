@@ -58,7 +58,7 @@ bool QzApplication::notify(QObject* receiver, QEvent* event) {
     return delivered;
 }
 
-bool QzApplication::TakesShortcut(const QObject* nativeWindow, QEvent* event) {
+bool QzApplication::TakesShortcut(QObject* nativeWindow, QEvent* event) {
     // The toolkit asks whether a key is wanted before it looks for a menu item that has it.
     const bool asks = event->type() == QEvent::ShortcutOverride;
     if (!asks && event->type() != QEvent::KeyPress) {
@@ -71,6 +71,10 @@ bool QzApplication::TakesShortcut(const QObject* nativeWindow, QEvent* event) {
     if (asks) {
         event->accept();
     } else {
+        // As for the toolkit's own shortcuts: a menu bar then knows that the Alt key which is
+        // released next was not pressed to open it.
+        QShortcutEvent told(QKeySequence(), 0);
+        sendEvent(nativeWindow, &told);
         QueueEvent(MenuChosen, shortcut->Item, shortcut->Window, 0);
     }
     return true;

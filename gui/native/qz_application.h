@@ -41,7 +41,7 @@ class QzApplication final : public QApplication {
   private:
     bool IsFiltered(QEvent* event) const;
     // Whether a key event is a shortcut of the window it goes to.
-    static bool TakesShortcut(const QObject* nativeWindow, QEvent* event);
+    static bool TakesShortcut(QObject* nativeWindow, QEvent* event);
 
     std::vector<std::pair<NativeEventFilter, void*>> filters;
     bool nativeEventSeen = false;
