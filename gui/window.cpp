@@ -10,6 +10,7 @@
 #include "gui/event_queue.h"
 #include "gui/gadget_list.h"
 #include "gui/native/coordinates.h"
+#include "gui/native/frame_placement.h"
 #include "gui/native/gadget_record.h"
 #include "gui/native/menu_bars.h"
 #include "gui/native/native_text.h"
@@ -81,13 +82,14 @@ QPoint PlaceOf(std::int64_t number, int mode) {
     if (window == nullptr) {
         return {};
     }
-    return mode == OuterFrame ? window->pos() : window->ContentView()->mapToGlobal(QPoint());
+    return mode == OuterFrame ? FrameOf(*window).topLeft()
+                              : InnerCornerOf(*window) + window->ContentView()->pos();
 }
 
 QSize SizeOf(std::int64_t number, int mode) {
     if (mode == OuterFrame) {
         const QzWindow* const window = FindFramedWindow(number);
-        return window == nullptr ? QSize() : window->frameGeometry().size();
+        return window == nullptr ? QSize() : FrameOf(*window).size();
     }
     const QzWindow* const window = FindWindow(number);
     return window == nullptr ? QSize() : window->ContentSize();
@@ -247,7 +249,7 @@ void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::i
         }
         window->MoveFrame(position);
     }
-    window->ReportGeometry();
+    window->Reports().ReportNewBounds();
 }
 
 void WindowSetContentLimits(std::int64_t number, std::int64_t minimumWidth,

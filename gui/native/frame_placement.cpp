@@ -21,7 +21,7 @@ QMargins MarginsFor(const QWidget& window) {
 }
 
 void CentreFrame(QWidget& window, QPoint centre, const QScreen& screen) {
-    QRect frame = QRect(window.pos(), window.size()).marginsAdded(MarginsFor(window));
+    QRect frame({}, window.size().grownBy(MarginsFor(window)));
     frame.moveCenter(centre);
     const QPoint corner = screen.availableGeometry().topLeft();
     SetFramePosition(window,
@@ -38,6 +38,17 @@ void RememberFrameMargins(const QWidget& window) {
     const QRect inner = window.geometry();
     frameMargins = QMargins(inner.left() - frame.left(), inner.top() - frame.top(),
                             frame.right() - inner.right(), frame.bottom() - inner.bottom());
+}
+
+QRect FrameOf(const QWidget& window) {
+    return window.isVisible() ? window.frameGeometry()
+                              : QRect(window.pos(), window.size().grownBy(MarginsFor(window)));
+}
+
+QPoint InnerCornerOf(const QWidget& window) {
+    const QMargins margins = MarginsFor(window);
+    return window.isVisible() ? window.geometry().topLeft()
+                              : window.pos() + QPoint(margins.left(), margins.top());
 }
 
 void SetFramePosition(QWidget& window, QPoint position) {

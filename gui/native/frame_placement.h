@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPoint>
+#include <QRect>
 
 class QWidget;
 
@@ -11,6 +12,10 @@ namespace rotavel {
 
 // Notes the frame of a window that is on the screen.
 void RememberFrameMargins(const QWidget& window);
+
+// The outer frame of a window and, on the screen, the corner of what it frames.
+QRect FrameOf(const QWidget& window);
+QPoint InnerCornerOf(const QWidget& window);
 
 // Moves a window so that its frame begins at `position`.
 void SetFramePosition(QWidget& window, QPoint position);

@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDeadlineTimer>
 #include <QMenuBar>
 #include <QScreen>
 #include <QWindow>
@@ -26,8 +25,6 @@ namespace {
 // How long a window manager may take to frame a window before its frame is taken as it is.
 constexpr int FramingPatienceMs = 1000;
 
-const QEvent::Type reportGeometryEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
-
 QPointer<QzWindow> keyWindow;
 QPointer<QzWindow> lastKeyWindow;  // also while another program has the keyboard
 
@@ -46,7 +43,6 @@ QzWindow::QzWindow(std::uint32_t creationFlags, QzWindow* parent, QSize contentS
     contentView = new QzFlippedWindowView(this);
     setFocusPolicy(Qt::NoFocus);
     SetContentSize(contentSize);
-    reported = QRect(pos(), contentSize);
     EnterWindow(this);
 }
 
@@ -113,25 +109,6 @@ void QzWindow::MoveFrame(QPoint position) {
     SetFramePosition(*this, position);
 }
 
-void QzWindow::ReportGeometry() {
-    const QRect current(pos(), ContentSize());
-    const QRect before = std::exchange(reported, current);
-    const bool zoomed = isMaximized();
-    if (current.size() != before.size() && std::exchange(wasZoomed, zoomed) != zoomed) {
-        delegate->WindowShouldZoom(current.width() > before.width() ||
-                                   current.height() > before.height());
-    }
-    if (current.size() != before.size()) {
-        delegate->WindowDidResize();
-    }
-    // A frame that the window manager adds or changes moves nothing.
-    const QPoint inset = geometry().topLeft() - pos();
-    const bool isFramedAnew = std::exchange(reportedInset, inset) != inset;
-    if (current.topLeft() != before.topLeft() && !isFramedAnew && delegate != nullptr) {
-        delegate->WindowDidMove();
-    }
-}
-
 void QzWindow::Show(std::uint32_t showFlags) {
     constexpr std::uint32_t placement = WindowScreenCentred | WindowOwnerCentred;
     const bool isPopup = windowType() == Qt::ToolTip;
@@ -177,19 +154,12 @@ void QzWindow::Hide() {
 void QzWindow::Present() {
     presentPending = false;
     Place();
-    if (settled) {
-        ReportGeometry();
-    }
-    // Where the window is to be: on the way there the window manager may show it elsewhere.
-    reported = QRect(pos(), ContentSize());
-    settled = settled && isVisible();
     AttachToParent();
     setAttribute(Qt::WA_ShowWithoutActivating, (flags & WindowNotActivated) != 0);
     if ((flags & WindowStartMiniaturized) != 0) {
         showMinimized();
-        settled = true;  // nothing is painted that would tell
+        reports.Settle();  // nothing is painted that would tell
     } else if ((flags & WindowStartZoomed) != 0) {
-        wasZoomed = true;
         showMaximized();
     } else {
         show();
@@ -208,6 +178,7 @@ void QzWindow::Place() {
                placementOwner != this) {
         CentreFrameOver(*this, *placementOwner);
     }
+    reports.Begin();
 }
 
 void QzWindow::AttachToParent() {
@@ -256,7 +227,6 @@ void QzWindow::Disable() {
     RemoveOverlay();
     overlay = new QzDisabledView(contentView, windowFlags());
     overlay->show();
-    overlay->raise();
     MakeFirstResponder(nullptr);
     setFocus();  // keys go to the window itself; without a focus the toolkit would choose a field
     if (menuBar != nullptr) {
@@ -289,9 +259,21 @@ void QzWindow::RemoveOverlay() {
     }
 }
 
+void QzWindow::KeepOverlayOnTop() {
+    if (overlay != nullptr) {
+        overlay->raise();
+    }
+}
+
 void QzWindow::FocusArrived(QWidget* widget) {
     if (contentView->isAncestorOf(widget)) {
         firstResponder.Pass(widget);
+    }
+}
+
+void QzWindow::FocusVanished() {
+    if (!IsDisabled()) {
+        firstResponder.Pass(nullptr);
     }
 }
 
@@ -317,15 +299,12 @@ bool QzWindow::focusNextPrevChild(bool next) {
 }
 
 void QzWindow::ContentPainted() {
-    if (settled) {
+    if (reports.IsSettled()) {
         return;
     }
-    // Up to here the geometry followed the window manager's framing, which is no event.
-    settled = true;
+    reports.Settle();
     framed = true;
     AdjustStatusBarsOf(this);
-    reported.setSize(ContentSize());
-    reportedInset = geometry().topLeft() - pos();
     RememberFrameMargins(*this);
 }
 
@@ -341,22 +320,13 @@ int QzWindow::MenuBarHeight(int width) const {
     return menuBar == nullptr ? 0 : menuBar->heightForWidth(width);
 }
 
-void QzWindow::ReportGeometryLater() {
-    // A zoom reaches the window as a new state and a new size, in either order: both are told once
-    // both are here.
-    if (settled && !reportScheduled) {
-        reportScheduled = true;
-        QCoreApplication::postEvent(this, new QEvent(reportGeometryEvent));
-    }
-}
-
 void QzWindow::resizeEvent(QResizeEvent*) {
     LayOut();
-    ReportGeometryLater();
+    reports.ReportLater();
 }
 
 void QzWindow::moveEvent(QMoveEvent*) {
-    ReportGeometryLater();
+    reports.ReportLater();
 }
 
 void QzWindow::closeEvent(QCloseEvent* event) {
@@ -366,7 +336,7 @@ void QzWindow::closeEvent(QCloseEvent* event) {
 
 void QzWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::WindowStateChange || delegate == nullptr || !settled) {
+    if (event->type() != QEvent::WindowStateChange || delegate == nullptr || !reports.IsSettled()) {
         return;
     }
     const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
@@ -376,18 +346,13 @@ void QzWindow::changeEvent(QEvent* event) {
     } else if (!isMinimized() && wasMiniaturized) {
         delegate->WindowDidDeminiaturize();
     } else {
-        ReportGeometryLater();
+        reports.ReportLater();
     }
 }
 
 bool QzWindow::event(QEvent* event) {
     if (delegate == nullptr) {
         return QWidget::event(event);
-    }
-    if (event->type() == reportGeometryEvent) {
-        reportScheduled = false;
-        ReportGeometry();
-        return true;
     }
     if (event->type() == QEvent::WindowActivate) {
         BecameActive();

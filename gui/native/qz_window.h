@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include "gui/native/first_responder.h"
+#include "gui/native/geometry_reports.h"
 
 class QMenuBar;
 
@@ -52,10 +53,10 @@ class QzWindow final : public QWidget {
     void EnsureFramed();
     // Moves the frame; a present request of the creation to centre the window is dropped.
     void MoveFrame(QPoint position);
-    // Tells the delegate where the frame or the content size differs from what it was told last.
-    void ReportGeometry();
+    // To be told of the bounds that the program has given the window.
+    GeometryReports& Reports() { return reports; }
 
-    // Centres the window if its flags ask for that.
+    // Centres the window if its flags ask for that. Where it then is, it is to be shown.
     void Place();
     // Shows the window when the program next waits. Flags as for WindowShow.
     void Show(std::uint32_t flags);
@@ -68,10 +69,12 @@ class QzWindow final : public QWidget {
     void Disable();
     void Enable();
     bool IsDisabled() const { return overlay != nullptr; }
+    void KeepOverlayOnTop();
     bool CanBecomeKeyWindow() const { return overlay == nullptr; }
 
-    // The toolkit's focus is on a widget of this window now.
+    // The toolkit's focus is on a widget of this window now, or on none of it any more.
     void FocusArrived(QWidget* widget);
+    void FocusVanished();
     // Makes a widget of the content, or none, the one that keys go to, also while the window does
     // not have the keyboard.
     void MakeFirstResponder(QWidget* view);
@@ -94,7 +97,6 @@ class QzWindow final : public QWidget {
     void AttachToParent();
     void LayOut();
     int MenuBarHeight(int width) const;
-    void ReportGeometryLater();
 
     const bool borderless;
     const bool resizable;
@@ -110,13 +112,9 @@ class QzWindow final : public QWidget {
 
     QSize contentMinimum;
     QSize contentMaximum;
-    QRect reported;        // frame position and content size that the delegate knows
-    QPoint reportedInset;  // of the inside to the frame, at that time
+    GeometryReports reports{*this};
     bool presentPending = false;
     bool framed = false;
-    bool settled = false;
-    bool reportScheduled = false;
-    bool wasZoomed = false;
     bool isKey = false;
 };
 
