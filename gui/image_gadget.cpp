@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "gui/native/click_count.h"
 #include "gui/native/gadget_view.h"
 #include "gui/native/native_image.h"
 
@@ -26,11 +27,12 @@ class Qz_NSImageView final : public QzGadgetView<QFrame>, public QzControl {
     QString StringValue() const override { return {}; }
 
   protected:
-    void mousePressEvent(QMouseEvent*) override { clickType = ImageRightClick; }
-    void mouseDoubleClickEvent(QMouseEvent*) override { clickType = ImageRightDoubleClick; }
+    void mousePressEvent(QMouseEvent* event) override { clicks.Press(*event); }
+    void mouseDoubleClickEvent(QMouseEvent* event) override { clicks.Press(*event); }
     void mouseReleaseEvent(QMouseEvent* event) override {
-        if (event->button() == Qt::RightButton) {
-            SendEventFor(Tag(), clickType);
+        const int count = clicks.Of(event->button());
+        if (event->button() == Qt::RightButton && count <= 2) {
+            SendEventFor(Tag(), count == 1 ? ImageRightClick : ImageRightDoubleClick);
         }
     }
     void paintEvent(QPaintEvent* event) override {
@@ -52,7 +54,7 @@ class Qz_NSImageView final : public QzGadgetView<QFrame>, public QzControl {
 
   private:
     QImage image;
-    std::int64_t clickType = ImageRightClick;
+    ClickCount clicks;
 };
 
 class QzImageGadgetFunctions final : public QzGadgetFunctions {

@@ -21,11 +21,20 @@ QzApplication::QzApplication(int& argumentCount, char** arguments)
     : QApplication(argumentCount, arguments) {
     setQuitOnLastWindowClosed(false);
     setStyle(new QzStyle);
-    connect(this, &QApplication::focusChanged, this, [](QWidget*, QWidget* now) {
-        if (auto* const window = now == nullptr ? nullptr : QzWindow::Of(now)) {
-            window->FocusArrived(now);
-        }
-    });
+    connect(this, &QApplication::focusChanged, this, &QzApplication::FollowFocus);
+}
+
+void QzApplication::FollowFocus(QWidget* before, QWidget* now) {
+    const QWidget* const widget = now != nullptr ? now : before;
+    auto* const window = widget == nullptr ? nullptr : QzWindow::Of(widget);
+    if (window == nullptr) {
+        return;
+    }
+    if (now != nullptr) {
+        window->FocusArrived(now);
+    } else if (activeWindow() == window && window->focusWidget() == nullptr) {
+        window->FocusVanished();  // the widget was disabled or hidden, and no other took over
+    }
 }
 
 QzApplication* QzApplication::Instance() {

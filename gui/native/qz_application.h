@@ -39,6 +39,7 @@ class QzApplication final : public QApplication {
     bool event(QEvent* event) override;
 
   private:
+    static void FollowFocus(QWidget* before, QWidget* now);
     bool IsFiltered(QEvent* event) const;
     // Whether a key event is a shortcut of the window it goes to.
     static bool TakesShortcut(QObject* nativeWindow, QEvent* event);

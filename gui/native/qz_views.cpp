@@ -16,18 +16,25 @@ constexpr int DisabledViewSide = 4096;
 
 QzFlippedWindowView::QzFlippedWindowView(QzWindow* window) : QzDropTarget(window) {}
 
-void QzFlippedWindowView::mouseDoubleClickEvent(QMouseEvent*) {
-    clickCount = 2;
+void QzFlippedWindowView::childEvent(QChildEvent* event) {
+    if (event->added()) {
+        QzWindow::Of(this)->KeepOverlayOnTop();
+    }
 }
 
-void QzFlippedWindowView::mousePressEvent(QMouseEvent*) {
-    clickCount = 1;
+void QzFlippedWindowView::mouseDoubleClickEvent(QMouseEvent* event) {
+    clicks.Press(*event);
+}
+
+void QzFlippedWindowView::mousePressEvent(QMouseEvent* event) {
+    clicks.Press(*event);
 }
 
 void QzFlippedWindowView::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) {
-        QueueEvent(clickCount == 2 ? LeftDoubleClick : LeftClick, WindowID, WindowID, 0);
-    } else if (event->button() == Qt::RightButton && clickCount == 1) {
+    const int count = clicks.Of(event->button());
+    if (event->button() == Qt::LeftButton && count <= 2) {
+        QueueEvent(count == 1 ? LeftClick : LeftDoubleClick, WindowID, WindowID, 0);
+    } else if (event->button() == Qt::RightButton && count == 1) {
         QueueEvent(RightClick, WindowID, WindowID, 0);
     }
 }

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+#include "gui/native/click_count.h"
 #include "gui/native/drop_target.h"
 
 namespace rotavel {
@@ -19,6 +20,7 @@ class QzFlippedWindowView final : public QzDropTarget<QWidget> {
     std::int64_t WindowID = -1;
 
   protected:
+    void childEvent(QChildEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -26,7 +28,7 @@ class QzFlippedWindowView final : public QzDropTarget<QWidget> {
     std::int64_t DropWindow() const override { return AcceptingWindowOf(this); }
 
   private:
-    int clickCount = 0;
+    ClickCount clicks;
 };
 
 // Lies over a disabled window's content and swallows every click. Remembers which buttons of the
