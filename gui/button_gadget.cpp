@@ -13,7 +13,7 @@ class QzButtonGadgetView final : public QzGadgetView<QPushButton>, public QzCont
   public:
     using QzGadgetView::QzGadgetView;
 
-    void SetStringValue(const QString& value) override { SetIntValue(value.toInt()); }
+    void SetStringValue(const QString&) override {}
     QString StringValue() const override { return QString::number(IntValue()); }
     void SetIntValue(int value) override { state = value != 0 ? 1 : 0; }
     int IntValue() const override { return state; }

@@ -37,7 +37,13 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
         return bitmap;
     }
     QPoint Mouse() const { return mouse; }
-    void SetBackground(const QColor& colour) { background = colour; }
+    void SetBackground(const QColor& colour) {
+        background = colour;
+        if (!bitmap.isNull() && !bitmap.paintingActive()) {
+            bitmap.fill(background);
+        }
+        update();
+    }
     QColor Background() const { return background; }
 
   protected:
@@ -56,12 +62,21 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     }
 
   private:
-    void AdjustImage() {
-        QImage adjusted = MakeBitmap(width(), height());
-        if (!adjusted.isNull()) {
-            adjusted.fill(background);
-            QPainter(&adjusted).drawImage(0, 0, bitmap);
+    QImage CreateImage(int width, int height) const {
+        QImage image = MakeBitmap(width, height);
+        if (!image.isNull()) {
+            image.fill(background);
         }
+        return image;
+    }
+    void CopyBitmap(QImage& to) const {
+        if (!to.isNull()) {
+            QPainter(&to).drawImage(0, 0, bitmap);
+        }
+    }
+    void AdjustImage() {
+        QImage adjusted = CreateImage(width(), height());
+        CopyBitmap(adjusted);
         bitmap = std::move(adjusted);
     }
 

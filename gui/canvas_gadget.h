@@ -6,7 +6,8 @@
 
 namespace rotavel {
 
-// A bitmap of the gadget's size that the program draws on (draw/raster_drawing.h), white at first.
+// A bitmap of the gadget's size that the program draws on (draw/raster_drawing.h), white at first
+// and cleared to its BackColour whenever that is set.
 // The pointer over it posts GadgetActivity with one of these types.
 
 inline constexpr std::int64_t CanvasMouseEnter = 65537;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
@@ -56,6 +57,17 @@ class QzStringField : public QzGadgetView<QLineEdit>, public QzControl {
         }
         judged = text();
         return true;
+    }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        // The toolkit forgets what can be undone when a formatter replaces the text, so it gets to
+        // see the letters folded already.
+        QKeyEvent folded(event->type(), event->key(), event->modifiers(),
+                         formatter->Replacement(event->text()), event->isAutoRepeat(),
+                         static_cast<quint16>(event->count()));
+        QzGadgetView::keyPressEvent(&folded);
+        event->setAccepted(folded.isAccepted());
     }
 
   private:

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <cstdlib>
+#include <limits>
 
 #include <QString>
 #include <QWidget>
@@ -18,7 +21,12 @@ class QzControl {
     virtual void SetStringValue(const QString& value) = 0;
     virtual QString StringValue() const = 0;
     virtual void SetIntValue(int value) { SetStringValue(QString::number(value)); }
-    virtual int IntValue() const { return StringValue().toInt(); }
+    // The number that the text begins with, 0 without one; saturates.
+    virtual int IntValue() const {
+        const long number = std::strtol(StringValue().toUtf8().constData(), nullptr, 10);
+        return static_cast<int>(std::clamp<long>(number, std::numeric_limits<int>::min(),
+                                                 std::numeric_limits<int>::max()));
+    }
 };
 
 // What every native view of a gadget carries: the gadget's number, and whether its record is gone.
