@@ -1,6 +1,7 @@
 #include "gui/menu.h"
 
 #include <algorithm>
+#include <memory>
 
 #include <QMenuBar>
 #include <QPixmap>
@@ -17,11 +18,32 @@ namespace rotavel {
 
 namespace {
 
+struct MenuRecord;
+
+// Stands for a menu record towards the items of its bar, and goes with the record.
+class QzMenuObject final : public QObject {
+  public:
+    QzMenuObject(QMenuBar* bar, const MenuRecord* menu);
+
+  private:
+    const MenuRecord* const Menu;
+};
+
 struct MenuRecord {
     QPointer<QzWindow> Window;
     QPointer<QMenuBar> Bar;  // owned by the window while it is installed there
     ApplicationMenu Application = {};
+    std::unique_ptr<QzMenuObject> Object;
 };
+
+QzMenuObject::QzMenuObject(QMenuBar* bar, const MenuRecord* menu) : Menu(menu) {
+    connect(bar, &QMenuBar::triggered, this, [this](const QAction* item) {
+        // The application menu's items carry no number: they have actions of their own.
+        if (item->data().isValid()) {
+            QzMenuDelegate::Shared().EventHandler(item, WindowNumberOf(Menu->Window));
+        }
+    });
+}
 
 NumberedObjects<MenuRecord> registry;
 
@@ -123,13 +145,7 @@ std::int64_t MenuCreate(std::int64_t number, NativeWindow* handle) {
     }
     const auto [id, record] = registry.Create(number);
     QMenuBar* const bar = MakeBar(window);
-    *record = {window, bar, AddApplicationMenu(*bar)};
-    QObject::connect(bar, &QMenuBar::triggered, [window](const QAction* item) {
-        // The application menu's items carry no number: they have actions of their own.
-        if (item->data().isValid()) {
-            QzMenuDelegate::Shared().EventHandler(item, WindowNumberOf(window));
-        }
-    });
+    *record = {window, bar, AddApplicationMenu(*bar), std::make_unique<QzMenuObject>(bar, record)};
     window->SetMenuBar(bar);
     if (window == QzWindow::KeyWindow()) {
         QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(window));
