@@ -61,6 +61,8 @@ check_undo() {
     in_field 7
     edit "undo of a digit" 55 key End BackSpace 7 ctrl+z
     edit "undo that would bring back a blank" - key ctrl+z
+    in_field 4
+    edit "undo of a folded letter" "AS SET" key End x ctrl+z
 }
 
 copy() {

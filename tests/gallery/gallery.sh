@@ -4,9 +4,9 @@
 #
 #   gallery.sh GALLERY DRAG_SOURCE [CHECK...]
 #
-# GALLERY and DRAG_SOURCE are the two programs of this folder. Makes the checks named, without names
-# all, each with a gallery of its own. Needs no display, it brings its own. Leaves pictures in
-# build/tour of the tree.
+# GALLERY is the program of docs/gallery, DRAG_SOURCE that of this folder. Makes the checks named,
+# without names all, each with a gallery of its own. Needs no display, it brings its own. Leaves
+# pictures in build/tour of the tree.
 #
 # shellcheck source-path=SCRIPTDIR
 # shellcheck disable=SC2034 # the sourced files use what is set here

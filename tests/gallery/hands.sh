@@ -91,11 +91,6 @@ sees_besides_activation() {
     compare without_activation "$@"
 }
 
-# Whether and when a window moves too is the window manager's.
-without_moves() {
-    sed '/^WindowMoved/d'
-}
-
 without_activation() {
     sed -E '/^Window(A|Dea)ctivated/d' | sort
 }

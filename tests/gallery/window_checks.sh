@@ -44,7 +44,7 @@ check_moving() {
 # zooms WINDOW EVENT: a zoom posts the event, then the new size.
 zooms() {
     zoom "$1"
-    compare without_moves "a zoom" "$2 1" "WindowResized 1"
+    sees "a zoom" "$2 1" "WindowResized 1"
 }
 
 check_zooming() {
@@ -147,8 +147,8 @@ check_background() {
     click background
     sees "a click" "LeftClick 0"
     put_pointer 60 275
-    xdotool click --repeat 2 --delay 50 1
-    sees "a double click" "LeftClick 0" "LeftDoubleClick 0"
+    xdotool click --repeat 3 --delay 50 1
+    sees "a double click, and a third" "LeftClick 0" "LeftDoubleClick 0"
     click background 3
     sees "a right click" "RightClick 0"
     put_pointer 60 275

@@ -18,8 +18,9 @@ class QzWindow;
 
 namespace rotavel::tests {
 
-// A test that drives widgets on the toolkit's offscreen platform, where no display is needed. The
-// toolkit is started once for the whole test program; each test leaves it without windows.
+// A test that drives widgets on the toolkit's offscreen platform, where no display is needed, or on
+// the one that ROTAVEL_TEST_PLATFORM names. The toolkit is started once for the whole test program;
+// each test leaves it without windows.
 class GuiTest : public testing::Test {
   protected:
     void TearDown() override;
