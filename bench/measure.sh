@@ -8,7 +8,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/setup.sh
 source scripts/build.sh
-source tests/virtual_display.sh
+source scripts/virtual_display.sh
 
 starts=${1:-15}
 charts=${2:-100}

@@ -2,7 +2,6 @@
 
 #include "app_test.h"
 #include "gui/menu.h"
-#include "gui/native/gadget_record.h"
 
 namespace rotavel {
 namespace {
@@ -42,27 +41,6 @@ class MainWindowTest : public AppTest {
     static std::u16string Speeds() { return Texts({36, 37, 38, 39, 40, 41}); }
 };
 
-// Number, place, size, kind, flags and text of every gadget, to the digit.
-TEST_F(MainWindowTest, HasItsGadgetsInTheirPlaces) {
-    Start("[Settings]\n");
-    std::string gadgets;
-    std::uint64_t hash = 0xcbf29ce484222325;
-    for (auto next = GadgetRegistry().First(); next.second != nullptr;
-         next = GadgetRegistry().After(next.first)) {
-        const auto& [number, record] = next;
-        for (const std::int64_t value :
-             {number, GadgetX(number), GadgetY(number), GadgetWidth(number), GadgetHeight(number),
-              std::int64_t{record->Kind}, std::int64_t{record->Flags}}) {
-            gadgets += std::to_string(value) + " ";
-        }
-        gadgets += ToUtf8(GetGadgetText(number)) + "\n";
-    }
-    for (const char byte : gadgets) {
-        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3;
-    }
-    EXPECT_EQ(hash, 0xa6fb268695a08135U) << gadgets;
-}
-
 TEST_F(MainWindowTest, MenuChoosesAmongTheMotorcycles) {
     EXPECT_EQ(MenuOutline(MainWindow).substr(MenuOutline(MainWindow).find(",File(")),
               ",File(Motorcycle(A(one,two,),B(V35,),),-,Quit,),Help(About,),");
@@ -81,14 +59,7 @@ TEST_F(MainWindowTest, MenuChoosesAmongTheMotorcycles) {
         Run();
         EXPECT_EQ(StatusText(MainWindow), u"A - two");
     }
-}
-
-TEST_F(MainWindowTest, QuitsInEveryWay) {
-    PostProgramEvent(MenuChosen, MainWindow, QuitMenuItem);
-    RunMainLoop(makers);
-    PostProgramEvent(MenuChosen, -1, QuitItem);
-    RunMainLoop(makers);
-    AskToClose(MainWindow);
+    PostProgramEvent(MenuChosen, -1, QuitItem);  // the session ends
     RunMainLoop(makers);
     EXPECT_EQ(PeekEvent(), 0U);
 }

@@ -109,18 +109,6 @@ TEST_F(VectorDrawingTest, TextHangsFromTheCurrentPointAndTurnsWithTheCoordinates
     EXPECT_EQ(PixelOf(image, 20, 26), Black) << "the point behind it turned too";
 }
 
-TEST_F(VectorDrawingTest, ColoursAreOfFourChannels) {
-    const std::pair<Colour, QRgb> cases[] = {
-        {ColourRGBA(255, 128, 0, 255), 0xFF8000}, {0xFF030201, 0x010203}, {0x80000000, 0x7F7F7F}};
-    for (const auto& [given, shown] : cases) {
-        const std::int64_t image = Start(3, 3);
-        VectorSetColour(given);
-        Draw("B 0 0 3 1 F M 0 1 L 2 1 S 1 0");
-        EXPECT_EQ(PixelOf(image, 0, 0), shown);
-        EXPECT_EQ(PixelOf(image, 0, 1), shown);
-    }
-}
-
 TEST_F(VectorDrawingTest, TakesAnyNumber) {
     for (const double number : {0.0, -1.0, 1e-9, 1e6, -1e300, 0x1p-1074, HUGE_VAL, std::nan("")}) {
         Start();

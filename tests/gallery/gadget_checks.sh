@@ -65,41 +65,6 @@ check_undo() {
     edit "undo of a folded letter" "AS SET" key End x ctrl+z
 }
 
-copy() {
-    printf %s "$1" | xclip -selection clipboard >/dev/null 2>&1
-    wait_for "text on the clipboard" clipboard_is "$1"
-}
-
-clipboard_is() {
-    [[ $(timeout "$patience" xclip -o -selection clipboard) == "$1" ]]
-}
-
-paste_over() {
-    copy "$1"
-    key ctrl+a ctrl+v
-}
-
-check_clipboard() {
-    in_field 7
-    edit "a blank" - paste_over "1 2"
-    edit "a sign" - paste_over "-1"
-    edit "digits" 007 paste_over "007"
-    in_field 4
-    edit "upper case" GROSSE paste_over "große"
-    in_field 5
-    edit "lower case" äb paste_over "ÄB"
-    in_field 9
-    edit "four where three are allowed" - paste_over "wxyz"
-    edit "three" xyz paste_over "xyz"
-    copy "kept"
-    in_field 2
-    edit "a password" - key ctrl+a ctrl+c
-    clipboard_is "kept" || fail "the password was copied"
-    in_field 3
-    edit "a read-only text" - key ctrl+a ctrl+x ctrl+v ctrl+c
-    clipboard_is "select me" || fail "the read-only text was not copied"
-}
-
 # choose_in COMBO_BOX X Y: opens the list and clicks there.
 choose_in() {
     click "$1"
@@ -197,18 +162,11 @@ answers() {
         "WindowActivated 0" "Change 1 \"${typed}any text\""
 }
 
-click_answer() {
-    click_at $((left + width * (2 * $1 - 1) / 6)) $((top + height - 24))
-}
-
 check_requester() {
     typed=
     answers "Return" 6 key Return
     answers "Tab and Return" 7 key Tab Return
     answers "Escape" 2 key Escape
-    answers "Yes" 6 click_answer 1
-    answers "No" 7 click_answer 2
-    answers "Cancel" 2 click_answer 3
     answers "the close box" 2 key alt+F4
     answers "Escape after clicks and keys that wait for no answer" 2 ask_in_vain
 }

@@ -13,7 +13,7 @@
 set -euo pipefail
 export LC_ALL=C.UTF-8
 here=$(dirname "${BASH_SOURCE[0]}")
-source "$here/../virtual_display.sh"
+source "$here/../../scripts/virtual_display.sh"
 source "$here/hands.sh"
 source "$here/window_checks.sh"
 source "$here/gadget_checks.sh"
@@ -23,7 +23,7 @@ shift 2
 checks=("$@")
 if (($# == 0)); then
     checks=(moving zooming starting closing popup disabling background drops
-        focus typing undo clipboard combo_boxes pictures menus hiding requester)
+        focus typing undo combo_boxes pictures menus hiding requester)
 fi
 
 open_display gallery "$here/../../build/tour"

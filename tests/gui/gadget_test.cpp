@@ -63,6 +63,35 @@ TEST_F(GadgetTest, MayGoInTheMiddleOfItsOwnEvent) {
     EXPECT_FALSE(WindowExists(0));
 }
 
+TEST_F(GadgetTest, CanBeTakenOverUnderAnotherKind) {
+    class Functions final : public QzGadgetFunctions {
+        void EventHandler() override { SendEvent(77); }
+    };
+    static std::int64_t type;
+    BindEvent([] { type = CurrentEventType(); }, GadgetActivity);
+    ButtonGadgetCreate(5, 0, 0, 50, 20, u"B");
+    GadgetRecord& record = *GadgetRegistry().Find(5);
+    QzGadgetFunctions::Reuse(std::make_unique<Functions>(), record, CanvasKind);
+    ForgetEvents();
+    Click(5);
+    EXPECT_EQ(type, 77);
+    SetGadgetState(5, 7);
+    EXPECT_EQ(GetGadgetState(5), 1) << "a button is on or off";
+    EXPECT_EQ(record.Kind, CanvasKind);
+}
+
+TEST_F(GadgetTest, DisabledWithTheKeyboardGivesItUp) {
+    StringGadgetCreate(1, 0, 0, 50, 20);
+    ActivateGadget(1);
+    ForgetEvents();
+    DisableGadget(1, 1);
+    EXPECT_EQ(Taken(), "LostFocus 1");
+    WindowDisable(0, 1);
+    ButtonGadgetCreate(2, 0, 30, 50, 20, u"B");
+    Click(2);
+    EXPECT_EQ(Taken(), "") << "the window is disabled, also for a gadget that comes later";
+}
+
 TEST_F(GadgetTest, IsPlacedInTheCurrentContainer) {
     auto* const box = new QWidget(Native(0)->ContentView());
     box->move(40, 30);

@@ -6,6 +6,6 @@
 # shellcheck source-path=SCRIPTDIR
 set -euo pipefail
 here=$(dirname "${BASH_SOURCE[0]}")
-source "$here/../virtual_display.sh"
+source "$here/../../scripts/virtual_display.sh"
 open_display gui "$here/../../build/tour"
 ROTAVEL_TEST_PLATFORM=xcb "$1" --gtest_brief=1

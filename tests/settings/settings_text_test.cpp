@@ -68,16 +68,5 @@ TEST(SettingsText, ParsesRandomTextsAlikeAtEveryPlace) {
     }
 }
 
-TEST(SettingsText, ConvertsLatin1) {
-    std::u16string text;
-    for (int i = 0; i < 1024; ++i) {
-        text += static_cast<char16_t>(i & 0xFF);
-    }
-    const std::string bytes(text.begin(), text.end());
-    std::string converted(Utf8LengthOfLatin1(bytes.data(), bytes.size()), ' ');
-    Latin1ToUtf8(bytes.data(), bytes.size(), converted.data());
-    EXPECT_EQ(converted, ToUtf8(text));
-}
-
 }  // namespace
 }  // namespace rotavel

@@ -10,7 +10,7 @@
 set -euo pipefail
 export LC_ALL=C.UTF-8
 here=$(dirname "${BASH_SOURCE[0]}")
-source "$here/../virtual_display.sh"
+source "$here/../../scripts/virtual_display.sh"
 source "$here/stage.sh"
 source "$here/hands.sh"
 

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# Sourced by the tests that drive a real window by mouse and keys: a display of their own with a
-# window manager, and what every such test does on it.
+# Sourced by what drives or measures a real window: a display of its own with a
+# window manager, and what is always done on it.
 #
 # shellcheck disable=SC2034 # the script that sources this reads what look_at and others set
 
