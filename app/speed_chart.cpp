@@ -73,8 +73,12 @@ std::int64_t MakePlotImage(const GearInputs& inputs, const PlotSize& plot, std::
                            std::int64_t topSpeed) {
     const std::int64_t image = ImageCreate(AnyNumber, plot.Width + PlotSize::ImageMarginX,
                                            plot.Height + PlotSize::ImageMarginY);
-    if (image == 0 || !VectorBegin(ImageVectorTarget(image))) {
-        return image;
+    if (image == 0) {
+        return 0;
+    }
+    if (!VectorBegin(ImageVectorTarget(image))) {
+        ImageFree(image);
+        return 0;
     }
     DrawPlot(inputs, maxRpm, topSpeed, UnitOnShow());
     VectorEnd();
@@ -188,6 +192,9 @@ void HandleChartEvent() {
         case WindowMoved:
             WindowSetBounds(MagnifierWindow, MagnifierLeft(), WindowGetY(ChartWindow, OuterFrame),
                             IgnoreValue, IgnoreValue);
+            break;
+        case WindowDeactivated:
+            ClearReadOut();  // nothing of the chart may lie above another program's windows
             break;
         case CloseRequested:
             CloseChart();

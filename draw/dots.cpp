@@ -39,7 +39,7 @@ std::pair<double, double> VisiblePart(const QLineF& line, const QRectF& visible)
 }
 
 // Adds the dots of one line, the first of them `lead` behind its start.
-void AddDots(std::vector<QPointF>& places, const QLineF& line, double lead, double distance,
+void AddDots(std::vector<Dot>& dots, const QLineF& line, double lead, double distance,
              const QRectF& visible) {
     const double length = line.length();
     const auto [first, second] = VisiblePart(line, visible);
@@ -50,7 +50,7 @@ void AddDots(std::vector<QPointF>& places, const QLineF& line, double lead, doub
     const QPointF unit(line.dx() / length, line.dy() / length);
     for (double dot = std::max(std::ceil((first * length - lead) / distance), 0.0);
          lead + dot * distance <= second * length; ++dot) {
-        places.push_back(line.p1() + unit * (lead + dot * distance));
+        dots.push_back({line.p1() + unit * (lead + dot * distance), unit});
     }
 }
 
@@ -90,8 +90,8 @@ void Stamp(QImage& bitmap, const QImage& disc, QPoint corner, const QColor& colo
 
 }  // namespace
 
-std::vector<QPointF> DotsAlong(const QPainterPath& path, double distance, const QRectF& visible) {
-    std::vector<QPointF> places;
+std::vector<Dot> DotsAlong(const QPainterPath& path, double distance, const QRectF& visible) {
+    std::vector<Dot> dots;
     QPointF from;
     double lead = 0;  // from the line's start to the next dot
     for (int i = 0; i < path.elementCount(); ++i) {
@@ -100,25 +100,25 @@ std::vector<QPointF> DotsAlong(const QPainterPath& path, double distance, const 
             lead = 0;
         } else {
             const QLineF line(from, element);
-            AddDots(places, line, lead, distance, visible);
+            AddDots(dots, line, lead, distance, visible);
             const double rest = std::fmod(std::max(line.length() - lead, 0.0), distance);
             lead = line.length() < lead ? lead - line.length() : distance - rest;
         }
         from = element;
     }
-    return places;
+    return dots;
 }
 
-void StampDots(QImage& bitmap, const std::vector<QPointF>& places, double diameter,
+void StampDots(QImage& bitmap, const std::vector<Dot>& dots, double diameter,
                const QColor& colour) {
     const double scale = bitmap.devicePixelRatio();
     const auto toPhase = [scale](double coordinate) {
         return static_cast<int>(std::lround(coordinate * scale * Phases));
     };
     std::vector<std::pair<int, int>> stamps;
-    stamps.reserve(places.size());
-    for (const QPointF& place : places) {
-        stamps.emplace_back(toPhase(place.y()), toPhase(place.x()));
+    stamps.reserve(dots.size());
+    for (const Dot& dot : dots) {
+        stamps.emplace_back(toPhase(dot.Place.y()), toPhase(dot.Place.x()));
     }
     std::sort(stamps.begin(), stamps.end());
     stamps.erase(std::unique(stamps.begin(), stamps.end()), stamps.end());

@@ -8,16 +8,20 @@
 
 namespace rotavel {
 
-// Round dots along a path. The toolkit's own dashes drift along a line and cost a full stroke each;
+// Dots along a path. The toolkit's own dashes drift along a line and cost a full stroke each;
 // these stand where they belong, and a chart's thousands of them take about a millisecond.
 
-// The places, `distance` apart from each subpath's start on, that can be seen inside `visible`.
-// The path consists of straight lines; distance is above 0.
-std::vector<QPointF> DotsAlong(const QPainterPath& path, double distance, const QRectF& visible);
+struct Dot {
+    QPointF Place;
+    QPointF Direction;  // of its line, of length 1
+};
 
-// Blends a disc of a diameter in each place into a 32-bit bitmap; places that coincide count once.
-// Places and diameter are in the bitmap's device-independent pixels.
-void StampDots(QImage& bitmap, const std::vector<QPointF>& places, double diameter,
-               const QColor& colour);
+// The dots, `distance` apart from each subpath's start on, that can be seen inside `visible`.
+// The path consists of straight lines; distance is above 0.
+std::vector<Dot> DotsAlong(const QPainterPath& path, double distance, const QRectF& visible);
+
+// Blends a disc of a diameter in the place of each dot into a 32-bit bitmap; places that coincide
+// count once. Places and diameter are in the bitmap's device-independent pixels.
+void StampDots(QImage& bitmap, const std::vector<Dot>& dots, double diameter, const QColor& colour);
 
 }  // namespace rotavel

@@ -153,15 +153,16 @@ void PathStrokeDotted(double width, double distance, std::uint32_t flags) {
     const double reach = Bounded(width);
     const QRectF visible =
         QRectF(QPointF(), bitmap.deviceIndependentSize()).adjusted(-reach, -reach, reach, reach);
-    const std::vector<QPointF> dots =
+    const std::vector<Dot> dots =
         DotsAlong(drawing->Path.translated(PixelMiddle, PixelMiddle), distance, visible);
     if (round) {
         StampDots(bitmap, dots, width, drawing->Colour);
     } else {
-        drawing->Painter.setTransform(QTransform());
-        for (const QPointF& dot : dots) {
-            drawing->Painter.fillRect(
-                QRectF(dot.x() - width / 2, dot.y() - width / 2, width, width), drawing->Colour);
+        for (const Dot& dot : dots) {
+            drawing->Painter.setTransform({dot.Direction.x(), dot.Direction.y(), -dot.Direction.y(),
+                                           dot.Direction.x(), dot.Place.x(), dot.Place.y()});
+            drawing->Painter.fillRect(QRectF(-width / 2, -width / 2, width, width),
+                                      drawing->Colour);
         }
     }
     if ((flags & StrokeKeepPath) == 0) {

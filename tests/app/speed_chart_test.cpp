@@ -87,6 +87,11 @@ TEST_F(SpeedChartTest, ReadsOutWhatIsUnderThePointer) {
         EXPECT_EQ(StatusText(chart, 1), text) << x << ", " << y;
         EXPECT_EQ(Native(magnifier)->isVisible(), *text != 0) << x << ", " << y;
     }
+    PointAt(200, 200);
+    WindowCreate(3, 0, 0, 50, 50);
+    WindowGetX(3);  // which brings it to the screen
+    Run();
+    EXPECT_FALSE(Native(magnifier)->isVisible()) << "another window has the keyboard";
 }
 
 TEST_F(SpeedChartTest, MagnifierShowsThePlotFiveTimesEnlarged) {

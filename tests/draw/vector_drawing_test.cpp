@@ -92,6 +92,9 @@ TEST_F(VectorDrawingTest, DotsDoNotDrift) {
     const std::int64_t image = Start();
     Draw("M 3 2 L 10 2 L 10 30 D 1 10 0");
     EXPECT_EQ(PixelOf(image, 10, 25), Black) << "their distance goes round corners";
+    Draw("M 40 40 L 50 50 D 9 99 0");
+    EXPECT_EQ(PixelOf(image, 40, 35), Black) << "square ones stand on their line";
+    EXPECT_EQ(PixelOf(image, 36, 36), White);
 }
 
 TEST_F(VectorDrawingTest, TextHangsFromTheCurrentPointAndTurnsWithTheCoordinates) {
