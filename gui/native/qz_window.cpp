@@ -153,6 +153,13 @@ void QzWindow::Hide() {
 
 void QzWindow::Present() {
     presentPending = false;
+    if ((flags & WindowOwnerCentred) != 0 && placementOwner != nullptr) {
+        const QPointer<QzWindow> self = this;
+        placementOwner->EnsureFramed();  // a timer of the program's may destroy this one meanwhile
+        if (self == nullptr) {
+            return;
+        }
+    }
     Place();
     AttachToParent();
     setAttribute(Qt::WA_ShowWithoutActivating, (flags & WindowNotActivated) != 0);

@@ -108,6 +108,7 @@ TEST_F(ImageTest, OneDrawingIsCurrentAndGoesWithItsImage) {
     EXPECT_FALSE(RasterBegin(ImageRasterTarget(99)));
     VectorBegin(ImageVectorTarget(other));
     ImageFree(other);
+    EXPECT_FALSE(ImageExists(other));
     RasterLine(0, 0, 9, 0, 0);
 }
 

@@ -1,5 +1,8 @@
+#include <QWidget>
+
 #include "gui/combo_box_gadget.h"
 #include "gui/gadget.h"
+#include "gui/native/native_image.h"
 #include "gui/window.h"
 #include "gui_test.h"
 
@@ -75,6 +78,45 @@ TEST_F(ComboBoxTest, SetTextSelectsTheItemWithIt) {
         SetGadgetText(1, set);
         EXPECT_EQ(GetGadgetState(1), state);
         EXPECT_EQ(Items(), items);
+    }
+}
+
+TEST_F(ComboBoxTest, EditableFormKeepsItsStateByItself) {
+    Create({u"a", u"b", u"c"}, ComboBoxEditable);
+    ForgetEvents();
+    EXPECT_EQ(GetGadgetState(1), -1);
+    SetGadgetState(1, 2);
+    SetGadgetText(1, u"none");
+    SetGadgetItemData(1, 1, 7);
+    AddGadgetItem(1, 0, u"first");
+    RemoveGadgetItem(1, 3);
+    SetGadgetState(1, 9);
+    EXPECT_EQ(GetGadgetState(1), 2) << "nothing of this selects";
+    EXPECT_EQ(GetGadgetText(1), u"none");
+    EXPECT_EQ(Items(), u"first,a,b,");
+    EXPECT_EQ(GetGadgetItemData(1, 2), 7);
+    SetGadgetText(1, u"a");
+    EXPECT_EQ(GetGadgetState(1), 1);
+    ClearGadgetItems(1);
+    EXPECT_EQ(GetGadgetState(1), 1);
+    SetGadgetState(1, -1);
+    EXPECT_EQ(GetGadgetText(1), u"");
+    EXPECT_EQ(Taken(), "");
+}
+
+TEST_F(ComboBoxTest, ShowsImagesWhereItsFlagSays) {
+    QImage red(16, 16, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    for (const std::uint32_t flags : {0U, ComboBoxImages}) {
+        Create({u""}, flags);
+        SetGadgetState(1, 0);
+        const auto reds = [] {
+            const QImage image = View(1)->grab().toImage();
+            return image.pixelColor(12, 10) == QColor(Qt::red);
+        };
+        EXPECT_FALSE(reds());
+        SetGadgetItemImage(1, 0, ToHandle(&red));
+        EXPECT_EQ(reds(), flags != 0);
     }
 }
 

@@ -43,9 +43,14 @@ TEST_F(GadgetTest, LivesFromItsCreationUntilItIsFreed) {
     // A label serves neither state nor items.
     TextGadgetCreate(5, 0, 0, 50, 20);
     SetGadgetState(5, 1);
-    AddGadgetItem(5, -1, u"item");
+    SetGadgetItemState(5, 0, 1);
+    SetGadgetItemAttribute(5, 0, 1, 1);
+    SetGadgetItemColor(5, 0, FrontColour, 1);
+    EXPECT_EQ(AddGadgetItem(5, -1, u"item") + AddGadgetColumn(5, 0, u"column", 50), 0);
+    RemoveGadgetColumn(5, 0);
     EXPECT_EQ(GetGadgetText(5), u"");
-    EXPECT_EQ(GetGadgetState(5) + CountGadgetItems(5), 0);
+    EXPECT_EQ(GetGadgetState(5) + CountGadgetItems(5) + GetGadgetItemState(5, 0), 0);
+    EXPECT_EQ(GetGadgetItemAttribute(5, 0, 1) + GetGadgetItemColor(5, 0, FrontColour), 0);
     FreeGadget(AnyNumber);
     EXPECT_FALSE(GadgetExists(5));
 }

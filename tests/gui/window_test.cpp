@@ -1,9 +1,12 @@
 #include "gui/window.h"
 
+#include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
 #include <QWindow>
 
+#include "gui/application.h"
+#include "gui/event_loop.h"
 #include "gui/gadget.h"
 #include "gui/menu.h"
 #include "gui/native/qz_views.h"
@@ -155,6 +158,52 @@ TEST_F(WindowTest, TakesNoInputWhileDisabled) {
     EXPECT_EQ(attempt(), "Change 1, Click 0, Menu 6, Close 0");
 }
 
+TEST_F(WindowTest, ShowsItselfAsItsFlagsSay) {
+    WindowCreate(0, 100, 100, 300, 200);
+    WindowCreate(1, 0, 0, 100, 50, u"", WindowNotActivated);
+    WindowCreate(2, 0, 0, 100, 50, u"", WindowOwnerCentred, WindowNativeHandle(0));
+    WindowCreate(3, 70, 80, 100, 50, u"", WindowBorderless | WindowNotActivated);
+    ForgetEvents();
+    // The offscreen platform activates every window.
+    const bool isReal = QGuiApplication::platformName() != "offscreen";
+    EXPECT_EQ(KeyWindowNumber(), isReal ? 2 : 3);
+    EXPECT_TRUE(Native(1)->isVisible());
+    EXPECT_LE((Native(2)->frameGeometry().center() - Native(0)->frameGeometry().center())
+                  .manhattanLength(),
+              2);
+    EXPECT_EQ(WindowGetWidth(3, OuterFrame), 100);
+    EXPECT_EQ(Corner(3), Pair(70, 80));
+    WindowActivate(2);
+    ForgetEvents();
+    BringToFront();
+    ForgetEvents();
+    EXPECT_EQ(KeyWindowNumber(), 2);
+}
+
+TEST_F(WindowTest, TimersEndWithItAndFiltersSeeEventsFirst) {
+    WindowCreate(0, 0, 0, 100, 100);
+    int ticks = 0;
+    WindowAddTimer(
+        0, 2, [](void* count) { ++*static_cast<int*>(count); }, &ticks);
+    while (ticks < 3) {
+        WaitForEvent(10);
+    }
+    const auto filter = [](void* event, void*) {
+        return static_cast<QEvent*>(event)->type() == QEvent::MouseButtonRelease;
+    };
+    ForgetEvents();
+    AddNativeEventFilter(filter, nullptr);
+    ClickContent(0, {20, 20});
+    EXPECT_EQ(Taken(), "");
+    RemoveNativeEventFilter(filter, nullptr);
+    ClickContent(0, {20, 20});
+    EXPECT_EQ(Taken(), "Click 0");
+    WindowDestroy(0);
+    ticks = 0;
+    WaitForEvent(20);
+    EXPECT_EQ(ticks, 0);
+}
+
 TEST_F(WindowTest, StatusBarLaysOutItsFields) {
     WindowCreate(0, 0, 0, 300, 100, u"", WindowResizable);
     EXPECT_NE(StatusBarCreate(7, WindowNativeHandle(0)), 0);
@@ -177,6 +226,9 @@ TEST_F(WindowTest, StatusBarLaysOutItsFields) {
         EXPECT_EQ(labels[i]->geometry().translated(labels[i]->parentWidget()->pos()), places[i]);
     }
     EXPECT_EQ(StatusBarHeight(7), 24);
+    StatusBarDestroy(7);
+    EXPECT_EQ(StatusBarHeight(7), 0);
+    StatusBarCreate(7, WindowNativeHandle(0));
     WindowDestroy(0);
     EXPECT_EQ(StatusBarHeight(7), 0);
 }
