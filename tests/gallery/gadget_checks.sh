@@ -28,68 +28,54 @@ check_focus() {
     sees "a button" 'LostFocus 8 "no frame"' 'Type0 40 "Press & see"'
 }
 
-type_over() {
-    xdotool key ctrl+a type -- "$1"
+# chooses WHAT BOX TEXT DEED...: the deed chooses an item, or types in the editable form.
+chooses() {
+    "${@:4}"
+    sees "$1" "Change $2 \"$3\""
 }
 
-check_typing() {
-    in_field 7
-    edit "a digit behind a blank" - key End 7
-    edit "the blank gone" 557 key BackSpace 7
-    edit "no digits" - xdotool type -- "-. a,"
-    edit "the first digit gone" 57 key Home Delete
-    edit "all digits gone" "" key ctrl+a BackSpace
-    in_field 4
-    edit "upper case" AB1 type_over "aB1"
-    in_field 5
-    edit "lower case" ab type_over "aB"
-    in_field 6
-    edit "lower case when set, upper case while typing" AB type_over "aB"
-    in_field 9
-    edit "a text longer than allowed" - key End x BackSpace
-    edit "a new text" wxy type_over "wxyz"
-    in_field 3
-    edit "a read-only field" - type_over "no"
-    in_field 8
-    edit "a borderless field" "no fram" key End BackSpace
-}
-
-check_undo() {
-    in_field 1
-    edit "undo" "any text" key End x ctrl+z
-    edit "redo" "any textx" key ctrl+shift+z
-    in_field 7
-    edit "undo of a digit" 55 key End BackSpace 7 ctrl+z
-    edit "undo that would bring back a blank" - key ctrl+z
-    in_field 4
-    edit "undo of a folded letter" "AS SET" key End x ctrl+z
-}
-
-# choose_in COMBO_BOX X Y: opens the list and clicks there.
-choose_in() {
-    click "$1"
-    put_pointer "$2" "$3"
+click_at_place() {
+    put_pointer "$1" "$2"
     xdotool click 1
 }
 
 check_combo_boxes() {
-    in_field 30 # opens its list
-    edit "the same item again" Second key Return
-    edit "an item by mouse" Third choose_in 30 385 41
-    edit "an item by key" Second key Up
-    edit "an item by letter" First key f
+    click 30 # opens its list
+    sees "a list" 'LostFocus 1 "any text"'
+    chooses "the same item again" 30 Second key Return
     click 30
-    edit "a list left by Escape" - key End Escape
-    in_field 33
-    edit "an item without a picture" Third key Down Return
-    in_field 34
-    edit "typing in the editable form" Secondx key End x Return
-    edit "an item by key" First key Up
-    put_pointer 430 133
-    xdotool click 1
-    edit "an item of the list" Third key End Return
+    chooses "an item by mouse" 30 Third click_at_place 385 41
+    chooses "an item by key" 30 Second key Up
+    chooses "an item by letter" 30 First key f
+    click 30
+    key End Escape
+    click 33
+    chooses "no item of a list left by Escape, but one without a picture" 33 Third key Down Return
+    click 34
+    sees "a click into the editable form" 'Focus 34 "Second"'
+    chooses "typing in it" 34 Secondx key End x Return
+    chooses "an item by key" 34 First key Up
+    click_at_place 430 133
+    chooses "an item of the list" 34 Third key End Return
     key Tab
     sees "Tab" 'LostFocus 34 "Third"' 'Focus 6 "as set"'
+}
+
+check_fields() {
+    key End x
+    sees "a letter" 'Change 1 "any textx"'
+    key ctrl+z
+    sees "undo" 'Change 1 "any text"'
+    click 7
+    sees "the digits field" 'LostFocus 1 "any text"' 'Focus 7 "55 "'
+    key End 7 minus a BackSpace
+    sees "digit, sign and letter behind a blank, and the blank gone" 'Change 7 "55"'
+    click 4
+    sees "the upper-case field" 'LostFocus 7 "55"' 'Focus 4 "AS SET"'
+    key End x
+    sees "a folded letter" 'Change 4 "AS SETX"'
+    key ctrl+z
+    sees "undo of a folded letter" 'Change 4 "AS SET"'
 }
 
 check_pictures() {

@@ -23,7 +23,7 @@ shift 2
 checks=("$@")
 if (($# == 0)); then
     checks=(moving zooming starting closing popup disabling background drops
-        focus typing undo combo_boxes pictures menus hiding requester)
+        focus fields combo_boxes pictures menus hiding requester)
 fi
 
 open_display gallery "$here/../../build/tour"

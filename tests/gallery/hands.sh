@@ -62,11 +62,6 @@ zoom() {
     xdotool mousemove $((left + width / 3)) $((top - 10)) click --repeat 2 --delay 50 1
 }
 
-in_field() {
-    field=$1
-    click "$field"
-}
-
 # Opens the second window and sets `second` to it.
 open_second() {
     key ctrl+o
@@ -93,25 +88,6 @@ sees_besides_activation() {
 
 without_activation() {
     sed -E '/^Window(A|Dea)ctivated/d' | sort
-}
-
-# edit WHAT TEXT DEED...: the deed leaves the field with this text; "-": it changes nothing. The menu
-# item chosen next comes when all that was typed has been dealt with.
-edit() {
-    local change=("Change $field \"$2\"")
-    [[ $2 != - ]] || change=()
-    "${@:3}"
-    key ctrl+comma
-    compare edits "$1" "${change[@]}" "MenuChosen -2 0"
-}
-
-# Of edits that follow one another the last one counts: the program may take them for one.
-edits() {
-    awk '
-        /^(Lost)?Focus/ { next }
-        /^Change/ { change = $0 "\n"; next }
-        { printf "%s%s\n", change, $0; change = "" }
-        END { printf "%s", change }'
 }
 
 # compare FILTER WHAT EVENT...

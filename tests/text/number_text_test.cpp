@@ -41,15 +41,6 @@ TEST(NumberText, EqualsPrintfForEveryPrecision) {
     EXPECT_EQ(NumberToText(-NotANumber, 2), u"NaN");
 }
 
-TEST(NumberText, ShortestDropsTrailingZeros) {
-    const std::pair<double, const char16_t*> cases[] = {
-        {2.5, u"2.5"}, {100, u"100"},   {1.23456789012, u"1.2345678901"},
-        {0, u"0"},     {-1e-11, u"-0"}, {-Infinity, u"-Infinity"}};
-    for (const auto& [value, text] : cases) {
-        EXPECT_EQ(NumberToTextShortest(value), text);
-    }
-}
-
 TEST(NumberText, ReadsNumbers) {
     const std::pair<const char16_t*, double> cases[] = {
         {u"", 0},    {u" \t\n3.25 km", 3.25},  {u"-0x1.8p1", -3},
