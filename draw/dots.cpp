@@ -135,4 +135,21 @@ void StampDots(QImage& bitmap, const std::vector<Dot>& dots, double diameter,
     }
 }
 
+QPainterPath OutlineOfDots(const std::vector<Dot>& dots, double size, bool round) {
+    QPainterPath outline;
+    outline.setFillRule(Qt::WindingFill);
+    const QRectF bounds(-size / 2, -size / 2, size, size);
+    for (const auto& [place, direction] : dots) {
+        if (round) {
+            outline.addEllipse(bounds.translated(place));
+        } else {
+            outline.addPolygon(QTransform(direction.x(), direction.y(), -direction.y(),
+                                          direction.x(), place.x(), place.y())
+                                   .map(QPolygonF(bounds)));
+            outline.closeSubpath();
+        }
+    }
+    return outline;
+}
+
 }  // namespace rotavel

@@ -24,4 +24,7 @@ std::vector<Dot> DotsAlong(const QPainterPath& path, double distance, const QRec
 // count once. Places and diameter are in the bitmap's device-independent pixels.
 void StampDots(QImage& bitmap, const std::vector<Dot>& dots, double diameter, const QColor& colour);
 
+// Discs, or squares turned along their lines, as a path.
+QPainterPath OutlineOfDots(const std::vector<Dot>& dots, double size, bool round);
+
 }  // namespace rotavel

@@ -102,7 +102,10 @@ bool ImageResize(std::int64_t image, std::int64_t width, std::int64_t height, st
 
 void ImageFree(std::int64_t image) {
     if (image == AnyNumber) {
-        EndDrawing();
+        for (auto next = registry.First(); next.second != nullptr;
+             next = registry.After(next.first)) {
+            EndDrawingOn(ToHandle(next.second));
+        }
         registry.Clear();
     } else if (QImage* const bitmap = registry.Find(image)) {
         EndDrawingOn(ToHandle(bitmap));

@@ -65,6 +65,7 @@ void RasterLine(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t 
         std::swap(walk.From, walk.To);
         std::swap(walk.OtherFrom, walk.OtherTo);
     }
+    drawing->Painter.setTransform(QTransform());
     const QSizeF size = FromHandle(drawing->Target.Bitmap)->deviceIndependentSize();
     const auto edge = static_cast<std::int64_t>(flat ? size.width() : size.height());
     QColor opaque = ToQColor(colour);
@@ -80,6 +81,7 @@ void RasterLine(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t 
 void RasterDrawImage(NativeImage* image, std::int64_t x, std::int64_t y) {
     Drawing* const drawing = CurrentDrawing();
     if (drawing != nullptr && image != nullptr) {
+        drawing->Painter.setTransform(QTransform());
         drawing->Painter.drawImage(ToCoordinate(x), ToCoordinate(y), *FromHandle(image));
     }
 }

@@ -19,8 +19,14 @@ namespace {
 constexpr double LargestCoordinate = 1e6;
 constexpr double PointsPerInch = 72;
 
-// Dots smaller or closer than this many pixels are drawn as a line.
-constexpr double SmallestDot = 1.0 / 16;
+// Dots closer than this many pixels are drawn as a line.
+constexpr double SmallestDistance = 1.0 / 16;
+
+// Larger dots are too few to be worth a stamp.
+constexpr double LargestStamp = 32;
+
+// How many times as long as the line is wide the point of a corner may be; longer ones are cut off.
+constexpr double MiterLimit = 10;
 
 // Strokes go through the middle of the pixels of whole coordinates, so that they are sharp.
 constexpr double PixelMiddle = 0.5;
@@ -53,7 +59,8 @@ QPen PenFor(const Drawing& drawing, double width, std::uint32_t flags) {
     pen.setCapStyle(CapFor(width, flags));
     pen.setJoinStyle((flags & StrokeRoundJoin) != 0   ? Qt::RoundJoin
                      : (flags & StrokeBevelJoin) != 0 ? Qt::BevelJoin
-                                                      : Qt::MiterJoin);
+                                                      : Qt::SvgMiterJoin);
+    pen.setMiterLimit(MiterLimit);
     return pen;
 }
 
@@ -143,27 +150,23 @@ void PathStrokeDotted(double width, double distance, std::uint32_t flags) {
     if (drawing == nullptr) {
         return;
     }
-    const bool round = (flags & StrokeRoundEnd) != 0;
-    if (!(std::min(width, distance) >= SmallestDot)) {
+    if (!(distance >= SmallestDistance)) {
         // Such dots cannot be told from a line.
         Stroke(*drawing, PenFor(*drawing, width, flags), flags);
         return;
     }
     QImage& bitmap = *FromHandle(drawing->Target.Bitmap);
-    const double reach = Bounded(width);
+    const bool round = (flags & StrokeRoundEnd) != 0;
+    const double size = std::max(Bounded(width), 0.0);
     const QRectF visible =
-        QRectF(QPointF(), bitmap.deviceIndependentSize()).adjusted(-reach, -reach, reach, reach);
+        QRectF(QPointF(), bitmap.deviceIndependentSize()).adjusted(-size, -size, size, size);
     const std::vector<Dot> dots =
         DotsAlong(drawing->Path.translated(PixelMiddle, PixelMiddle), distance, visible);
-    if (round) {
-        StampDots(bitmap, dots, width, drawing->Colour);
+    if (round && size <= LargestStamp) {
+        StampDots(bitmap, dots, size, drawing->Colour);
     } else {
-        for (const Dot& dot : dots) {
-            drawing->Painter.setTransform({dot.Direction.x(), dot.Direction.y(), -dot.Direction.y(),
-                                           dot.Direction.x(), dot.Place.x(), dot.Place.y()});
-            drawing->Painter.fillRect(QRectF(-width / 2, -width / 2, width, width),
-                                      drawing->Colour);
-        }
+        drawing->Painter.setTransform(QTransform());
+        drawing->Painter.fillPath(OutlineOfDots(dots, size, round), drawing->Colour);
     }
     if ((flags & StrokeKeepPath) == 0) {
         BeginNewPath(*drawing);

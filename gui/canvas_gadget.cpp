@@ -30,8 +30,7 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
 
     // Of the gadget's present size; what was drawn before a change of size stays.
     QImage& Bitmap() {
-        const bool fits = !bitmap.isNull() && bitmap.deviceIndependentSize() == QSizeF(size());
-        if (!fits && !bitmap.paintingActive()) {
+        if (bitmap.size() != BitmapSize(width(), height()) && !bitmap.paintingActive()) {
             AdjustImage();
         }
         return bitmap;
@@ -48,12 +47,12 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
 
   protected:
     void enterEvent(QEnterEvent* event) override {
-        mouse = event->position().toPoint();
+        mouse = PixelAt(event->position());
         SendEventFor(Tag(), CanvasMouseEnter);
     }
     void leaveEvent(QEvent*) override { SendEventFor(Tag(), CanvasMouseLeave); }
     void mouseMoveEvent(QMouseEvent* event) override {
-        mouse = event->position().toPoint();
+        mouse = PixelAt(event->position());
         SendEventFor(Tag(), CanvasMouseMove);
     }
     void paintEvent(QPaintEvent*) override {
@@ -62,6 +61,9 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     }
 
   private:
+    // The pointer lies in a pixel, not at the corner nearest to it.
+    static QPoint PixelAt(QPointF place) { return {qFloor(place.x()), qFloor(place.y())}; }
+
     QImage CreateImage(int width, int height) const {
         QImage image = MakeBitmap(width, height);
         if (!image.isNull()) {

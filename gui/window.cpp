@@ -249,6 +249,7 @@ void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::i
         }
         window->MoveFrame(position);
     }
+    window->KeepPlace();
     window->Reports().ReportNewBounds();
 }
 

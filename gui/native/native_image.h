@@ -16,6 +16,9 @@ inline NativeImage* ToHandle(QImage* image) {
     return reinterpret_cast<NativeImage*>(image);
 }
 
+// How many pixels of its own a bitmap has for a size in the program's pixels.
+QSize BitmapSize(std::int64_t width, std::int64_t height);
+
 // A bitmap of this size in the program's pixels, 24 bits deep and as fine as the screen: at a
 // screen scale of 2 it holds four of its own pixels for each. A null image when a side is below 1
 // or above what the windowing system can hold, or memory is short.

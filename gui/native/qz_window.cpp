@@ -105,8 +105,11 @@ void QzWindow::SetContentLimits(QSize minimum, QSize maximum) {
 }
 
 void QzWindow::MoveFrame(QPoint position) {
-    flags &= ~(WindowScreenCentred | WindowOwnerCentred);
     SetFramePosition(*this, position);
+}
+
+void QzWindow::KeepPlace() {
+    flags &= ~(WindowScreenCentred | WindowOwnerCentred);
 }
 
 void QzWindow::Show(std::uint32_t showFlags) {

@@ -51,8 +51,9 @@ class QzWindow final : public QWidget {
     void SetContentLimits(QSize minimum, QSize maximum);
     // Puts a window that is to be shown on the screen and waits until its frame is the true one.
     void EnsureFramed();
-    // Moves the frame; a present request of the creation to centre the window is dropped.
     void MoveFrame(QPoint position);
+    // The window stays where it is: that it was to be centred when it appears is forgotten.
+    void KeepPlace();
     // To be told of the bounds that the program has given the window.
     GeometryReports& Reports() { return reports; }
 

@@ -122,6 +122,8 @@ TEST_F(VectorDrawingTest, TakesAnyNumber) {
         VectorDrawText(u"8");
         PathStroke(number, StrokeKeepPath | StrokeRoundJoin);
         PathStrokeDotted(number, 1, StrokeKeepPath);
+        PathStrokeDotted(number, 1, StrokeKeepPath | StrokeRoundEnd);
+        PathStrokeDotted(1, number, StrokeKeepPath | StrokeRoundEnd);
         PathFill();
     }
 }
