@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QIcon>
 #include <QPixmap>
+#include <QStandardItemModel>
 
 #include "gui/event_queue.h"
 #include "gui/native/case_folding.h"
@@ -54,7 +55,8 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
         if (!hadSelection) {
             view.setCurrentIndex(-1);  // the toolkit selects the first item of a list by itself
         }
-        return 1;
+        const auto& model = static_cast<const QStandardItemModel&>(*view.model());
+        return reinterpret_cast<std::intptr_t>(model.item(index));
     }
     void RemoveGadgetItem(std::int64_t item) override {
         if (IsItem(item)) {

@@ -47,9 +47,9 @@ QzMenuObject::QzMenuObject(QMenuBar* bar, const MenuRecord* menu) : Menu(menu) {
 
 NumberedObjects<MenuRecord> registry;
 
-// The bar being built, and the menu that new items go into.
+// The bar being built, and the menu, or the bar itself, that new items go into.
 MenuRecord* building = nullptr;
-QPointer<QMenu> currentMenu;
+QPointer<QWidget> currentMenu;
 
 constexpr const char* PlainBarName = "plain";
 
@@ -146,8 +146,11 @@ std::int64_t MenuCreate(std::int64_t number, NativeWindow* handle) {
     const auto [id, record] = registry.Create(number);
     QMenuBar* const bar = MakeBar(window);
     *record = {window, bar, AddApplicationMenu(*bar), std::make_unique<QzMenuObject>(bar, record)};
-    window->SetMenuBar(bar);
-    if (window == QzWindow::KeyWindow()) {
+    const bool isKey = window == QzWindow::KeyWindow();
+    if (isKey || FirstOf(window).second == record) {
+        window->SetMenuBar(bar);
+    }
+    if (isKey) {
         QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(window));
     }
     building = record;
@@ -157,7 +160,8 @@ std::int64_t MenuCreate(std::int64_t number, NativeWindow* handle) {
 
 void MenuTitle(std::u16string_view text) {
     if (building != nullptr && building->Bar != nullptr) {
-        currentMenu = building->Bar->addMenu(Title(text));
+        currentMenu = building->Bar;
+        MenuOpenSubmenu(text);
     }
 }
 
@@ -175,7 +179,8 @@ void MenuItem(std::int64_t number, std::u16string_view text, NativeImage* image)
     }
     const ItemText item = ParseItemText(ToQString(text));
     const bool isTaken = !item.Shortcut.isEmpty() && HasShortcut(*building->Bar, item.Shortcut);
-    QAction* const action = currentMenu->addAction(item.Title);
+    auto* const action = new QAction(item.Title, currentMenu);
+    currentMenu->addAction(action);
     action->setShortcut(item.Shortcut);
     if (isTaken) {
         // The first in the bar has the keys; two with equal rights would be none to the toolkit.
@@ -189,19 +194,24 @@ void MenuItem(std::int64_t number, std::u16string_view text, NativeImage* image)
 
 void MenuSeparator() {
     if (currentMenu != nullptr) {
-        currentMenu->addSeparator();
+        auto* const separator = new QAction(currentMenu);
+        separator->setSeparator(true);
+        currentMenu->addAction(separator);
     }
 }
 
 void MenuOpenSubmenu(std::u16string_view text) {
     if (currentMenu != nullptr) {
-        currentMenu = currentMenu->addMenu(Title(text));
+        auto* const menu = new QMenu(Title(text), currentMenu);
+        menu->setSeparatorsCollapsible(false);
+        currentMenu->addAction(menu->menuAction());
+        currentMenu = menu;
     }
 }
 
 void MenuCloseSubmenu() {
     if (currentMenu != nullptr) {
-        currentMenu = qobject_cast<QMenu*>(currentMenu->parentWidget());
+        currentMenu = currentMenu == building->Bar ? nullptr : currentMenu->parentWidget();
     }
 }
 

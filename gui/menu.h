@@ -31,8 +31,8 @@ void MenuTitle(std::u16string_view text);
 void MenuItem(std::int64_t number, std::u16string_view text, NativeImage* image = nullptr);
 void MenuSeparator();
 void MenuOpenSubmenu(std::u16string_view text);
-// Goes back to the menu that the open submenu lies in; behind a title's menu there is none, and
-// items are dropped until the next title.
+// Goes back to the menu that the open submenu lies in; from a title's menu that is the bar itself,
+// and behind the bar there is none: items are then dropped until the next title.
 void MenuCloseSubmenu();
 
 // Frees a menu bar; AnyNumber frees all. Where it was on show, a bar with nothing but the

@@ -79,7 +79,8 @@ void SetTexts(QMessageBox& box, std::u16string_view title, std::u16string_view t
 }  // namespace
 
 void DismissMessageBoxes() {
-    for (const QPointer<QMessageBox>& box : openBoxes) {
+    const auto present = openBoxes;  // closing one may run code that opens another
+    for (const QPointer<QMessageBox>& box : present) {
         if (box != nullptr) {
             box->done(0);
         }

@@ -5,6 +5,7 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPointer>
 #include <QSignalBlocker>
 
 #include "gui/event_queue.h"
@@ -62,12 +63,14 @@ class QzStringField : public QzGadgetView<QLineEdit>, public QzControl {
   protected:
     void keyPressEvent(QKeyEvent* event) override {
         // The toolkit forgets what can be undone when a formatter replaces the text, so it gets to
-        // see the letters folded already.
-        QKeyEvent folded(event->type(), event->key(), event->modifiers(),
-                         formatter->Replacement(event->text()), event->isAutoRepeat(),
-                         static_cast<quint16>(event->count()));
-        QzGadgetView::keyPressEvent(&folded);
-        event->setAccepted(folded.isAccepted());
+        // see a letter folded already where that changes no length.
+        const QString typed = event->text();
+        const QString folded = formatter->Replacement(typed);
+        QKeyEvent key(event->type(), event->key(), event->modifiers(),
+                      folded.size() == typed.size() ? folded : typed, event->isAutoRepeat(),
+                      static_cast<quint16>(event->count()));
+        QzGadgetView::keyPressEvent(&key);
+        event->setAccepted(key.isAccepted());
     }
 
   private:
@@ -94,8 +97,11 @@ class QzStringGadgetFunctions final : public QzGadgetFunctions {
   public:
     // What the field holds is ready to be typed over.
     void ActivateGadget() override {
+        const QPointer<QLineEdit> view = &View();  // a binding to Focus may free the gadget
         QzGadgetFunctions::ActivateGadget();
-        View().selectAll();
+        if (view != nullptr) {
+            view->selectAll();
+        }
     }
 
     // Pressing Return is no event.

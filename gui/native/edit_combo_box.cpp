@@ -1,6 +1,7 @@
 #include "gui/native/edit_combo_box.h"
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -85,18 +86,27 @@ class Qz_NSComboBox final : public QzGadgetView<QComboBox>,
         QObject::disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
         QObject::disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
         lineEdit()->setValidator(&formatter);
-        UndoKey::InstallOn(*lineEdit());
+        lineEdit()->setMaxLength(std::numeric_limits<int>::max());
     }
 
     DataSource& Source() { return source; }
 
-    void SetStringValue(const QString& value) override { setEditText(value); }
+    void SetStringValue(const QString& value) override {
+        // The program's own text is not judged.
+        lineEdit()->setValidator(nullptr);
+        setEditText(value);
+        lineEdit()->setValidator(&formatter);
+    }
     QString StringValue() const override { return currentText(); }
 
     void BecomeFirstResponder() override { SendEventFor(Tag(), Focus); }
     void TextDidEndEditing() override { SendEventFor(Tag(), LostFocus); }
 
   protected:
+    bool event(QEvent* event) override {
+        return (lineEdit() != nullptr && UndoKey::Takes(*lineEdit(), event)) ||
+               QzGadgetView::event(event);
+    }
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
   private:
@@ -120,7 +130,7 @@ class ListChange {
             view.setCurrentIndex(-1);
         }
         if (view.currentText() != text) {
-            view.setEditText(text);
+            view.SetStringValue(text);
         }
         view.Source().SelectedIndex = selectedIndex;
     }
@@ -161,7 +171,7 @@ class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
             return;
         }
         View().setCurrentIndex(static_cast<int>(state));
-        View().setEditText(View().Source().ObjectValueForItemAtIndex(state));
+        View().SetStringValue(View().Source().ObjectValueForItemAtIndex(state));
         View().Source().SelectedIndex = static_cast<std::int32_t>(state);
     }
     std::int64_t GetGadgetState() const override { return View().Source().SelectedIndex; }
@@ -179,7 +189,7 @@ class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
             View().setCurrentIndex(static_cast<int>(index));
             View().Source().ObjectValueForItemAtIndex(index);
         }
-        View().setEditText(folded);
+        View().SetStringValue(folded);
     }
 
     void SetGadgetItemText(std::int64_t item, std::u16string_view text, std::int64_t) override {

@@ -6,12 +6,17 @@ void FirstResponder::Pass(QWidget* to) {
     if (to == view) {
         return;
     }
+    const QPointer<QWidget> next = to;
     auto* const before = dynamic_cast<FirstResponderView*>(view.data());
-    view = to;
+    view = nullptr;
     if (before != nullptr) {
         before->TextDidEndEditing();
     }
-    if (auto* const now = dynamic_cast<FirstResponderView*>(to)) {
+    if (view != nullptr) {
+        return;  // who was told has passed it on already
+    }
+    view = next;
+    if (auto* const now = dynamic_cast<FirstResponderView*>(next.data())) {
         now->BecomeFirstResponder();
     }
 }

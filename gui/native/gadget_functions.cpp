@@ -62,11 +62,16 @@ void QzGadgetFunctions::SendEvent(std::int64_t type) const {
 }
 
 void QzGadgetFunctions::ActivateGadget() {
-    QzWindow* const window = QzWindow::Of(Gadget->View);
+    // A binding to what this posts may free the gadget, and these functions with it.
+    const std::int64_t number = GadgetID;
+    QWidget* const view = Gadget->View;
+    QzWindow* const window = QzWindow::Of(view);
     if (window->IsShown()) {
         window->MakeKeyAndOrderFront();
     }
-    window->MakeFirstResponder(Gadget->View);
+    if (GadgetExists(number)) {
+        window->MakeFirstResponder(view);
+    }
 }
 
 void QzGadgetFunctions::GadgetToolTip(std::u16string_view text) {

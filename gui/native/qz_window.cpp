@@ -238,7 +238,6 @@ void QzWindow::Disable() {
     overlay = new QzDisabledView(contentView, windowFlags());
     overlay->show();
     MakeFirstResponder(nullptr);
-    setFocus();  // keys go to the window itself; without a focus the toolkit would choose a field
     if (menuBar != nullptr) {
         menuBar->setEnabled(false);
     }
@@ -250,7 +249,6 @@ void QzWindow::Enable() {
         return;
     }
     RemoveOverlay();
-    clearFocus();
     if (menuBar != nullptr) {
         menuBar->setEnabled(true);
     }
@@ -293,8 +291,9 @@ void QzWindow::MakeFirstResponder(QWidget* view) {
     }
     if (view != nullptr) {
         view->setFocus(Qt::OtherFocusReason);
-    } else if (QWidget* const focused = focusWidget()) {
-        focused->clearFocus();
+    } else {
+        setFocus();  // keys go to the window itself; without a focus the toolkit would choose a
+                     // field
     }
     firstResponder.Pass(view);
 }

@@ -11,6 +11,10 @@ void UndoKey::InstallOn(QLineEdit& field) {
 }
 
 bool UndoKey::eventFilter(QObject* watched, QEvent* event) {
+    return Takes(static_cast<QLineEdit&>(*watched), event);
+}
+
+bool UndoKey::Takes(QLineEdit& field, QEvent* event) {
     const bool isKey =
         event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
     if (!isKey || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
@@ -18,7 +22,6 @@ bool UndoKey::eventFilter(QObject* watched, QEvent* event) {
     }
     // The toolkit asks first whether a field wants a key that may be a shortcut, and then presents
     // the key itself, which here has done its work by then.
-    auto& field = static_cast<QLineEdit&>(*watched);
     if (event->type() == QEvent::ShortcutOverride) {
         if (!field.isReadOnly() && field.echoMode() == QLineEdit::Normal) {
             field.undo();

@@ -11,6 +11,9 @@ namespace rotavel {
 class UndoKey final : public QObject {
   public:
     static void InstallOn(QLineEdit& field);
+    // The same for a field that gets its keys from a widget around it: whether the event was the
+    // undo key and has been dealt with.
+    static bool Takes(QLineEdit& field, QEvent* event);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 };

@@ -86,6 +86,8 @@ TEST_F(ComboBoxTest, EditableFormKeepsItsStateByItself) {
     ForgetEvents();
     EXPECT_EQ(GetGadgetState(1), -1);
     SetGadgetState(1, 2);
+    SetGadgetText(1, u"a\nb");
+    EXPECT_EQ(GetGadgetText(1), u"a\nb");
     SetGadgetText(1, u"none");
     SetGadgetItemData(1, 1, 7);
     AddGadgetItem(1, 0, u"first");

@@ -46,11 +46,15 @@ TEST_F(MenuTest, IsBuiltFromFrontToBack) {
     MenuItem(11, u"m");
     MenuCloseSubmenu();
     MenuSeparator();
+    MenuCloseSubmenu();
+    MenuItem(12, u"bar");
+    MenuCloseSubmenu();
+    MenuItem(13, u"dropped");
     MenuTitle(u"Help");
     MenuItem(3, u"R&&D");
     EXPECT_EQ(MenuOutline(3), name + "(About " + name + ",-,Preferences\u2026,-,Services,-,Hide " +
                                   name + ",Hide Others,Show All,-,Quit " + name +
-                                  ",),File(Makers(A(a1,),(),m,),-,),Help(RD,),");
+                                  ",),File(Makers(A(a1,),(),m,),-,),bar,Help(RD,),");
 }
 
 TEST_F(MenuTest, ApplicationMenuPostsItsFixedNumbers) {

@@ -7,6 +7,7 @@
 #include "gui/native/native_text.h"
 #include "gui/window.h"
 #include "gui_test.h"
+#include "runtime/numbered_objects.h"
 
 namespace rotavel {
 namespace {
@@ -68,6 +69,7 @@ TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
         {0, 3, u"longer", u"", {Back, All, 'x'}, u"x", 1},
         {StringUpperCase, 0, u"ac", u"", {Left, 'b', 'x'}, u"ABXC", 2},
         {StringUpperCase, 0, u"a", u"\u00DF", {Paste}, u"ASS", 1},
+        {StringUpperCase, 0, u"A", u"", {'b', Undo}, u"A", 2},
         {StringLowerCase, 0, u"AB", u"CD", {Paste, 'E'}, u"abcde", 2},
         {StringUpperCase | StringLowerCase, 0, u"aBc", u"", {}, u"abc", 0},
         {StringUpperCase | StringLowerCase, 0, u"aBc", u"", {'d'}, u"ABCD", 1},
@@ -116,6 +118,16 @@ TEST_F(StringGadgetTest, TellsWhenTheKeyboardComesAndGoes) {
     ForgetEvents();
     WindowActivate(0);
     EXPECT_EQ(Taken(), "") << "the windows changed, not their fields";
+    BindEvent([] { ActivateGadget(2); }, GadgetActivity, 0, 2, LostFocus);
+    Press(Qt::Key_Backtab);
+    EXPECT_EQ(Taken(), "LostFocus 2, Focus 2") << "the value was wrong";
+    UnbindWindowEvents(0);
+    ActivateGadget(AnyNumber);
+    ForgetEvents();
+    WindowActivate(1);
+    ForgetEvents();
+    WindowActivate(0);
+    EXPECT_EQ(Taken(), "") << "no field had the keyboard";
 }
 
 }  // namespace
