@@ -14,10 +14,10 @@ std::int64_t WaitForEvent(std::int64_t timeoutMs) {
     if (const std::uint32_t kind = TakeEvent()) {
         return kind;
     }
-    PresentPendingWindows();
     const QDeadlineTimer deadline =
         timeoutMs < 0 ? QDeadlineTimer(QDeadlineTimer::Forever) : QDeadlineTimer(timeoutMs);
     for (;;) {
+        PresentPendingWindows();  // also those that a timer has opened
         const bool delivered = ProcessNativeEvents(deadline);
         if (const std::uint32_t kind = TakeEvent()) {
             return kind;

@@ -158,9 +158,11 @@ void ResumePosting() {
 std::uint32_t TakeEvent() {
     CurrentEvent& current = queue.current;
     current.Kind = 0;
-    ReleaseData(current.Data, current.Release);
-    current.Data = nullptr;
-    current.Release = nullptr;
+    if (current.Data != nullptr && current.Release != nullptr) {
+        current.Release(current.Data);
+        current.Data = nullptr;
+        current.Release = nullptr;
+    }
     current.Type = -1;
     EventRecord* const record = queue.oldest;
     if (record == nullptr) {

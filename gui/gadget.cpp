@@ -27,6 +27,14 @@ auto Forward(std::int64_t number, Operation operation, Arguments... arguments)
     return Result();
 }
 
+// A place on the screen is known once the window has its frame.
+void EnsureFramedFor(std::int64_t number, int mode) {
+    const GadgetRecord* const record = registry.Find(number);
+    if (record != nullptr && mode == OnScreen) {
+        QzWindow::Of(record->View)->EnsureFramed();
+    }
+}
+
 void FreeRecord(std::int64_t number, GadgetRecord& record) {
     if (auto* const tagged = dynamic_cast<QzTaggedView*>(record.View)) {
         tagged->SetAlreadyDestroyed(true);
@@ -126,10 +134,12 @@ void GadgetToolTip(std::int64_t number, std::u16string_view text) {
 }
 
 std::int64_t GadgetX(std::int64_t number, int mode) {
+    EnsureFramedFor(number, mode);
     return Forward(number, &QzGadgetFunctions::GadgetX, mode);
 }
 
 std::int64_t GadgetY(std::int64_t number, int mode) {
+    EnsureFramedFor(number, mode);
     return Forward(number, &QzGadgetFunctions::GadgetY, mode);
 }
 

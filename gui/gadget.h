@@ -52,7 +52,7 @@ std::int64_t GetGadgetAttribute(std::int64_t number, std::int64_t attribute);
 // Sets the font (a number of font.h, or AnyNumber for the system's own) of a gadget or, for gadget
 // AnyNumber, of every gadget created from now on.
 void SetGadgetFont(std::int64_t number, std::int64_t font);
-// The number of the font set, AnyNumber for none.
+// The number of the font set, AnyNumber for none or when the number is not open.
 std::int64_t GetGadgetFont(std::int64_t number);
 
 // Colours are 32-bit RGBA, red in the lowest byte; NoColour stands for the kind's own.

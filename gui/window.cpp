@@ -55,6 +55,9 @@ void DestroyOne(std::int64_t number, const WindowRecord& record) {
     }
     FreeMenuOf(window);
     window->Hide();
+    if (registry.Find(number) != &record) {
+        return;  // a binding to what hiding posts has destroyed it
+    }
     record.Delegate->WindowWillClose();
     // The toolkit may be in the middle of telling this window something.
     window->deleteLater();
@@ -231,6 +234,7 @@ void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::i
     if (window == nullptr) {
         return;
     }
+    window->FixPlace();
     const QSize current = window->ContentSize();
     const std::int64_t newWidth = width == IgnoreValue ? current.width() : width;
     const std::int64_t newHeight = height == IgnoreValue ? current.height() : height;
@@ -249,7 +253,6 @@ void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::i
         }
         window->MoveFrame(position);
     }
-    window->KeepPlace();
     window->Reports().ReportNewBounds();
 }
 

@@ -20,12 +20,18 @@ QMargins MarginsFor(const QWidget& window) {
     return IsFramed(window) ? frameMargins : QMargins();
 }
 
-void CentreFrame(QWidget& window, QPoint centre, const QScreen& screen) {
-    QRect frame({}, window.size().grownBy(MarginsFor(window)));
-    frame.moveCenter(centre);
-    const QPoint corner = screen.availableGeometry().topLeft();
-    SetFramePosition(window,
-                     {std::max(frame.left(), corner.x()), std::max(frame.top(), corner.y())});
+void CentreFrame(QWidget& window, const QRect& over, const QScreen& screen) {
+    const QSize frame = window.size().grownBy(MarginsFor(window));
+    const QRect room = screen.availableGeometry();
+    QPoint corner(over.left() + (over.width() - frame.width()) / 2,
+                  over.top() + (over.height() - frame.height()) / 2);
+    if (frame.width() > room.width()) {
+        corner.setX(std::max(corner.x(), room.left()));
+    }
+    if (frame.height() > room.height()) {
+        corner.setY(std::max(corner.y(), room.top()));
+    }
+    SetFramePosition(window, corner);
 }
 
 }  // namespace
@@ -63,11 +69,11 @@ void SetFramePosition(QWidget& window, QPoint position) {
 }
 
 void CentreFrameOnScreen(QWidget& window) {
-    CentreFrame(window, window.screen()->availableGeometry().center(), *window.screen());
+    CentreFrame(window, window.screen()->availableGeometry(), *window.screen());
 }
 
 void CentreFrameOver(QWidget& window, const QWidget& owner) {
-    CentreFrame(window, owner.frameGeometry().center(), *owner.screen());
+    CentreFrame(window, FrameOf(owner), *owner.screen());
 }
 
 }  // namespace rotavel

@@ -4,6 +4,7 @@
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
 #include "gui/native/coordinates.h"
+#include "gui/native/frame_placement.h"
 #include "gui/native/gadget_record.h"
 #include "gui/native/gadget_view.h"
 #include "gui/native/native_font.h"
@@ -21,11 +22,12 @@ QzControl* AsControl(const GadgetRecord& record) {
 
 QPoint Position(const GadgetRecord& record, int mode) {
     const QWidget& container = *record.Container;
+    const QzWindow& window = *QzWindow::Of(&container);
     switch (mode) {
         case OnScreen:
-            return container.mapToGlobal(QPoint());
+            return InnerCornerOf(window) + container.mapTo(&window, QPoint());
         case InWindow:
-            return container.mapTo(QzWindow::Of(&container)->ContentView(), QPoint());
+            return container.mapTo(window.ContentView(), QPoint());
         default:
             return container.pos();
     }
@@ -38,7 +40,12 @@ void QzGadgetFunctions::Setup(std::unique_ptr<QzGadgetFunctions> functions, std:
                               std::uint32_t flags) {
     const auto [id, record] = GadgetRegistry().Create(number);
     QzGadgetFunctions& self = *functions;
-    *record = {view, container, std::move(functions), WindowNumberOf(container), kind, flags};
+    *record = {view,
+               container,
+               std::move(functions),
+               WindowNumberOf(FromHandle(QzGadgetList::CurrentWindow())),
+               kind,
+               flags};
     self.Gadget = record;
     self.GadgetID = id;
     self.isNSControl = AsControl(*record) != nullptr;
@@ -161,7 +168,7 @@ QWidget* ContainerForNewGadget(std::int64_t number) {
     if (number < AnyNumber) {
         return nullptr;
     }
-    if (number != AnyNumber) {
+    if (number != AnyNumber && QzGadgetList::CurrentView() != nullptr) {
         FreeGadget(number);
     }
     return FromHandle(QzGadgetList::CurrentView());

@@ -20,7 +20,7 @@ GeometryReports::GeometryReports(QzWindow& reportedWindow) : window(reportedWind
 
 void GeometryReports::Begin() {
     if (settled) {
-        Report();
+        ReportNewBounds();
     }
     // Where the window is to be: on the way there the window manager may show it elsewhere.
     reported = Current();

@@ -26,12 +26,16 @@ bool ProcessNativeEvents(const QDeadlineTimer& deadline, NativeInput input) {
     if (remaining > 0) {
         alarm.start(static_cast<int>(std::min<qint64>(remaining, std::numeric_limits<int>::max())));
     }
-    QzApplication::Instance()->TakeNativeEventSeen();
+    // Within a delivery the wait around it keeps its own mark.
+    QzApplication& application = *QzApplication::Instance();
+    const bool seenBefore = application.TakeNativeEventSeen();
     QEventLoop::ProcessEventsFlags flags = QEventLoop::AllEvents;
     flags.setFlag(QEventLoop::WaitForMoreEvents, remaining != 0);
     flags.setFlag(QEventLoop::ExcludeUserInputEvents, input == NativeInput::Postpone);
     dispatcher->processEvents(flags);
-    return QzApplication::Instance()->TakeNativeEventSeen();
+    const bool seen = application.TakeNativeEventSeen();
+    application.SetNativeEventSeen(seenBefore);
+    return seen;
 }
 
 void FlushDeferredDeletes() {

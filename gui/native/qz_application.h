@@ -28,6 +28,7 @@ class QzApplication final : public QApplication {
     void RemoveFilter(NativeEventFilter filter, void* userValue);
 
     // Whether a native event was delivered since the last call.
+    void SetNativeEventSeen(bool seen) { nativeEventSeen = seen; }
     bool TakeNativeEventSeen() { return std::exchange(nativeEventSeen, false); }
 
     // Whether an event is being delivered, so that a widget may be in the middle of its handler.

@@ -108,7 +108,10 @@ void QzWindow::MoveFrame(QPoint position) {
     SetFramePosition(*this, position);
 }
 
-void QzWindow::KeepPlace() {
+void QzWindow::FixPlace() {
+    if (presentPending) {
+        Place();
+    }
     flags &= ~(WindowScreenCentred | WindowOwnerCentred);
 }
 
@@ -119,11 +122,10 @@ void QzWindow::Show(std::uint32_t showFlags) {
         flags &= ~placement;
     }
     flags = (flags & ~WindowNotActivated) | (showFlags & (placement | WindowNotActivated));
-    const bool activates = (flags & WindowNotActivated) == 0 && !isPopup;
+    const bool activates =
+        (flags & (WindowNotActivated | WindowStartMiniaturized)) == 0 && !isPopup;
     if (isVisible() && (flags & placement) == 0) {
-        if (isMinimized()) {
-            showNormal();
-        }
+        Deminiaturize();
         if (activates) {
             MakeKeyAndOrderFront();
         } else if (!isPopup) {
@@ -157,15 +159,18 @@ void QzWindow::Hide() {
 void QzWindow::Present() {
     presentPending = false;
     if ((flags & WindowOwnerCentred) != 0 && placementOwner != nullptr) {
-        const QPointer<QzWindow> self = this;
-        placementOwner->EnsureFramed();  // a timer of the program's may destroy this one meanwhile
-        if (self == nullptr) {
-            return;
-        }
+        placementOwner->EnsureFramed();
     }
-    Place();
+    // A timer or binding of the program's may close it meanwhile.
+    if (delegate != nullptr) {
+        Place();
+    }
+    if (delegate == nullptr) {
+        return;
+    }
     AttachToParent();
     setAttribute(Qt::WA_ShowWithoutActivating, (flags & WindowNotActivated) != 0);
+    Deminiaturize();
     if ((flags & WindowStartMiniaturized) != 0) {
         showMinimized();
         reports.Settle();  // nothing is painted that would tell
@@ -178,6 +183,12 @@ void QzWindow::Present() {
     flags &= ~(WindowStartMiniaturized | WindowStartZoomed);
     if (keyWindow == this) {
         MakeKeyAndOrderFront();
+    }
+}
+
+void QzWindow::Deminiaturize() {
+    if (isMinimized()) {
+        setWindowState(windowState() & ~Qt::WindowMinimized);
     }
 }
 
@@ -365,17 +376,33 @@ bool QzWindow::event(QEvent* event) {
     }
     if (event->type() == QEvent::WindowActivate) {
         BecameActive();
-    } else if (event->type() == QEvent::WindowDeactivate && std::exchange(isKey, false)) {
-        if (keyWindow == this) {
-            keyWindow = nullptr;
-        }
-        delegate->WindowDidResignKey();
+    } else if (event->type() == QEvent::WindowDeactivate) {
+        ResignKey();
     }
     return QWidget::event(event);
 }
 
+void QzWindow::ResignKey() {
+    if (!std::exchange(isKey, false)) {
+        return;
+    }
+    if (keyWindow == this) {
+        keyWindow = nullptr;
+    }
+    if (delegate != nullptr) {
+        delegate->WindowDidResignKey();
+    }
+}
+
 void QzWindow::BecameActive() {
     if (CanBecomeKeyWindow()) {
+        // The toolkit tells the window before only afterwards.
+        if (lastKeyWindow != nullptr && lastKeyWindow != this) {
+            lastKeyWindow->ResignKey();
+        }
+        if (delegate == nullptr) {
+            return;
+        }
         isKey = true;
         keyWindow = this;
         lastKeyWindow = this;

@@ -52,8 +52,8 @@ class QzWindow final : public QWidget {
     // Puts a window that is to be shown on the screen and waits until its frame is the true one.
     void EnsureFramed();
     void MoveFrame(QPoint position);
-    // The window stays where it is: that it was to be centred when it appears is forgotten.
-    void KeepPlace();
+    // A window that is to be centred when it appears is so now, and not again.
+    void FixPlace();
     // To be told of the bounds that the program has given the window.
     GeometryReports& Reports() { return reports; }
 
@@ -63,6 +63,7 @@ class QzWindow final : public QWidget {
     void Show(std::uint32_t flags);
     void PresentIfPending();
     void Hide();
+    void Deminiaturize();
     // Brings the window to the front and gives it the keyboard, unless it is disabled.
     void MakeKeyAndOrderFront();
 
@@ -95,6 +96,7 @@ class QzWindow final : public QWidget {
     void Present();
     void RemoveOverlay();
     void BecameActive();
+    void ResignKey();
     void AttachToParent();
     void LayOut();
     int MenuBarHeight(int width) const;

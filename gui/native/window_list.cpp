@@ -11,6 +11,14 @@ namespace {
 
 std::vector<QzWindow*> windows;
 
+// What is done may run code that opens another window.
+template <typename Deed>
+void ForEach(Deed deed) {
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        deed(*windows[i]);
+    }
+}
+
 }  // namespace
 
 void EnterWindow(QzWindow* window) {
@@ -22,37 +30,30 @@ void LeaveWindow(QzWindow* window) {
 }
 
 void PresentPendingWindows() {
-    // Showing one may run code that opens another.
-    for (std::size_t i = 0; i < windows.size(); ++i) {
-        windows[i]->PresentIfPending();
-    }
+    ForEach([](QzWindow& window) { window.PresentIfPending(); });
 }
 
 void BringWindowsToFront() {
-    for (QzWindow* const window : windows) {
-        if (window->isVisible()) {
-            window->raise();
+    ForEach([](QzWindow& window) {
+        if (window.isVisible()) {
+            window.raise();
         }
-    }
+    });
     if (QzWindow* const key = QzWindow::LastKeyWindow()) {
         key->MakeKeyAndOrderFront();
     }
 }
 
 void MiniaturizeWindows() {
-    for (QzWindow* const window : windows) {
-        if (window->isVisible() && !window->IsBorderless()) {
-            window->showMinimized();
+    ForEach([](QzWindow& window) {
+        if (window.isVisible() && !window.IsBorderless()) {
+            window.showMinimized();
         }
-    }
+    });
 }
 
 void DeminiaturizeWindows() {
-    for (QzWindow* const window : windows) {
-        if (window->isMinimized()) {
-            window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-        }
-    }
+    ForEach([](QzWindow& window) { window.Deminiaturize(); });
 }
 
 QzWindow* KeyWindowAbove(const QzWindow* parent) {

@@ -120,7 +120,7 @@ check_menus() {
 check_hiding() {
     open_second
     xdotool windowactivate "$gallery"
-    sees "the other window" "WindowActivated 0" "WindowDeactivated 1"
+    sees "the other window" "WindowDeactivated 1" "WindowActivated 0"
     key ctrl+h
     sees_besides_activation "Hide" "WindowMinimized 0" "WindowMinimized 1"
     xdotool windowactivate "$gallery"

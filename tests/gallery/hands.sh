@@ -67,7 +67,7 @@ open_second() {
     key ctrl+o
     wait_for_keyboard Resizable
     second=$found
-    sees "CTRL+O" "MenuChosen 3 0" "WindowActivated 1" "WindowDeactivated 0"
+    sees "CTRL+O" "MenuChosen 3 0" "WindowDeactivated 0" "WindowActivated 1"
 }
 
 # sees WHAT EVENT...: these events come next, and no other. When one comes late that should not

@@ -56,34 +56,34 @@ check_zooming() {
     click_box "$second" "$minimize_box"
     sees_in_any_order "miniaturizing" "WindowMinimized 1" "WindowDeactivated 1" "WindowActivated 0"
     xdotool windowactivate "$second"
-    sees_in_any_order "the way back" "WindowRestored 1" "WindowActivated 1" "WindowDeactivated 0"
+    sees_in_any_order "the way back" "WindowRestored 1" "WindowDeactivated 0" "WindowActivated 1"
     zooms "$second" WindowMaximized
     click_box "$second" "$minimize_box"
     sees_in_any_order "miniaturizing" "WindowMinimized 1" "WindowDeactivated 1" "WindowActivated 0"
     xdotool windowactivate "$second"
     sees_in_any_order "the way back of a zoomed window" \
-        "WindowMaximized 1" "WindowActivated 1" "WindowDeactivated 0"
+        "WindowMaximized 1" "WindowDeactivated 0" "WindowActivated 1"
 }
 
 check_starting() {
     key F7
     wait_for_keyboard Resizable
-    sees "a window that starts zoomed" "MenuChosen 4 0" "WindowActivated 1" "WindowDeactivated 0"
+    sees "a window that starts zoomed" "MenuChosen 4 0" "WindowDeactivated 0" "WindowActivated 1"
     zooms "$found" WindowRestored
     click_box "$found" "$close_box"
     sees "the close box" "CloseRequested 1" "WindowActivated 0"
     key F8
     sees "a window that starts miniaturized" "MenuChosen 5 0"
     xdotool windowactivate "$(xdotool search --name '^Resizable$')"
-    sees_in_any_order "the way up" "WindowRestored 1" "WindowActivated 1" "WindowDeactivated 0"
+    sees_in_any_order "the way up" "WindowRestored 1" "WindowDeactivated 0" "WindowActivated 1"
 }
 
 check_closing() {
     open_second
     xdotool windowactivate "$gallery"
-    sees "the other window" "WindowActivated 0" "WindowDeactivated 1"
+    sees "the other window" "WindowDeactivated 1" "WindowActivated 0"
     xdotool windowactivate "$second"
-    sees "the other window" "WindowActivated 1" "WindowDeactivated 0"
+    sees "the other window" "WindowDeactivated 0" "WindowActivated 1"
     click_box "$second" "$close_box"
     sees "the close box" "CloseRequested 1" "WindowActivated 0"
     key End x
@@ -138,7 +138,7 @@ check_disabling() {
     sees "enabling" 'Type0 70 "Disable or enable the gallery"' 'Focus 1 "any text"'
     [[ $(title_bar_functions "$gallery") == "$before" ]] || fail "enabling did not give back the boxes"
     xdotool windowactivate "$gallery"
-    sees "the enabled window" "WindowActivated 0" "WindowDeactivated 1"
+    sees "the enabled window" "WindowDeactivated 1" "WindowActivated 0"
     key End x alt+F6
     sees "the enabled window" 'Change 1 "any textx"' "MenuChosen 20 0"
 }

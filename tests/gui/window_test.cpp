@@ -188,6 +188,12 @@ TEST_F(WindowTest, TimersEndWithItAndFiltersSeeEventsFirst) {
     while (ticks < 3) {
         WaitForEvent(10);
     }
+    WindowCreate(1, 0, 0, 50, 50, u"", WindowHidden);
+    WindowAddTimer(0, 5, [](void*) { WindowShow(1, 0); }, nullptr);
+    while (!Native(1)->isVisible()) {
+        WaitForEventBlocking();
+    }
+    WindowDestroy(1);
     const auto filter = [](void* event, void*) {
         return static_cast<QEvent*>(event)->type() == QEvent::MouseButtonRelease;
     };
