@@ -92,8 +92,8 @@ void FreeOne(std::int64_t number, const MenuRecord& record) {
     if (bar == nullptr) {
         return;
     }
-    if (window != nullptr && window->MenuBar() == bar) {
-        window->SetMenuBar(PlainBar(window));
+    if (window != nullptr && window->Layout().MenuBar() == bar) {
+        window->Layout().SetMenuBar(PlainBar(window));
     }
     bar->deleteLater();  // the choice of one of its items may be under way
 }
@@ -121,7 +121,7 @@ std::pair<std::int64_t, MenuRecord*> FirstOf(const QzWindow* window) {
 void InstallMenuBarOf(QzWindow* window) {
     const MenuRecord* const record = FirstOf(window).second;
     if (record != nullptr) {
-        window->SetMenuBar(record->Bar);
+        window->Layout().SetMenuBar(record->Bar);
         QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(window));
     }
 }
@@ -148,7 +148,7 @@ std::int64_t MenuCreate(std::int64_t number, NativeWindow* handle) {
     *record = {window, bar, AddApplicationMenu(*bar), std::make_unique<QzMenuObject>(bar, record)};
     const bool isKey = window == QzWindow::KeyWindow();
     if (isKey || FirstOf(window).second == record) {
-        window->SetMenuBar(bar);
+        window->Layout().SetMenuBar(bar);
     }
     if (isKey) {
         QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(window));

@@ -241,7 +241,7 @@ void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::i
     // A size that no window can have changes nothing, like any size that is the present one.
     if (IsPossibleSize(newWidth, newHeight) &&
         (newWidth != current.width() || newHeight != current.height())) {
-        window->SetContentSize({ToSide(newWidth), ToSide(newHeight)});
+        window->Layout().SetContentSize({ToSide(newWidth), ToSide(newHeight)});
     }
     if (x != IgnoreValue || y != IgnoreValue) {
         QPoint position = window->pos();
@@ -266,9 +266,9 @@ void WindowSetContentLimits(std::int64_t number, std::int64_t minimumWidth,
     const auto limit = [](std::int64_t asked, int current) {
         return asked == IgnoreValue ? current : ToSide(asked);
     };
-    const QSize minimum = window->ContentMinimumSize();
-    const QSize maximum = window->ContentMaximumSize();
-    window->SetContentLimits(
+    const QSize minimum = window->Layout().ContentMinimumSize();
+    const QSize maximum = window->Layout().ContentMaximumSize();
+    window->Layout().SetContentLimits(
         {limit(minimumWidth, minimum.width()), limit(minimumHeight, minimum.height())},
         {limit(maximumWidth, maximum.width()), limit(maximumHeight, maximum.height())});
 }

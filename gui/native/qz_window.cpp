@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QMenuBar>
 #include <QScreen>
 #include <QWindow>
 
@@ -37,12 +36,11 @@ QzWindow::QzWindow(std::uint32_t creationFlags, QzWindow* parent, QSize contentS
       flags(creationFlags),
       parentWindow(parent),
       placementOwner(parent != nullptr ? parent : keyWindow.data()),
-      contentMinimum(0, 0),
-      contentMaximum(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) {
+      contentView(new QzFlippedWindowView(this)),
+      layout(*this, *contentView, resizable) {
     setWindowFlags(ToolkitFlags(flags, parent != nullptr));
-    contentView = new QzFlippedWindowView(this);
     setFocusPolicy(Qt::NoFocus);
-    SetContentSize(contentSize);
+    layout.SetContentSize(contentSize);
     EnterWindow(this);
 }
 
@@ -60,48 +58,6 @@ QzWindow* QzWindow::KeyWindow() {
 
 QzWindow* QzWindow::LastKeyWindow() {
     return lastKeyWindow;
-}
-
-void QzWindow::SetMenuBar(QMenuBar* bar) {
-    if (bar == menuBar) {
-        return;
-    }
-    const QSize content = ContentSize();
-    if (menuBar != nullptr) {
-        menuBar->hide();
-    }
-    menuBar = bar;
-    if (menuBar != nullptr) {
-        menuBar->setParent(this);
-        menuBar->setEnabled(!IsDisabled());
-        menuBar->show();
-    }
-    SetContentSize(content);
-}
-
-QSize QzWindow::ContentSize() const {
-    return contentView->size();
-}
-
-void QzWindow::SetContentSize(QSize size) {
-    const QSize whole(size.width(), size.height() + MenuBarHeight(size.width()));
-    if (resizable) {
-        SetContentLimits(contentMinimum, contentMaximum);
-        resize(whole);
-    } else {
-        setFixedSize(whole);
-    }
-    LayOut();
-}
-
-void QzWindow::SetContentLimits(QSize minimum, QSize maximum) {
-    contentMinimum = minimum;
-    contentMaximum = maximum;
-    if (resizable) {
-        const int barHeight = MenuBarHeight(width());
-        setMinimumSize(minimum.width(), minimum.height() + barHeight);
-        setMaximumSize(maximum.width(), std::min(maximum.height() + barHeight, QWIDGETSIZE_MAX));
-    }
 }
 
 void QzWindow::MoveFrame(QPoint position) {
@@ -249,9 +205,7 @@ void QzWindow::Disable() {
     overlay = new QzDisabledView(contentView, windowFlags());
     overlay->show();
     MakeFirstResponder(nullptr);
-    if (menuBar != nullptr) {
-        menuBar->setEnabled(false);
-    }
+    layout.EnableMenuBar(false);
     SetTitleBarButtons(*this, {});
 }
 
@@ -260,9 +214,7 @@ void QzWindow::Enable() {
         return;
     }
     RemoveOverlay();
-    if (menuBar != nullptr) {
-        menuBar->setEnabled(true);
-    }
+    layout.EnableMenuBar(true);
     if (responderBeforeDisabling != nullptr) {
         MakeFirstResponder(responderBeforeDisabling);
     }
@@ -328,20 +280,8 @@ void QzWindow::ContentPainted() {
     RememberFrameMargins(*this);
 }
 
-void QzWindow::LayOut() {
-    const int barHeight = MenuBarHeight(width());
-    if (menuBar != nullptr) {
-        menuBar->setGeometry(0, 0, width(), barHeight);
-    }
-    contentView->setGeometry(0, barHeight, width(), std::max(height() - barHeight, 0));
-}
-
-int QzWindow::MenuBarHeight(int width) const {
-    return menuBar == nullptr ? 0 : menuBar->heightForWidth(width);
-}
-
 void QzWindow::resizeEvent(QResizeEvent*) {
-    LayOut();
+    layout.Apply();
     reports.ReportLater();
 }
 

@@ -7,8 +7,7 @@
 
 #include "gui/native/first_responder.h"
 #include "gui/native/geometry_reports.h"
-
-class QMenuBar;
+#include "gui/native/window_layout.h"
 
 namespace rotavel {
 
@@ -33,10 +32,7 @@ class QzWindow final : public QWidget {
     void SetDelegate(QzWindowEvents* newDelegate) { delegate = newDelegate; }
     QzWindowEvents* Delegate() const { return delegate; }
     QzFlippedWindowView* ContentView() const { return contentView; }
-    QMenuBar* MenuBar() const { return menuBar; }
-    // Puts a menu bar, or none, above the content, which keeps its size. The bar before stays a
-    // hidden child of the window.
-    void SetMenuBar(QMenuBar* bar);
+    WindowLayout& Layout() { return layout; }
 
     QzWindow* ParentWindow() const { return parentWindow; }
     bool IsBorderless() const { return borderless; }
@@ -44,11 +40,7 @@ class QzWindow final : public QWidget {
     // On the screen, or about to be.
     bool IsShown() const { return presentPending || isVisible(); }
 
-    QSize ContentSize() const;
-    void SetContentSize(QSize size);
-    QSize ContentMinimumSize() const { return contentMinimum; }
-    QSize ContentMaximumSize() const { return contentMaximum; }
-    void SetContentLimits(QSize minimum, QSize maximum);
+    QSize ContentSize() const { return layout.ContentSize(); }
     // Puts a window that is to be shown on the screen and waits until its frame is the true one.
     void EnsureFramed();
     void MoveFrame(QPoint position);
@@ -98,8 +90,6 @@ class QzWindow final : public QWidget {
     void BecameActive();
     void ResignKey();
     void AttachToParent();
-    void LayOut();
-    int MenuBarHeight(int width) const;
 
     const bool borderless;
     const bool resizable;
@@ -107,14 +97,12 @@ class QzWindow final : public QWidget {
     QPointer<QzWindow> parentWindow;
     QPointer<QzWindow> placementOwner;  // the window to centre over
     QzWindowEvents* delegate = nullptr;
-    QMenuBar* menuBar = nullptr;
-    QzFlippedWindowView* contentView = nullptr;
+    QzFlippedWindowView* const contentView;
+    WindowLayout layout;
     QzDisabledView* overlay = nullptr;
     FirstResponder firstResponder;
     QPointer<QWidget> responderBeforeDisabling;
 
-    QSize contentMinimum;
-    QSize contentMaximum;
     GeometryReports reports{*this};
     bool presentPending = false;
     bool framed = false;

@@ -144,12 +144,12 @@ void AskToClose(std::int64_t window) {
 }
 
 void ClickMenuTitle(std::int64_t window, int title) {
-    QMenuBar& bar = *Native(window)->MenuBar();
+    QMenuBar& bar = *Native(window)->Layout().MenuBar();
     ClickNative(bar, bar.actionGeometry(bar.actions().at(title)).center(), Qt::LeftButton);
 }
 
 std::string MenuOutline(std::int64_t window) {
-    return Outline(Native(window)->MenuBar()->actions());
+    return Outline(Native(window)->Layout().MenuBar()->actions());
 }
 
 }  // namespace rotavel::tests

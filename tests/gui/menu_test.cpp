@@ -24,15 +24,15 @@ class MenuTest : public GuiTest {
 
     // The item at a place of a menu of the window's bar.
     static QAction& Item(int title, int item) {
-        return *Native(3)->MenuBar()->actions().at(title)->menu()->actions().at(item);
+        return *Native(3)->Layout().MenuBar()->actions().at(title)->menu()->actions().at(item);
     }
 };
 
 TEST_F(MenuTest, IsBuiltFromFrontToBack) {
     EXPECT_EQ(MenuCreate(0, nullptr), 0);
     const std::int64_t handle = MenuCreate(0, WindowNativeHandle(3));
-    EXPECT_EQ(handle, reinterpret_cast<std::intptr_t>(Native(3)->MenuBar()));
-    const std::string name = Native(3)->MenuBar()->actions().front()->text().toStdString();
+    EXPECT_EQ(handle, reinterpret_cast<std::intptr_t>(Native(3)->Layout().MenuBar()));
+    const std::string name = Native(3)->Layout().MenuBar()->actions().front()->text().toStdString();
     MenuItem(1, u"dropped");
     MenuSeparator();
     MenuOpenSubmenu(u"dropped");
@@ -107,7 +107,7 @@ TEST_F(MenuTest, FreeingPutsThePlainBarBack) {
     FreeMenu(0);
     FreeMenu(0);
     MenuTitle(u"Lost");
-    EXPECT_EQ(Native(3)->MenuBar()->actions().size(), 1);
+    EXPECT_EQ(Native(3)->Layout().MenuBar()->actions().size(), 1);
     EXPECT_EQ(WindowGetHeight(3), 100);
     Press(Qt::Key_5, Qt::ControlModifier);
     EXPECT_EQ(Taken(), "");
@@ -116,7 +116,7 @@ TEST_F(MenuTest, FreeingPutsThePlainBarBack) {
     Press(Qt::Key_5, Qt::ControlModifier);
     EXPECT_EQ(Taken(), "") << "event and menu went with the window";
     WindowCreate(3, 0, 0, 200, 100);
-    EXPECT_EQ(Native(3)->MenuBar(), nullptr);
+    EXPECT_EQ(Native(3)->Layout().MenuBar(), nullptr);
 }
 
 }  // namespace

@@ -189,7 +189,8 @@ TEST_F(WindowTest, TimersEndWithItAndFiltersSeeEventsFirst) {
         WaitForEvent(10);
     }
     WindowCreate(1, 0, 0, 50, 50, u"", WindowHidden);
-    WindowAddTimer(0, 5, [](void*) { WindowShow(1, 0); }, nullptr);
+    WindowAddTimer(
+        0, 5, [](void*) { WindowShow(1, 0); }, nullptr);
     while (!Native(1)->isVisible()) {
         WaitForEventBlocking();
     }
