@@ -56,15 +56,6 @@ TEST_F(ChartPlotTest, SizesAndPointsAreOnTheScale) {
     }
     EXPECT_GT(PlotSizeFor(Largest, Largest).Height, 1LL << 32);
     EXPECT_LT(PlotSizeFor(-Largest, -Largest).Width, -(1LL << 32));
-
-    const struct {
-        std::int64_t X, Y, Rpm, Speed;
-    } points[] = {{40, 420, 0, 0},      {39, 421, -12, 0},    {41, 419, 12, 0}, {38, 422, -25, -1},
-                  {380, 228, 4250, 96}, {760, 40, 9000, 190}, {0, 0, -500, 210}};
-    for (const auto& each : points) {
-        EXPECT_EQ(PlotPointAt(each.X, each.Y, 190).Rpm, each.Rpm) << each.X;
-        EXPECT_EQ(PlotPointAt(each.X, each.Y, 190).Speed, each.Speed) << each.Y;
-    }
 }
 
 TEST_F(ChartPlotTest, AxesHaveATickAndALabelForEachStep) {

@@ -117,24 +117,6 @@ check_menus() {
     sees "a signal" "CloseRequested 0"
 }
 
-check_hiding() {
-    open_second
-    xdotool windowactivate "$gallery"
-    sees "the other window" "WindowDeactivated 1" "WindowActivated 0"
-    key ctrl+h
-    sees_besides_activation "Hide" "WindowMinimized 0" "WindowMinimized 1"
-    xdotool windowactivate "$gallery"
-    sees_besides_activation "the way back" "WindowRestored 0"
-    click "application menu"
-    key Down Down Down Down Return
-    sees_besides_activation "Show All" "WindowRestored 1"
-    xdotool windowactivate "$gallery"
-    wait_for_keyboard Gallery
-    sees_besides_activation "the gallery"
-    key ctrl+q
-    sees "Quit" "MenuChosen -4 0" "CloseRequested 0"
-}
-
 # answers WHAT ANSWER DEED...: asks, answers by the deed, and types.
 answers() {
     typed+=x

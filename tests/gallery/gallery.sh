@@ -22,8 +22,8 @@ gallery_program=$1 drag_source_program=$2
 shift 2
 checks=("$@")
 if (($# == 0)); then
-    checks=(moving zooming starting closing popup disabling background drops
-        focus fields combo_boxes pictures menus hiding requester)
+    checks=(moving zooming starting disabling background drops
+        focus fields combo_boxes pictures menus requester)
 fi
 
 open_display gallery "$here/../../build/tour"

@@ -78,33 +78,6 @@ check_starting() {
     sees_in_any_order "the way up" "WindowRestored 1" "WindowDeactivated 0" "WindowActivated 1"
 }
 
-check_closing() {
-    open_second
-    xdotool windowactivate "$gallery"
-    sees "the other window" "WindowDeactivated 1" "WindowActivated 0"
-    xdotool windowactivate "$second"
-    sees "the other window" "WindowDeactivated 0" "WindowActivated 1"
-    click_box "$second" "$close_box"
-    sees "the close box" "CloseRequested 1" "WindowActivated 0"
-    key End x
-    sees "a window that is destroyed hands back the keyboard" 'Change 1 "any textx"'
-    click_box "$gallery" "$close_box"
-    sees "the close box" "CloseRequested 0"
-}
-
-check_popup() {
-    local extents frame popup
-    key F9
-    sees "a popup" "MenuChosen 7 0"
-    look_at "$gallery"
-    IFS=' ,' read -r -a extents < <(xprop -id "$gallery" -notype _NET_FRAME_EXTENTS | sed 's/.*= //')
-    frame="+$((left + width + extents[1]))+$((top - extents[2]))"
-    popup=$(xwininfo -root -tree | awk '/ 60x60\+/ { print $NF }')
-    [[ $popup == "$frame" ]] || fail "the popup's place: expected $frame, got $popup"
-    key End x
-    sees "a popup leaves the keyboard where it is" 'Change 1 "any textx"'
-}
-
 title_bar_functions() {
     xprop -id "$1" -notype _MOTIF_WM_HINTS | awk -F', ' '{ print $2 }'
 }

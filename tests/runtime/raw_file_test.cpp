@@ -8,7 +8,6 @@
 namespace rotavel {
 namespace {
 
-using tests::ReadFile;
 using tests::TemporaryFolder;
 
 TEST(RawFile, RefusesWhatIsNoRegularFile) {
@@ -23,27 +22,6 @@ TEST(RawFile, RefusesWhatIsNoRegularFile) {
         EXPECT_FALSE(file.Create(path)) << path;
         EXPECT_FALSE(file.IsOpen()) << path;
     }
-}
-
-TEST(RawFile, ReplacesTheWholeContent) {
-    const TemporaryFolder folder;
-    const std::string path = folder.File("file");
-    RawFile file;
-    EXPECT_FALSE(file.OpenForUpdate(path));
-    ASSERT_TRUE(file.Create(path));
-    for (const std::string& content : {std::string(100000, 'a'), std::string("short"),
-                                       std::string(), std::string("new\0zero", 8)}) {
-        EXPECT_TRUE(file.Replace(content));
-        EXPECT_EQ(ReadFile(path), content);
-        EXPECT_EQ(file.Size(), content.size());
-    }
-    char block[20];
-    EXPECT_EQ(file.Read(block, 3), 3U);
-    EXPECT_EQ(file.Read(block, sizeof block), 8U);
-    ASSERT_TRUE(file.OpenForReading(path));
-    EXPECT_FALSE(file.Replace("x"));
-    ASSERT_TRUE(file.Create(path));
-    EXPECT_EQ(file.Size(), 0U);
 }
 
 }  // namespace
