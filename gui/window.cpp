@@ -251,7 +251,7 @@ void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::i
         if (y != IgnoreValue) {
             position.setY(ToCoordinate(y));
         }
-        window->MoveFrame(position);
+        SetFramePosition(*window, position);
     }
     window->Reports().ReportNewBounds();
 }

@@ -60,10 +60,6 @@ QzWindow* QzWindow::LastKeyWindow() {
     return lastKeyWindow;
 }
 
-void QzWindow::MoveFrame(QPoint position) {
-    SetFramePosition(*this, position);
-}
-
 void QzWindow::FixPlace() {
     if (presentPending) {
         Place();

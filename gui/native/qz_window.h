@@ -43,7 +43,6 @@ class QzWindow final : public QWidget {
     QSize ContentSize() const { return layout.ContentSize(); }
     // Puts a window that is to be shown on the screen and waits until its frame is the true one.
     void EnsureFramed();
-    void MoveFrame(QPoint position);
     // A window that is to be centred when it appears is so now, and not again.
     void FixPlace();
     // To be told of the bounds that the program has given the window.

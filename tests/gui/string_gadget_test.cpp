@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethodEvent>
 
 #include "gui/gadget.h"
 #include "gui/native/native_text.h"
@@ -21,6 +22,7 @@ constexpr char All = '\x01';
 constexpr char Cut = '\x18';
 constexpr char Paste = '\x16';
 constexpr char Undo = '\x1A';
+constexpr char Commit = '\x03';  // what could be pasted comes from an input method
 
 void Play(const std::string& script) {
     for (const char key : script) {
@@ -28,6 +30,10 @@ void Play(const std::string& script) {
             Press(Qt::Key_Backspace);
         } else if (key == Left) {
             Press(Qt::Key_Left);
+        } else if (key == Commit) {
+            QInputMethodEvent event;
+            event.setCommitString(QGuiApplication::clipboard()->text());
+            QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
         } else if (key < ' ') {
             Press(Qt::Key(Qt::Key_A + key - 1), Qt::ControlModifier);
         } else {
@@ -70,6 +76,10 @@ TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
         {StringUpperCase, 0, u"ac", u"", {Left, 'b', 'x'}, u"ABXC", 2},
         {StringUpperCase, 0, u"a", u"\u00DF", {Paste}, u"ASS", 1},
         {StringUpperCase, 0, u"A", u"", {'b', Undo}, u"A", 2},
+        {StringUpperCase, 0, u"a", u"\u00DF", {Commit}, u"ASS", 1},
+        {StringNumeric, 0, u"1", u"2.3", {Commit}, u"1", 0},
+        {StringNumeric, 0, u"1", u"23", {Commit}, u"123", 1},
+        {0, 3, u"a", u"bcd", {Commit}, u"a", 0},
         {StringLowerCase, 0, u"AB", u"CD", {Paste, 'E'}, u"abcde", 2},
         {StringUpperCase | StringLowerCase, 0, u"aBc", u"", {}, u"abc", 0},
         {StringUpperCase | StringLowerCase, 0, u"aBc", u"", {'d'}, u"ABCD", 1},
