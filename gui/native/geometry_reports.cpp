@@ -36,6 +36,9 @@ void GeometryReports::Settle() {
 }
 
 void GeometryReports::Report() {
+    if (window.Delegate() == nullptr) {
+        return;  // the window is closed and about to go
+    }
     const QRect current = Current();
     const bool resizes = current.size() != reported.size();
     const bool zooms = HasZoomed();
@@ -74,9 +77,7 @@ void GeometryReports::ReportInTime() {
         return;
     }
     isReportDue = false;
-    if (window.Delegate() != nullptr) {
-        Report();
-    }
+    Report();
 }
 
 void GeometryReports::ReportNewBounds() {
