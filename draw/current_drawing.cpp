@@ -1,7 +1,7 @@
 #include "draw/current_drawing.h"
 
-#include "gui/native/canvas_bitmap.h"
-#include "gui/native/native_image.h"
+#include "gui/gadgets/canvas_bitmap.h"
+#include "gui/toolkit/image.h"
 
 namespace rotavel {
 

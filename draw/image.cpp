@@ -6,8 +6,8 @@
 #include <QPainter>
 
 #include "draw/current_drawing.h"
-#include "gui/native/coordinates.h"
-#include "gui/native/native_image.h"
+#include "gui/toolkit/coordinates.h"
+#include "gui/toolkit/image.h"
 #include "runtime/numbered_objects.h"
 
 namespace rotavel {

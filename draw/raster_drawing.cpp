@@ -4,9 +4,9 @@
 
 #include "draw/current_drawing.h"
 #include "draw/image.h"
-#include "gui/native/canvas_bitmap.h"
-#include "gui/native/coordinates.h"
-#include "gui/native/native_image.h"
+#include "gui/gadgets/canvas_bitmap.h"
+#include "gui/toolkit/coordinates.h"
+#include "gui/toolkit/image.h"
 
 namespace rotavel {
 

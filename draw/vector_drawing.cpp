@@ -8,9 +8,9 @@
 #include "draw/current_drawing.h"
 #include "draw/dots.h"
 #include "draw/image.h"
-#include "gui/native/native_font.h"
-#include "gui/native/native_image.h"
-#include "gui/native/native_text.h"
+#include "gui/toolkit/font.h"
+#include "gui/toolkit/image.h"
+#include "gui/toolkit/text.h"
 
 namespace rotavel {
 

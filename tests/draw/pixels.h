@@ -4,7 +4,7 @@
 #include <QRect>
 
 #include "draw/image.h"
-#include "gui/native/native_image.h"
+#include "gui/toolkit/image.h"
 #include "gui_test.h"
 #include "runtime/numbered_objects.h"
 

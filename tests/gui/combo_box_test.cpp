@@ -2,7 +2,7 @@
 
 #include "gui/combo_box_gadget.h"
 #include "gui/gadget.h"
-#include "gui/native/native_image.h"
+#include "gui/toolkit/image.h"
 #include "gui/window.h"
 #include "gui_test.h"
 

@@ -8,8 +8,8 @@
 #include <QTimer>
 
 #include "gui/event_loop.h"
-#include "gui/native/qz_window.h"
 #include "gui/window.h"
+#include "gui/windows/qz_window.h"
 #include "gui_test.h"
 
 namespace rotavel {

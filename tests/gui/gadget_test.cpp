@@ -5,12 +5,12 @@
 #include "gui/button_gadget.h"
 #include "gui/font.h"
 #include "gui/gadget_list.h"
-#include "gui/native/gadget_record.h"
-#include "gui/native/qz_views.h"
-#include "gui/native/qz_window.h"
+#include "gui/gadgets/gadget_record.h"
 #include "gui/string_gadget.h"
 #include "gui/text_gadget.h"
 #include "gui/window.h"
+#include "gui/windows/qz_views.h"
+#include "gui/windows/qz_window.h"
 #include "gui_test.h"
 
 namespace rotavel {

@@ -13,10 +13,10 @@
 #include "gui/event_loop.h"
 #include "gui/font.h"
 #include "gui/gadget.h"
-#include "gui/native/gadget_record.h"
-#include "gui/native/qz_views.h"
-#include "gui/native/window_record.h"
+#include "gui/gadgets/gadget_record.h"
 #include "gui/window.h"
+#include "gui/windows/qz_views.h"
+#include "gui/windows/window_record.h"
 
 namespace rotavel::tests {
 

@@ -5,8 +5,8 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "gui/native/qz_window.h"
 #include "gui/window.h"
+#include "gui/windows/qz_window.h"
 #include "gui_test.h"
 #include "runtime/numbered_objects.h"
 

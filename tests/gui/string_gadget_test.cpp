@@ -5,7 +5,7 @@
 #include <QInputMethodEvent>
 
 #include "gui/gadget.h"
-#include "gui/native/native_text.h"
+#include "gui/toolkit/text.h"
 #include "gui/window.h"
 #include "gui_test.h"
 #include "runtime/numbered_objects.h"

@@ -9,10 +9,10 @@
 #include "gui/event_loop.h"
 #include "gui/gadget.h"
 #include "gui/menu.h"
-#include "gui/native/qz_views.h"
-#include "gui/native/qz_window.h"
 #include "gui/status_bar.h"
 #include "gui/string_gadget.h"
+#include "gui/windows/qz_views.h"
+#include "gui/windows/qz_window.h"
 #include "gui_test.h"
 #include "runtime/numbered_objects.h"
 

@@ -1,0 +1,46 @@
+#include "gui/event_loop.h"
+
+#include <QDeadlineTimer>
+
+#include "gui/application/native_loop.h"
+#include "gui/application/qz_application.h"
+#include "gui/event_queue.h"
+#include "gui/windows/window_list.h"
+
+namespace rotavel {
+
+std::int64_t WaitForEvent(std::int64_t timeoutMs) {
+    FlushDeferredDeletes();
+    if (const std::uint32_t kind = TakeEvent()) {
+        return kind;
+    }
+    const QDeadlineTimer deadline =
+        timeoutMs < 0 ? QDeadlineTimer(QDeadlineTimer::Forever) : QDeadlineTimer(timeoutMs);
+    for (;;) {
+        PresentPendingWindows();  // also those that a timer has opened
+        const bool delivered = ProcessNativeEvents(deadline);
+        if (const std::uint32_t kind = TakeEvent()) {
+            return kind;
+        }
+        if (delivered) {
+            return -1;
+        }
+        if (deadline.hasExpired()) {
+            return 0;
+        }
+    }
+}
+
+std::int64_t WaitForEventBlocking() {
+    return WaitForEvent(-1);
+}
+
+void AddNativeEventFilter(NativeEventFilter filter, void* userValue) {
+    QzApplication::Instance()->AddFilter(filter, userValue);
+}
+
+void RemoveNativeEventFilter(NativeEventFilter filter, void* userValue) {
+    QzApplication::Instance()->RemoveFilter(filter, userValue);
+}
+
+}  // namespace rotavel

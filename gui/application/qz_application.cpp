@@ -1,0 +1,106 @@
+#include "gui/application/qz_application.h"
+
+#include <algorithm>
+
+#include <QKeyEvent>
+
+#include "gui/application/qz_style.h"
+#include "gui/event_queue.h"
+#include "gui/menu.h"
+#include "gui/windows/qz_window.h"
+#include "gui/windows/window_record.h"
+
+namespace rotavel {
+
+bool QzApplicationDelegate::ApplicationShouldTerminate() {
+    QueueEvent(MenuChosen, QuitItem, -1, 0);
+    return false;
+}
+
+QzApplication::QzApplication(int& argumentCount, char** arguments)
+    : QApplication(argumentCount, arguments) {
+    setQuitOnLastWindowClosed(false);
+    setStyle(new QzStyle);
+    connect(this, &QApplication::focusChanged, this, &QzApplication::FollowFocus);
+}
+
+void QzApplication::FollowFocus(QWidget* before, QWidget* now) {
+    const QWidget* const widget = now != nullptr ? now : before;
+    auto* const window = widget == nullptr ? nullptr : QzWindow::Of(widget);
+    if (window == nullptr) {
+        return;
+    }
+    if (now != nullptr) {
+        window->FocusArrived(now);
+    } else if (activeWindow() == window && window->focusWidget() == nullptr) {
+        window->FocusVanished();  // the widget was disabled or hidden, and no other took over
+    }
+}
+
+QzApplication* QzApplication::Instance() {
+    return static_cast<QzApplication*>(instance());
+}
+
+void QzApplication::AddFilter(NativeEventFilter filter, void* userValue) {
+    filters.emplace_back(filter, userValue);
+}
+
+void QzApplication::RemoveFilter(NativeEventFilter filter, void* userValue) {
+    std::erase(filters, std::pair(filter, userValue));
+}
+
+bool QzApplication::notify(QObject* receiver, QEvent* event) {
+    // What comes from outside reaches the native window first; the toolkit then hands it on to
+    // widgets, which is not a native event of its own.
+    if (event->spontaneous() && receiver->isWindowType()) {
+        nativeEventSeen = true;
+        if (IsFiltered(event)) {
+            return true;
+        }
+        if (TakesShortcut(receiver, event)) {
+            return true;
+        }
+    }
+    ++deliveries;
+    const bool delivered = QApplication::notify(receiver, event);
+    --deliveries;
+    return delivered;
+}
+
+bool QzApplication::TakesShortcut(QObject* nativeWindow, QEvent* event) {
+    // The toolkit asks whether a key is wanted before it looks for a menu item that has it.
+    const bool asks = event->type() == QEvent::ShortcutOverride;
+    if (!asks && event->type() != QEvent::KeyPress) {
+        return false;
+    }
+    const auto shortcut = FindShortcut(nativeWindow, static_cast<QKeyEvent&>(*event));
+    if (!shortcut) {
+        return false;
+    }
+    if (asks) {
+        event->accept();
+    } else {
+        // As for the toolkit's own shortcuts: a menu bar then knows that the Alt key which is
+        // released next was not pressed to open it.
+        QShortcutEvent told(QKeySequence(), 0);
+        sendEvent(nativeWindow, &told);
+        QueueEvent(MenuChosen, shortcut->Item, shortcut->Window, 0);
+    }
+    return true;
+}
+
+bool QzApplication::event(QEvent* event) {
+    if (event->type() != QEvent::Quit) {
+        return QApplication::event(event);
+    }
+    event->setAccepted(QzApplicationDelegate::ApplicationShouldTerminate());
+    return true;
+}
+
+bool QzApplication::IsFiltered(QEvent* event) const {
+    const auto present = filters;  // a filter may add and remove some
+    return std::any_of(present.begin(), present.end(),
+                       [event](const auto& filter) { return filter.first(event, filter.second); });
+}
+
+}  // namespace rotavel

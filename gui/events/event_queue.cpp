@@ -1,0 +1,262 @@
+#include "gui/event_queue.h"
+
+#include <algorithm>
+#include <array>
+#include <cinttypes>
+#include <cstdio>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "gui/application/native_loop.h"
+#include "runtime/block_pool.h"
+
+namespace rotavel {
+
+namespace {
+
+struct CurrentEvent {
+    std::uint32_t Kind = 0;
+    std::int64_t Object = 0;
+    std::int64_t Window = 0;
+    std::int64_t Type = -1;
+    void* Data = nullptr;
+    ReleaseFunction Release = nullptr;
+};
+
+struct BoundCallback {
+    std::int64_t Window;
+    EventCallback Callback;
+};
+
+struct EventQueue {
+    BlockPool<EventRecord> pool;
+    EventRecord* oldest = nullptr;
+    EventRecord* newest = nullptr;
+    int suspensions = 0;
+    CurrentEvent current;
+    std::unordered_map<std::string, std::vector<BoundCallback>> bindings;
+};
+
+EventQueue queue;
+
+std::string BindingKey(std::uint32_t kind, std::int64_t window, std::int64_t object,
+                       std::int64_t type) {
+    std::array<char, 80> key{};
+    std::snprintf(key.data(), key.size(), "%" PRIu32 ":%" PRId64 ":%" PRId64 ":%" PRId64, kind,
+                  window, object, type);
+    return key.data();
+}
+
+void RunBindings(std::uint32_t kind, std::int64_t window, std::int64_t object, std::int64_t type) {
+    if (queue.bindings.empty()) {
+        return;
+    }
+    const std::array<std::string, 5> keys = {
+        BindingKey(kind, window, object, type), BindingKey(kind, window, object, -1),
+        BindingKey(kind, window, -1, -1), BindingKey(kind, -1, -1, -1),
+        BindingKey(kind, -1, object, type)};
+    for (const std::string& key : keys) {
+        const auto bound = queue.bindings.find(key);
+        if (bound == queue.bindings.end()) {
+            continue;
+        }
+        // A callback may bind and unbind, so a copy is walked.
+        const std::vector<BoundCallback> callbacks = bound->second;
+        for (const BoundCallback& each : callbacks) {
+            each.Callback();
+        }
+    }
+}
+
+void ReleaseData(void* data, ReleaseFunction release) {
+    if (data != nullptr && release != nullptr) {
+        release(data);
+    }
+}
+
+template <typename Predicate>
+void DeleteWhere(Predicate matches) {
+    EventRecord** link = &queue.oldest;
+    EventRecord* kept = nullptr;
+    EventRecord* deleted = nullptr;
+    while (EventRecord* const record = *link) {
+        if (!matches(*record)) {
+            kept = record;
+            link = &record->Next;
+            continue;
+        }
+        *link = record->Next;
+        record->Next = deleted;
+        deleted = record;
+    }
+    queue.newest = kept;
+    // Only now, for a release function may post events.
+    while (EventRecord* const record = deleted) {
+        deleted = record->Next;
+        ReleaseData(record->Data, record->Release);
+        queue.pool.Give(record);
+    }
+}
+
+bool EqualsNewest(std::uint32_t kind, std::int64_t object, std::int64_t window, std::int64_t type) {
+    const EventRecord* const newest = queue.newest;
+    return newest != nullptr && newest->Kind == kind && newest->Object == object &&
+           newest->Window == window && newest->Type == type;
+}
+
+}  // namespace
+
+std::int64_t PostProgramEvent(std::uint32_t kind, std::int64_t window, std::int64_t object,
+                              std::int64_t type, void* data) {
+    QueueEvent(kind, object, window, type, data, nullptr,
+               PostWhileSuspended | PostUnmerged | PostWaking);
+    return 1;
+}
+
+void QueueEvent(std::uint32_t kind, std::int64_t object, std::int64_t window, std::int64_t type,
+                void* data, ReleaseFunction release, std::uint32_t flags) {
+    if (queue.suspensions > 0 && (flags & PostWhileSuspended) == 0) {
+        ReleaseData(data, release);
+        return;
+    }
+    if (kind != Repaint) {
+        WakeNativeLoop();
+    }
+    const bool merges = kind < FirstUnmergedKind && (flags & PostUnmerged) == 0;
+    const bool isMerged = merges && EqualsNewest(kind, object, window, type);
+    if (isMerged) {
+        // Only its bindings see this one.
+    } else if (EventRecord* const record = queue.pool.Take()) {
+        *record = {nullptr, kind, flags, object, window, type, data, release};
+        (queue.newest == nullptr ? queue.oldest : queue.newest->Next) = record;
+        queue.newest = record;
+    } else {
+        ReleaseData(data, release);
+        return;
+    }
+    if ((flags & PostUnmerged) == 0) {
+        const CurrentEvent saved =
+            std::exchange(queue.current, {kind, object, window, type, data, nullptr});
+        RunBindings(kind, window, object, type);
+        queue.current = saved;
+    }
+    if (isMerged) {
+        ReleaseData(data, release);
+    }
+}
+
+void SuspendPosting() {
+    ++queue.suspensions;
+}
+
+void ResumePosting() {
+    --queue.suspensions;
+}
+
+std::uint32_t TakeEvent() {
+    CurrentEvent& current = queue.current;
+    current.Kind = 0;
+    if (current.Data != nullptr && current.Release != nullptr) {
+        current.Release(current.Data);
+        current.Data = nullptr;
+        current.Release = nullptr;
+    }
+    current.Type = -1;
+    EventRecord* const record = queue.oldest;
+    if (record == nullptr) {
+        return 0;
+    }
+    queue.oldest = record->Next;
+    if (queue.oldest == nullptr) {
+        queue.newest = nullptr;
+    }
+    current = {record->Kind, record->Object, record->Window,
+               record->Type, record->Data,   record->Release};
+    const bool bindsNow = (record->Flags & PostUnmerged) != 0;
+    queue.pool.Give(record);
+    if (bindsNow) {
+        RunBindings(current.Kind, current.Window, current.Object, current.Type);
+    }
+    return current.Kind;
+}
+
+std::uint32_t PeekEvent() {
+    return queue.oldest == nullptr ? 0 : queue.oldest->Kind;
+}
+
+std::uint32_t PeekEvent(std::int64_t& object, std::int64_t& window, std::int64_t& type) {
+    if (queue.oldest == nullptr) {
+        return 0;
+    }
+    object = queue.oldest->Object;
+    window = queue.oldest->Window;
+    type = queue.oldest->Type;
+    return queue.oldest->Kind;
+}
+
+std::uint32_t CurrentEventKind() {
+    return queue.current.Kind;
+}
+
+std::int64_t CurrentEventObject() {
+    return queue.current.Object;
+}
+
+std::int64_t CurrentEventWindow() {
+    return queue.current.Window;
+}
+
+std::int64_t CurrentEventType() {
+    return queue.current.Type;
+}
+
+void* CurrentEventData() {
+    return queue.current.Data;
+}
+
+void DeleteQueuedEvents(std::int64_t window) {
+    DeleteWhere([window](const EventRecord& record) { return record.Window == window; });
+}
+
+void DeleteQueuedEvents(std::uint32_t kind, std::int64_t object, std::int64_t window,
+                        std::int64_t type) {
+    DeleteWhere([=](const EventRecord& record) {
+        return record.Kind == kind && record.Object == object && record.Window == window &&
+               record.Type == type;
+    });
+}
+
+void BindEvent(EventCallback callback, std::uint32_t kind, std::int64_t window, std::int64_t object,
+               std::int64_t type) {
+    queue.bindings[BindingKey(kind, window, object, type)].push_back({window, callback});
+}
+
+void UnbindEvent(EventCallback callback, std::uint32_t kind, std::int64_t window,
+                 std::int64_t object, std::int64_t type) {
+    const auto bound = queue.bindings.find(BindingKey(kind, window, object, type));
+    if (bound == queue.bindings.end()) {
+        return;
+    }
+    std::erase_if(bound->second,
+                  [callback](const BoundCallback& each) { return each.Callback == callback; });
+    if (bound->second.empty()) {
+        queue.bindings.erase(bound);
+    }
+}
+
+void UnbindWindowEvents(std::int64_t window) {
+    std::erase_if(queue.bindings,
+                  [window](const auto& entry) { return entry.second.front().Window == window; });
+}
+
+void ReleaseEventQueue() {
+    DeleteWhere([](const EventRecord&) { return true; });
+    ReleaseData(queue.current.Data, queue.current.Release);
+    queue.current = {};
+    queue.bindings.clear();
+    queue.pool.Release();
+}
+
+}  // namespace rotavel

@@ -1,0 +1,146 @@
+#include "gui/combo_box_gadget.h"
+
+#include <QComboBox>
+#include <QIcon>
+#include <QPixmap>
+#include <QStandardItemModel>
+
+#include "gui/event_queue.h"
+#include "gui/gadgets/edit_combo_box.h"
+#include "gui/gadgets/gadget_view.h"
+#include "gui/toolkit/case_folding.h"
+#include "gui/toolkit/image.h"
+#include "gui/toolkit/text.h"
+
+namespace rotavel {
+
+namespace {
+
+constexpr int BlankImageSide = 16;
+
+class Qz_NSPopUpButton final : public QzGadgetView<QComboBox>, public QzControl {
+  public:
+    explicit Qz_NSPopUpButton(QWidget* container) : QzGadgetView(container) {
+        PrepareComboBox(*this);
+    }
+
+    // The plain form has no text of its own.
+    void SetStringValue(const QString&) override {}
+    QString StringValue() const override { return currentText(); }
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
+const QIcon& BlankImage() {
+    static const QIcon blank = [] {
+        QPixmap pixmap(BlankImageSide, BlankImageSide);
+        pixmap.fill(Qt::transparent);
+        return QIcon(pixmap);
+    }();
+    return blank;
+}
+
+class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
+  public:
+    void EventHandler() override { SendEvent(Change); }
+
+    std::int64_t AddGadgetItem(std::int64_t position, std::u16string_view text, NativeImage* image,
+                               std::uint32_t) override {
+        QComboBox& view = View();
+        const bool inserts = position >= 0 && position < view.count();
+        const int index = inserts ? static_cast<int>(position) : view.count();
+        const bool hadSelection = view.currentIndex() >= 0;
+        view.insertItem(index, ItemImage(image), Folded(text));
+        if (!hadSelection) {
+            view.setCurrentIndex(-1);  // the toolkit selects the first item of a list by itself
+        }
+        const auto& model = static_cast<const QStandardItemModel&>(*view.model());
+        return reinterpret_cast<std::intptr_t>(model.item(index));
+    }
+    void RemoveGadgetItem(std::int64_t item) override {
+        if (IsItem(item)) {
+            const bool removesSelection = item == View().currentIndex();
+            View().removeItem(static_cast<int>(item));
+            if (removesSelection) {
+                View().setCurrentIndex(-1);
+            }
+        }
+    }
+    void ClearGadgetItems() override { View().clear(); }
+    std::int64_t CountGadgetItems() const override { return View().count(); }
+
+    void SetGadgetState(std::int64_t state) override {
+        if (state == -1 || IsItem(state)) {
+            View().setCurrentIndex(static_cast<int>(state));
+        }
+    }
+    std::int64_t GetGadgetState() const override { return View().currentIndex(); }
+
+    void SetGadgetText(std::u16string_view text) override {
+        const int index = View().findText(Folded(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
+        if (index >= 0) {
+            View().setCurrentIndex(index);
+        }
+    }
+
+    void SetGadgetItemText(std::int64_t item, std::u16string_view text, std::int64_t) override {
+        if (IsItem(item)) {
+            View().setItemText(static_cast<int>(item), Folded(text));
+        }
+    }
+    std::u16string GetGadgetItemText(std::int64_t item, std::int64_t) override {
+        return IsItem(item) ? FromQString(View().itemText(static_cast<int>(item)))
+                            : std::u16string();
+    }
+    void SetGadgetItemData(std::int64_t item, std::int64_t value) override {
+        if (IsItem(item)) {
+            View().setItemData(static_cast<int>(item), QVariant::fromValue<qlonglong>(value));
+        }
+    }
+    std::int64_t GetGadgetItemData(std::int64_t item) const override {
+        return IsItem(item) ? View().itemData(static_cast<int>(item)).toLongLong() : 0;
+    }
+    void SetGadgetItemImage(std::int64_t item, NativeImage* image) override {
+        if (HasImages() && IsItem(item)) {
+            View().setItemIcon(static_cast<int>(item), ItemImage(image));
+        }
+    }
+
+  private:
+    QComboBox& View() const { return static_cast<Qz_NSPopUpButton&>(*Gadget->View); }
+    bool IsItem(std::int64_t item) const { return item >= 0 && item < View().count(); }
+    bool HasImages() const { return (Gadget->Flags & ComboBoxImages) != 0; }
+
+    QIcon ItemImage(NativeImage* image) const {
+        if (!HasImages()) {
+            return {};
+        }
+        return image == nullptr ? BlankImage() : QIcon(QPixmap::fromImage(*FromHandle(image)));
+    }
+
+    QString Folded(std::u16string_view text) const {
+        return Fold(text, Gadget->Flags, ComboBoxLowerCase, ComboBoxUpperCase);
+    }
+};
+
+}  // namespace
+
+std::int64_t ComboBoxGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+                                  std::int64_t width, std::int64_t height, std::uint32_t flags) {
+    if ((flags & ComboBoxEditable) != 0) {
+        return EditComboBoxGadgetCreate(number, {x, y, width, height}, flags);
+    }
+    QWidget* const container = ContainerForNewGadget(number);
+    if (container == nullptr) {
+        return 0;
+    }
+    auto* const view = new Qz_NSPopUpButton(container);
+    const std::int64_t result = PlaceGadget(std::make_unique<QzComboBoxGadgetFunctions>(), number,
+                                            ComboBoxKind, view, {x, y, width, height}, flags);
+    // Also when the item chosen was selected already, and never when the program selects.
+    QObject::connect(view, &QComboBox::activated, view, [view] { RunEventHandler(*view); });
+    return result;
+}
+
+}  // namespace rotavel

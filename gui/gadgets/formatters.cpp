@@ -1,0 +1,41 @@
+#include "gui/gadgets/formatters.h"
+
+#include <algorithm>
+
+namespace rotavel {
+
+namespace {
+
+bool IsLineEnd(QChar unit) {
+    return unit == u'\n' || unit == u'\r' || unit == QChar::LineSeparator ||
+           unit == QChar::ParagraphSeparator;
+}
+
+QString OneLine(QString text) {
+    while (!text.isEmpty() && IsLineEnd(text.back())) {
+        text.chop(1);
+    }
+    std::replace_if(text.begin(), text.end(), IsLineEnd, QChar(u' '));
+    return text;
+}
+
+}  // namespace
+
+QValidator::State QzMaximumLengthFormatter::validate(QString& text, int& cursor) const {
+    const QString proposed = OneLine(text);
+    if (!IsPartialStringValid(proposed)) {
+        return Invalid;
+    }
+    // A replacement may be longer or shorter than what it replaces.
+    cursor = static_cast<int>(Replacement(proposed.left(cursor)).size());
+    text = Replacement(proposed);
+    return Acceptable;
+}
+
+bool QzNumericFormatter::IsPartialStringValid(const QString& text) const {
+    return QzMaximumLengthFormatter::IsPartialStringValid(text) &&
+           std::all_of(text.begin(), text.end(),
+                       [](QChar unit) { return unit >= u'0' && unit <= u'9'; });
+}
+
+}  // namespace rotavel

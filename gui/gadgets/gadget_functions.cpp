@@ -1,0 +1,188 @@
+#include "gui/gadgets/gadget_functions.h"
+
+#include "gui/event_queue.h"
+#include "gui/gadget.h"
+#include "gui/gadget_list.h"
+#include "gui/gadgets/gadget_record.h"
+#include "gui/gadgets/gadget_view.h"
+#include "gui/toolkit/coordinates.h"
+#include "gui/toolkit/font.h"
+#include "gui/toolkit/text.h"
+#include "gui/windows/frame_placement.h"
+#include "gui/windows/qz_views.h"
+#include "gui/windows/window_record.h"
+
+namespace rotavel {
+
+namespace {
+
+QzControl* AsControl(const GadgetRecord& record) {
+    return dynamic_cast<QzControl*>(record.View);
+}
+
+QPoint Position(const GadgetRecord& record, int mode) {
+    const QWidget& container = *record.Container;
+    const QzWindow& window = *QzWindow::Of(&container);
+    switch (mode) {
+        case OnScreen:
+            return InnerCornerOf(window) + container.mapTo(&window, QPoint());
+        case InWindow:
+            return container.mapTo(window.ContentView(), QPoint());
+        default:
+            return container.pos();
+    }
+}
+
+}  // namespace
+
+void QzGadgetFunctions::Setup(std::unique_ptr<QzGadgetFunctions> functions, std::int64_t number,
+                              GadgetKind kind, QWidget* view, QWidget* container,
+                              std::uint32_t flags) {
+    const auto [id, record] = GadgetRegistry().Create(number);
+    QzGadgetFunctions& self = *functions;
+    *record = {view,
+               container,
+               std::move(functions),
+               WindowNumberOf(FromHandle(QzGadgetList::CurrentWindow())),
+               kind,
+               flags};
+    self.Gadget = record;
+    self.GadgetID = id;
+    self.isNSControl = AsControl(*record) != nullptr;
+    dynamic_cast<QzTaggedView&>(*view).SetTag(id);
+    if (DefaultGadgetFont() != AnyNumber) {
+        self.SetGadgetFont(DefaultGadgetFont());
+    }
+}
+
+void QzGadgetFunctions::Reuse(std::unique_ptr<QzGadgetFunctions> functions, GadgetRecord& record,
+                              GadgetKind kind) {
+    functions->Gadget = &record;
+    functions->GadgetID = dynamic_cast<QzTaggedView&>(*record.View).Tag();
+    functions->isNSControl = AsControl(record) != nullptr;
+    record.Kind = kind;
+    record.Functions = std::move(functions);
+}
+
+void QzGadgetFunctions::SendEvent(std::int64_t type) const {
+    QueueEvent(GadgetActivity, GadgetID, Gadget->Window, type);
+}
+
+void QzGadgetFunctions::ActivateGadget() {
+    // A binding to what this posts may free the gadget, and these functions with it.
+    const std::int64_t number = GadgetID;
+    QWidget* const view = Gadget->View;
+    QzWindow* const window = QzWindow::Of(view);
+    if (window->IsShown()) {
+        window->MakeKeyAndOrderFront();
+    }
+    if (GadgetExists(number)) {
+        window->MakeFirstResponder(view);
+    }
+}
+
+void QzGadgetFunctions::GadgetToolTip(std::u16string_view text) {
+    // Plain text, whatever it looks like.
+    Gadget->View->setToolTip(
+        text.empty() ? QString()
+                     : "<qt>" + ToQString(text).toHtmlEscaped().replace('\n', "<br>") + "</qt>");
+}
+
+void QzGadgetFunctions::HideGadget(int state) {
+    Gadget->Container->setHidden(state != 0);
+}
+
+void QzGadgetFunctions::DisableGadget(int state) {
+    if (isNSControl) {
+        Gadget->View->setEnabled(state == 0);
+    }
+}
+
+std::int64_t QzGadgetFunctions::GadgetX(int mode) const {
+    return Position(*Gadget, mode).x();
+}
+
+std::int64_t QzGadgetFunctions::GadgetY(int mode) const {
+    return Position(*Gadget, mode).y();
+}
+
+std::int64_t QzGadgetFunctions::GadgetWidth() const {
+    return Gadget->Container->width();
+}
+
+std::int64_t QzGadgetFunctions::GadgetHeight() const {
+    return Gadget->Container->height();
+}
+
+void QzGadgetFunctions::ResizeGadget(std::int64_t x, std::int64_t y, std::int64_t width,
+                                     std::int64_t height) {
+    QRect bounds = Gadget->Container->geometry();
+    if (x != IgnoreValue) {
+        bounds.moveLeft(ToCoordinate(x));
+    }
+    if (y != IgnoreValue) {
+        bounds.moveTop(ToCoordinate(y));
+    }
+    if (width != IgnoreValue) {
+        bounds.setWidth(ToSide(width));
+    }
+    if (height != IgnoreValue) {
+        bounds.setHeight(ToSide(height));
+    }
+    Gadget->Container->setGeometry(bounds);
+    Gadget->View->update();
+}
+
+void QzGadgetFunctions::SetGadgetFont(std::int64_t font) {
+    if (isNSControl) {
+        fontNumber = font;
+        Gadget->View->setFont(FontForGadgets(font));
+    }
+}
+
+std::int64_t QzGadgetFunctions::GetGadgetFont() const {
+    return fontNumber;
+}
+
+void QzGadgetFunctions::SetGadgetState(std::int64_t state) {
+    if (isNSControl) {
+        AsControl(*Gadget)->SetIntValue(static_cast<int>(state));
+    }
+}
+
+std::int64_t QzGadgetFunctions::GetGadgetState() const {
+    return isNSControl ? AsControl(*Gadget)->IntValue() : 0;
+}
+
+void QzGadgetFunctions::SetGadgetText(std::u16string_view text) {
+    if (isNSControl) {
+        AsControl(*Gadget)->SetStringValue(ToQString(text));
+    }
+}
+
+std::u16string QzGadgetFunctions::GetGadgetText() const {
+    return isNSControl ? FromQString(AsControl(*Gadget)->StringValue()) : std::u16string();
+}
+
+QWidget* ContainerForNewGadget(std::int64_t number) {
+    if (number < AnyNumber) {
+        return nullptr;
+    }
+    if (number != AnyNumber && QzGadgetList::CurrentView() != nullptr) {
+        FreeGadget(number);
+    }
+    return FromHandle(QzGadgetList::CurrentView());
+}
+
+std::int64_t PlaceGadget(std::unique_ptr<QzGadgetFunctions> functions, std::int64_t number,
+                         GadgetKind kind, QWidget* view, const GadgetBounds& bounds,
+                         std::uint32_t flags) {
+    QzGadgetFunctions::Setup(std::move(functions), number, kind, view, view, flags);
+    view->setGeometry(ToCoordinate(bounds.X), ToCoordinate(bounds.Y), ToSide(bounds.Width),
+                      ToSide(bounds.Height));
+    view->show();
+    return number == AnyNumber ? dynamic_cast<QzTaggedView&>(*view).Tag()
+                               : reinterpret_cast<std::intptr_t>(view);
+}
+
+}  // namespace rotavel

@@ -1,0 +1,82 @@
+#include "gui/menus/application_menu.h"
+
+#include <QFileInfo>
+#include <QMenuBar>
+
+#include "gui/application/qz_application.h"
+#include "gui/event_queue.h"
+#include "gui/menu.h"
+#include "gui/windows/window_list.h"
+
+namespace rotavel {
+
+namespace {
+
+QString ApplicationName() {
+    return QFileInfo(QCoreApplication::applicationFilePath()).fileName();
+}
+
+template <typename Action>
+QAction* AddCommand(QMenu& menu, const QString& title, const QKeySequence& keys, Action action) {
+    QAction* const item = menu.addAction(title);
+    item->setShortcut(keys);
+    QObject::connect(item, &QAction::triggered, item, action);
+    return item;
+}
+
+// An item that other platforms have and this one has nothing for.
+void AddUnavailable(QMenu& menu, const QString& title, const QKeySequence& keys = {}) {
+    QAction* const item = menu.addAction(title);
+    item->setShortcut(keys);
+    item->setEnabled(false);
+}
+
+}  // namespace
+
+QzMenuDelegate& QzMenuDelegate::Shared() {
+    static QzMenuDelegate shared;
+    return shared;
+}
+
+void QzMenuDelegate::Preferences() const {
+    QueueEvent(MenuChosen, PreferencesItem, WindowID, 0);
+}
+
+void QzMenuDelegate::About() const {
+    QueueEvent(MenuChosen, AboutItem, WindowID, 0);
+}
+
+void QzMenuDelegate::Terminate() const {
+    QueueEvent(MenuChosen, QuitItem, WindowID, 0);
+}
+
+void QzMenuDelegate::EventHandler(const QAction* item, std::int64_t window) const {
+    QueueEvent(MenuChosen, item->data().toLongLong(), window, 0);
+}
+
+ApplicationMenu AddApplicationMenu(QMenuBar& bar) {
+    const QString title = ApplicationName().replace('&', "&&");
+    QMenu& menu = *bar.addMenu(title);
+    QzMenuDelegate& delegate = QzMenuDelegate::Shared();
+
+    QAction* const about =
+        AddCommand(menu, "About " + title, {}, [&delegate] { delegate.About(); });
+    menu.addSeparator();
+    QAction* const preferences =
+        AddCommand(menu, QStringLiteral("Preferences\u2026"), Qt::CTRL | Qt::Key_Comma,
+                   [&delegate] { delegate.Preferences(); });
+    menu.addSeparator();
+    AddUnavailable(menu, "Services");
+    menu.addSeparator();
+    AddCommand(menu, "Hide " + title, Qt::CTRL | Qt::Key_H, &MiniaturizeWindows);
+    AddUnavailable(menu, "Hide Others", Qt::CTRL | Qt::ALT | Qt::Key_H);
+    AddCommand(menu, "Show All", {}, &DeminiaturizeWindows);
+    menu.addSeparator();
+    AddCommand(menu, "Quit " + title, Qt::CTRL | Qt::Key_Q, [&delegate] { delegate.Terminate(); });
+
+    about->setEnabled(false);
+    preferences->setEnabled(false);
+    return {about, preferences};
+}
+
+}  // namespace rotavel

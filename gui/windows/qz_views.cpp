@@ -1,0 +1,77 @@
+#include "gui/windows/qz_views.h"
+
+#include <QMouseEvent>
+
+#include "gui/event_queue.h"
+#include "gui/windows/qz_window.h"
+
+namespace rotavel {
+
+namespace {
+
+// Larger than any screen.
+constexpr int DisabledViewSide = 4096;
+
+}  // namespace
+
+QzFlippedWindowView::QzFlippedWindowView(QzWindow* window) : QzDropTarget(window) {}
+
+void QzFlippedWindowView::childEvent(QChildEvent* event) {
+    if (event->added()) {
+        QzWindow::Of(this)->KeepOverlayOnTop();
+    }
+}
+
+void QzFlippedWindowView::mouseDoubleClickEvent(QMouseEvent* event) {
+    clicks.Press(*event);
+}
+
+void QzFlippedWindowView::mousePressEvent(QMouseEvent* event) {
+    clicks.Press(*event);
+}
+
+void QzFlippedWindowView::mouseReleaseEvent(QMouseEvent* event) {
+    const int count = clicks.Of(event->button());
+    if (event->button() == Qt::LeftButton && count <= 2) {
+        QueueEvent(count == 1 ? LeftClick : LeftDoubleClick, WindowID, WindowID, 0);
+    } else if (event->button() == Qt::RightButton && count == 1) {
+        QueueEvent(RightClick, WindowID, WindowID, 0);
+    }
+}
+
+void QzFlippedWindowView::paintEvent(QPaintEvent*) {
+    QzWindow::Of(this)->ContentPainted();
+    QueueEvent(Repaint, WindowID, WindowID, 0);
+}
+
+QzDisabledView::QzDisabledView(QWidget* contentView, Qt::WindowFlags windowFlags)
+    : QWidget(contentView),
+      CloseButtonEnabled((windowFlags & Qt::WindowCloseButtonHint) != 0),
+      MinimizeButtonEnabled((windowFlags & Qt::WindowMinimizeButtonHint) != 0),
+      MaximizeButtonEnabled((windowFlags & Qt::WindowMaximizeButtonHint) != 0) {
+    setGeometry(0, 0, DisabledViewSide, DisabledViewSide);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+}
+
+Qt::WindowFlags QzDisabledView::EnabledButtons() const {
+    Qt::WindowFlags buttons;
+    buttons.setFlag(Qt::WindowCloseButtonHint, CloseButtonEnabled);
+    buttons.setFlag(Qt::WindowMinimizeButtonHint, MinimizeButtonEnabled);
+    buttons.setFlag(Qt::WindowMaximizeButtonHint, MaximizeButtonEnabled);
+    return buttons;
+}
+
+bool QzDisabledView::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::Wheel:
+            event->accept();
+            return true;
+        default:
+            return QWidget::event(event);
+    }
+}
+
+}  // namespace rotavel

@@ -1,0 +1,301 @@
+#include "gui/window.h"
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <tuple>
+
+#include <QWindow>
+
+#include "gui/event_queue.h"
+#include "gui/gadget_list.h"
+#include "gui/gadgets/gadget_record.h"
+#include "gui/menus/menu_bars.h"
+#include "gui/menus/shortcut_text.h"
+#include "gui/toolkit/coordinates.h"
+#include "gui/toolkit/text.h"
+#include "gui/windows/frame_placement.h"
+#include "gui/windows/qz_views.h"
+#include "gui/windows/status_bars.h"
+#include "gui/windows/window_record.h"
+
+namespace rotavel {
+
+namespace {
+
+NumberedObjects<WindowRecord> registry;
+
+// The window that gets the keyboard when `closing` goes: the one that had it before if that is
+// visible, else the first visible one.
+QzWindow* NextKeyWindow(const WindowRecord& closing) {
+    QzWindow* candidate = nullptr;
+    for (auto [number, record] = registry.First(); record != nullptr;
+         std::tie(number, record) = registry.After(number)) {
+        if (record == &closing || !record->Window->IsShown() || record->Window->isMinimized()) {
+            continue;
+        }
+        if (record->Window == closing.PreviousKeyWindow) {
+            return record->Window;
+        }
+        if (candidate == nullptr) {
+            candidate = record->Window;
+        }
+    }
+    return candidate;
+}
+
+void DestroyOne(std::int64_t number, const WindowRecord& record) {
+    const QPointer<QzWindow> window = record.Window;
+    UnbindWindowEvents(number);
+    FreeGadgetsOfWindow(number);
+    DestroyStatusBarsOf(record.Window);
+    QzWindow* heir = nullptr;
+    if (record.HadPreviousKeyWindow && QzWindow::KeyWindow() == window) {
+        heir = NextKeyWindow(record);
+    }
+    FreeMenuOf(window);
+    window->Hide();
+    if (registry.Find(number) != &record) {
+        return;  // a binding to what hiding posts has destroyed it
+    }
+    record.Delegate->WindowWillClose();
+    // The toolkit may be in the middle of telling this window something.
+    window->deleteLater();
+    DeleteQueuedEvents(number);
+    if (heir != nullptr) {
+        heir->MakeKeyAndOrderFront();
+    }
+}
+
+QzWindow* FindWindow(std::int64_t number) {
+    const WindowRecord* const record = registry.Find(number);
+    return record == nullptr ? nullptr : record->Window.data();
+}
+
+// A window with its true frame; null when it is not open, or no longer after the wait for that.
+QzWindow* FindFramedWindow(std::int64_t number) {
+    if (QzWindow* const window = FindWindow(number)) {
+        window->EnsureFramed();
+    }
+    return FindWindow(number);
+}
+
+QPoint PlaceOf(std::int64_t number, int mode) {
+    const QzWindow* const window = FindFramedWindow(number);
+    if (window == nullptr) {
+        return {};
+    }
+    return mode == OuterFrame ? FrameOf(*window).topLeft()
+                              : InnerCornerOf(*window) + window->ContentView()->pos();
+}
+
+QSize SizeOf(std::int64_t number, int mode) {
+    if (mode == OuterFrame) {
+        const QzWindow* const window = FindFramedWindow(number);
+        return window == nullptr ? QSize() : FrameOf(*window).size();
+    }
+    const QzWindow* const window = FindWindow(number);
+    return window == nullptr ? QSize() : window->ContentSize();
+}
+
+}  // namespace
+
+NumberedObjects<WindowRecord>& WindowRegistry() {
+    return registry;
+}
+
+std::optional<ChosenShortcut> FindShortcut(const QObject* nativeWindow, const QKeyEvent& event) {
+    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
+        const WindowRecord& record = *next.second;
+        const QObject* const handle = record.Window->windowHandle();
+        if (handle != nativeWindow || record.Window->IsDisabled()) {
+            continue;
+        }
+        for (const WindowShortcut& shortcut : record.Shortcuts) {
+            std::int64_t item = 0;
+            if (shortcut.IsEventMatch(event, item)) {
+                return ChosenShortcut{next.first, item};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+std::int64_t WindowNumberOf(const QWidget* widget) {
+    const QzWindow* const window = widget == nullptr ? nullptr : QzWindow::Of(widget);
+    return window == nullptr || window->Delegate() == nullptr ? -1
+                                                              : window->Delegate()->GetWindowID();
+}
+
+std::int64_t WindowCreate(std::int64_t number, std::int64_t x, std::int64_t y, std::int64_t width,
+                          std::int64_t height, std::u16string_view title, std::uint32_t flags,
+                          NativeWindow* parent) {
+    if ((flags & WindowStartZoomed) != 0) {
+        width = std::max<std::int64_t>(width, 1);
+        height = std::max<std::int64_t>(height, 1);
+    }
+    if (!IsPossibleSize(width, height) || number < AnyNumber) {
+        return 0;
+    }
+    if (number != AnyNumber) {
+        WindowDestroy(number);
+    }
+    if (x == IgnoreValue || y == IgnoreValue) {
+        flags |= WindowScreenCentred;
+    }
+    const auto [id, record] = registry.Create(number);
+    auto* const window =
+        new QzWindow(flags, FromHandle(parent), QSize(ToSide(width), ToSide(height)));
+    record->Window = window;
+    record->Delegate = std::make_unique<QzWindowEvents>();
+    record->Delegate->Connect(window, id);
+    record->PreviousKeyWindow = QzWindow::KeyWindow();
+    record->HadPreviousKeyWindow = record->PreviousKeyWindow != nullptr;
+    window->ContentView()->WindowID = id;
+    window->setWindowTitle(ToWindowTitle(title));
+    if ((flags & WindowScreenCentred) == 0) {
+        window->move(ToCoordinate(x), ToCoordinate(y));
+    }
+    window->Place();
+    if ((flags & WindowHidden) == 0) {
+        window->Show(flags);
+    }
+    if ((flags & WindowOutsideGadgetList) == 0) {
+        QzGadgetList::SetWindow(ToHandle(window));
+    }
+    return number == AnyNumber ? id : reinterpret_cast<std::intptr_t>(window);
+}
+
+void WindowDestroy(std::int64_t number) {
+    if (number == AnyNumber) {
+        for (auto next = registry.First(); next.second != nullptr; next = registry.First()) {
+            DestroyOne(next.first, *next.second);
+        }
+    } else if (const WindowRecord* const record = registry.Find(number)) {
+        DestroyOne(number, *record);
+    }
+}
+
+void WindowShow(std::int64_t number, int hide, std::uint32_t flags) {
+    QzWindow* const window = FindWindow(number);
+    if (window == nullptr) {
+        return;
+    }
+    if (hide != 0) {
+        window->Hide();
+    } else {
+        window->Show(flags);
+    }
+}
+
+void WindowActivate(std::int64_t number) {
+    QzWindow* const window = FindWindow(number);
+    if (window != nullptr && window->IsShown() && !window->isMinimized()) {
+        window->MakeKeyAndOrderFront();
+    }
+}
+
+void WindowDisable(std::int64_t number, int state) {
+    QzWindow* const window = FindWindow(number);
+    if (window == nullptr) {
+        return;
+    }
+    if (state != 0) {
+        window->Disable();
+    } else {
+        window->Enable();
+    }
+}
+
+bool WindowIsDisabled(std::int64_t number) {
+    const QzWindow* const window = FindWindow(number);
+    return window != nullptr && window->IsDisabled();
+}
+
+std::int64_t WindowGetX(std::int64_t number, int mode) {
+    return PlaceOf(number, mode).x();
+}
+
+std::int64_t WindowGetY(std::int64_t number, int mode) {
+    return PlaceOf(number, mode).y();
+}
+
+std::int64_t WindowGetWidth(std::int64_t number, int mode) {
+    return std::max(SizeOf(number, mode).width(), 0);
+}
+
+std::int64_t WindowGetHeight(std::int64_t number, int mode) {
+    return std::max(SizeOf(number, mode).height(), 0);
+}
+
+void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::int64_t width,
+                     std::int64_t height) {
+    QzWindow* const window = FindWindow(number);
+    if (window == nullptr) {
+        return;
+    }
+    window->FixPlace();
+    const QSize current = window->ContentSize();
+    const std::int64_t newWidth = width == IgnoreValue ? current.width() : width;
+    const std::int64_t newHeight = height == IgnoreValue ? current.height() : height;
+    // A size that no window can have changes nothing, like any size that is the present one.
+    if (IsPossibleSize(newWidth, newHeight) &&
+        (newWidth != current.width() || newHeight != current.height())) {
+        window->Layout().SetContentSize({ToSide(newWidth), ToSide(newHeight)});
+    }
+    if (x != IgnoreValue || y != IgnoreValue) {
+        QPoint position = window->pos();
+        if (x != IgnoreValue) {
+            position.setX(ToCoordinate(x));
+        }
+        if (y != IgnoreValue) {
+            position.setY(ToCoordinate(y));
+        }
+        SetFramePosition(*window, position);
+    }
+    window->Reports().ReportNewBounds();
+}
+
+void WindowSetContentLimits(std::int64_t number, std::int64_t minimumWidth,
+                            std::int64_t minimumHeight, std::int64_t maximumWidth,
+                            std::int64_t maximumHeight) {
+    QzWindow* const window = FindWindow(number);
+    if (window == nullptr) {
+        return;
+    }
+    const auto limit = [](std::int64_t asked, int current) {
+        return asked == IgnoreValue ? current : ToSide(asked);
+    };
+    const QSize minimum = window->Layout().ContentMinimumSize();
+    const QSize maximum = window->Layout().ContentMaximumSize();
+    window->Layout().SetContentLimits(
+        {limit(minimumWidth, minimum.width()), limit(minimumHeight, minimum.height())},
+        {limit(maximumWidth, maximum.width()), limit(maximumHeight, maximum.height())});
+}
+
+void WindowAddTimer(std::int64_t number, int milliseconds, TimerCallback callback,
+                    void* userValue) {
+    WindowRecord* const record = registry.Find(number);
+    if (record == nullptr || milliseconds < 1) {
+        return;
+    }
+    const auto& timer = record->Timers.emplace_back(std::make_unique<QTimer>());
+    QObject::connect(timer.get(), &QTimer::timeout, [callback, userValue] { callback(userValue); });
+    timer->start(milliseconds);
+}
+
+void WindowAddShortcut(std::int64_t number, std::u16string_view keys, std::int64_t menuItem) {
+    if (WindowRecord* const record = registry.Find(number)) {
+        record->Shortcuts.emplace_back(ParseShortcut(ToQString(keys)), menuItem);
+    }
+}
+
+NativeWindow* WindowNativeHandle(std::int64_t number) {
+    return ToHandle(FindWindow(number));
+}
+
+bool WindowExists(std::int64_t number) {
+    return registry.Find(number) != nullptr;
+}
+
+}  // namespace rotavel
