@@ -103,7 +103,7 @@ void OpenMagnifier() {
 
 void ClearReadOut() {
     StatusBarSetText(ChartStatusBar, ReadOutField, u"");
-    WindowShow(MagnifierWindow, 1);
+    WindowShow(MagnifierWindow, Hidden);
 }
 
 void CloseChart() {
@@ -160,7 +160,7 @@ void ChartMouseMove(std::int64_t image, std::int64_t maxRpm, std::int64_t topSpe
 }
 
 void ChartMagnify(std::int64_t image, std::int64_t x, std::int64_t y) {
-    WindowShow(MagnifierWindow, 0);
+    WindowShow(MagnifierWindow, Shown);
     constexpr std::int64_t middle = MagnifiedSide / 2;
     const std::int64_t grabbed =
         ImageGrab(image, AnyNumber, x - middle, y - middle, MagnifiedSide, MagnifiedSide);

@@ -1,6 +1,7 @@
 #include "draw/current_drawing.h"
 
-#include "gui/gadgets/canvas_bitmap.h"
+#include "gui/canvas_gadget.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
 
 namespace rotavel {
@@ -20,8 +21,8 @@ bool BeginDrawing(const DrawingTarget& target) {
     if (target.Bitmap == nullptr) {
         return false;
     }
-    NotifyOfLostCanvas([](const QImage* bitmap) {
-        if (current != nullptr && FromHandle(current->Target.Bitmap) == bitmap) {
+    NotifyOfLostCanvas([](const NativeImage* bitmap) {
+        if (current != nullptr && current->Target.Bitmap == bitmap) {
             EndDrawing();
         }
     });

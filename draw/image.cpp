@@ -7,6 +7,7 @@
 
 #include "draw/current_drawing.h"
 #include "gui/toolkit/coordinates.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
 #include "runtime/numbered_objects.h"
 
@@ -88,7 +89,7 @@ bool ImageResize(std::int64_t image, std::int64_t width, std::int64_t height, st
     if (resized.isNull()) {
         return false;
     }
-    EndDrawingOn(ToHandle(bitmap));
+    EndDrawingOn(ToHandle<NativeImage>(bitmap));
     if ((mode & ResizeNearestPixel) != 0) {
         ScaleToNearest(*bitmap, resized);
     } else {
@@ -104,11 +105,11 @@ void ImageFree(std::int64_t image) {
     if (image == AnyNumber) {
         for (auto next = registry.First(); next.second != nullptr;
              next = registry.After(next.first)) {
-            EndDrawingOn(ToHandle(next.second));
+            EndDrawingOn(ToHandle<NativeImage>(next.second));
         }
         registry.Clear();
     } else if (QImage* const bitmap = registry.Find(image)) {
-        EndDrawingOn(ToHandle(bitmap));
+        EndDrawingOn(ToHandle<NativeImage>(bitmap));
         registry.Remove(image);
     }
 }
@@ -118,7 +119,7 @@ bool ImageExists(std::int64_t image) {
 }
 
 NativeImage* ImageHandle(std::int64_t image) {
-    return ToHandle(registry.Find(image));
+    return ToHandle<NativeImage>(registry.Find(image));
 }
 
 }  // namespace rotavel

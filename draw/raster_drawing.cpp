@@ -4,8 +4,9 @@
 
 #include "draw/current_drawing.h"
 #include "draw/image.h"
-#include "gui/gadgets/canvas_bitmap.h"
+#include "gui/canvas_gadget.h"
 #include "gui/toolkit/coordinates.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
 
 namespace rotavel {
@@ -38,7 +39,7 @@ DrawingTarget ImageRasterTarget(std::int64_t image) {
 }
 
 DrawingTarget CanvasRasterTarget(std::int64_t gadget) {
-    return {ToHandle(CanvasBitmap(gadget)), gadget};
+    return {CanvasBitmap(gadget), gadget};
 }
 
 bool RasterBegin(const DrawingTarget& target) {

@@ -8,7 +8,7 @@
 #include "draw/current_drawing.h"
 #include "draw/dots.h"
 #include "draw/image.h"
-#include "gui/toolkit/font.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
 #include "gui/toolkit/text.h"
 

@@ -4,11 +4,12 @@
 #include <string_view>
 
 #include "gui/handles.h"
+#include "gui/numbers.h"
 
 namespace rotavel {
 
 // A push button. Pressing it posts GadgetActivity with type 0; its text is its title.
-std::int64_t ButtonGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+std::int64_t ButtonGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                 std::int64_t width, std::int64_t height, std::u16string_view text,
                                 std::uint32_t flags = 0);
 

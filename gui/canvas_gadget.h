@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "gui/handles.h"
+#include "gui/numbers.h"
 
 namespace rotavel {
 
@@ -23,7 +24,14 @@ inline constexpr std::int64_t CanvasCursor = 7;
 inline constexpr std::int64_t CursorArrow = 0;
 inline constexpr std::int64_t CursorCrossHair = 1;
 
-std::int64_t CanvasGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+std::int64_t CanvasGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                 std::int64_t width, std::int64_t height, std::uint32_t flags = 0);
+
+// For those who draw: the bitmap, null when there is no such canvas or its size leaves nothing to
+// draw on; bringing to the screen what was drawn; and a function that is called with each bitmap
+// that goes while it is being drawn on.
+NativeImage* CanvasBitmap(GadgetNumber canvas);
+void ShowCanvasBitmap(GadgetNumber canvas);
+void NotifyOfLostCanvas(void (*notify)(const NativeImage* bitmap));
 
 }  // namespace rotavel

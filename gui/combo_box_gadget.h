@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "gui/handles.h"
+#include "gui/numbers.h"
 
 namespace rotavel {
 
@@ -22,7 +23,7 @@ inline constexpr std::uint32_t ComboBoxUpperCase = 4;
 inline constexpr std::uint32_t ComboBoxImages =
     8;  // plain form: an item added without image gets a blank one
 
-std::int64_t ComboBoxGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+std::int64_t ComboBoxGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                   std::int64_t width, std::int64_t height, std::uint32_t flags = 0);
 
 }  // namespace rotavel

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
+
+#include "gui/numbers.h"
 
 namespace rotavel {
 
@@ -9,8 +10,8 @@ namespace rotavel {
 // the gadget, window: its window) or DropOnWindow (object and window: the window) for each. A field
 // that takes none still lets text be dropped into it.
 
-void EnableGadgetDrop(std::int64_t gadget, int state);
-void EnableWindowDrop(std::int64_t window, int state);
+void EnableGadgetDrop(GadgetNumber gadget, bool state);
+void EnableWindowDrop(WindowNumber window, bool state);
 
 // What was dropped by the current event: the text, or the paths of the files, one a line. Empty
 // when the current event is no drop.

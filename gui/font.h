@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "gui/handles.h"
+#include "gui/numbers.h"
 
 namespace rotavel {
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "gui/handles.h"
+#include "gui/numbers.h"
 
 namespace rotavel {
 
@@ -16,7 +17,7 @@ inline constexpr std::uint32_t ImageSunken = 1;  // a sunken frame
 inline constexpr std::int64_t ImageRightClick = 1;
 inline constexpr std::int64_t ImageRightDoubleClick = 3;
 
-std::int64_t ImageGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+std::int64_t ImageGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                std::int64_t width, std::int64_t height,
                                NativeImage* image = nullptr, std::uint32_t flags = 0);
 

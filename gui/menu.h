@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "gui/handles.h"
+#include "gui/numbers.h"
 
 namespace rotavel {
 
@@ -34,6 +35,10 @@ void MenuOpenSubmenu(std::u16string_view text);
 // Goes back to the menu that the open submenu lies in; from a title's menu that is the bar itself,
 // and behind the bar there is none: items are then dropped until the next title.
 void MenuCloseSubmenu();
+
+// Makes keys, written as in an item's text ("CTRL+SHIFT+S"), choose a menu item of a number of the
+// window's while it has the keyboard. They come before menus and gadgets.
+void WindowAddShortcut(WindowNumber window, std::u16string_view keys, std::int64_t menuItem);
 
 // Frees a menu bar; AnyNumber frees all. Where it was on show, a bar with nothing but the
 // application menu takes its place.

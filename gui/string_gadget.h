@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "gui/handles.h"
+#include "gui/numbers.h"
 
 namespace rotavel {
 
@@ -22,7 +23,7 @@ inline constexpr std::uint32_t StringBorderless = 32;
 // Attribute: how many UTF-16 units the user may type, 2147483647 until set.
 inline constexpr std::int64_t StringMaximumLength = 1;
 
-std::int64_t StringGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+std::int64_t StringGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                 std::int64_t width, std::int64_t height,
                                 std::u16string_view text = {}, std::uint32_t flags = 0);
 

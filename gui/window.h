@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "gui/handles.h"
+#include "gui/numbers.h"
 
 namespace rotavel {
 
@@ -35,53 +36,49 @@ inline constexpr int InnerContent = 1;
 // keeps it above that window; a borderless window with a parent is a popup that never takes the
 // keyboard. Returns the automatic number, else non-zero; 0 when it cannot be made (a side below
 // 1 or above 32767 pixels, or more than 64 Mi pixels in all).
-std::int64_t WindowCreate(std::int64_t number, std::int64_t x, std::int64_t y, std::int64_t width,
+std::int64_t WindowCreate(WindowNumber number, std::int64_t x, std::int64_t y, std::int64_t width,
                           std::int64_t height, std::u16string_view title = {},
                           std::uint32_t flags = WindowCloseBox, NativeWindow* parent = nullptr);
 
 // Closes a window with its gadgets, menu and waiting events and, if it had the keyboard, hands that
 // back to the window that had it before. AnyNumber closes all.
-void WindowDestroy(std::int64_t number);
+void WindowDestroy(WindowNumber number);
 
-// Hides (`hide` non-zero) or shows a window. Flags: WindowScreenCentred, WindowOwnerCentred,
-// WindowNotActivated.
-void WindowShow(std::int64_t number, int hide, std::uint32_t flags = 0);
+// Shows or hides a window. Flags: WindowScreenCentred, WindowOwnerCentred, WindowNotActivated.
+enum WindowVisibility : bool { Shown = false, Hidden = true };
+void WindowShow(WindowNumber number, WindowVisibility hide, std::uint32_t flags = 0);
 
 // Brings a visible window to the front and gives it the keyboard.
-void WindowActivate(std::int64_t number);
+void WindowActivate(WindowNumber number);
 
-// Disables (`state` non-zero) or enables a window: disabled it takes no click, key, menu command or
+// Disables (`state` true) or enables a window: disabled it takes no click, key, menu command or
 // shortcut, and the boxes of its title bar are off. Enabling gives back what was enabled before.
-void WindowDisable(std::int64_t number, int state);
-bool WindowIsDisabled(std::int64_t number);
+void WindowDisable(WindowNumber number, bool state);
+bool WindowIsDisabled(WindowNumber number);
 
 // Position and size of the outer frame or the content area.
-std::int64_t WindowGetX(std::int64_t number, int mode = OuterFrame);
-std::int64_t WindowGetY(std::int64_t number, int mode = OuterFrame);
-std::int64_t WindowGetWidth(std::int64_t number, int mode = InnerContent);
-std::int64_t WindowGetHeight(std::int64_t number, int mode = InnerContent);
+std::int64_t WindowGetX(WindowNumber number, int mode = OuterFrame);
+std::int64_t WindowGetY(WindowNumber number, int mode = OuterFrame);
+std::int64_t WindowGetWidth(WindowNumber number, int mode = InnerContent);
+std::int64_t WindowGetHeight(WindowNumber number, int mode = InnerContent);
 
 // Moves the frame to x, y and gives the content area a size; IgnoreValue keeps a value.
-void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::int64_t width,
+void WindowSetBounds(WindowNumber number, std::int64_t x, std::int64_t y, std::int64_t width,
                      std::int64_t height);
 
 // Smallest and largest content size the user can give a resizable window; IgnoreValue keeps a
 // value.
-void WindowSetContentLimits(std::int64_t number, std::int64_t minimumWidth,
+void WindowSetContentLimits(WindowNumber number, std::int64_t minimumWidth,
                             std::int64_t minimumHeight, std::int64_t maximumWidth,
                             std::int64_t maximumHeight);
 
 // Calls `callback` with `userValue` every `milliseconds` (1 and up) for as long as the window is
 // open.
 using TimerCallback = void (*)(void* userValue);
-void WindowAddTimer(std::int64_t number, int milliseconds, TimerCallback callback, void* userValue);
-
-// Makes keys, written as in a menu item's text ("CTRL+SHIFT+S"), choose a menu item of a number of
-// the window's while it has the keyboard. They come before menus and gadgets.
-void WindowAddShortcut(std::int64_t number, std::u16string_view keys, std::int64_t menuItem);
+void WindowAddTimer(WindowNumber number, int milliseconds, TimerCallback callback, void* userValue);
 
 // The native window, or null.
-NativeWindow* WindowNativeHandle(std::int64_t number);
-bool WindowExists(std::int64_t number);
+NativeWindow* WindowNativeHandle(WindowNumber number);
+bool WindowExists(WindowNumber number);
 
 }  // namespace rotavel

@@ -5,10 +5,9 @@
 #include <memory>
 #include <utility>
 
-namespace rotavel {
+#include "runtime/numbers.h"
 
-// The number that asks for an automatic one at creation and names all objects at destruction.
-inline constexpr std::int64_t AnyNumber = -1;
+namespace rotavel {
 
 // Keeps one family of objects (windows, gadgets, menus, ...) under small numbers that the
 // application chooses, or under automatic numbers. Not for looking objects up by anything else.

@@ -3,14 +3,16 @@
 #include <array>
 #include <memory>
 
-#include "gui/application/native_loop.h"
 #include "gui/application/qz_application.h"
 #include "gui/application/termination_signals.h"
-#include "gui/event_queue.h"
+#include "gui/events/event_posting.h"
 #include "gui/font.h"
 #include "gui/gadget.h"
+#include "gui/gadgets/gadget_registry.h"
 #include "gui/menu.h"
+#include "gui/menus/menu_bars.h"
 #include "gui/status_bar.h"
+#include "gui/toolkit/native_events.h"
 #include "gui/window.h"
 #include "gui/windows/window_list.h"
 #include "runtime/numbered_objects.h"
@@ -29,6 +31,9 @@ void GuiStart() {
     static std::array<char*, 2> arguments = {name.data(), nullptr};
     static int argumentCount = 1;
     application = std::make_unique<QzApplication>(argumentCount, arguments.data());
+    SetWakeHook(&WakeNativeLoop);
+    // Gadgets go before the menus of a window that closes.
+    SetWindowObservers({&GadgetsAsObserver(), &MenusAsObserver()});
     CatchTerminationSignals();
 }
 
@@ -40,6 +45,7 @@ void GuiStop() {
     FlushDeferredDeletes();
     ReleaseTerminationSignals();
     ReleaseEventQueue();
+    SetWakeHook(nullptr);
     application.reset();
 }
 

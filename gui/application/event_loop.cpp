@@ -2,9 +2,9 @@
 
 #include <QDeadlineTimer>
 
-#include "gui/application/native_loop.h"
 #include "gui/application/qz_application.h"
-#include "gui/event_queue.h"
+#include "gui/events/event_posting.h"
+#include "gui/toolkit/native_events.h"
 #include "gui/windows/window_list.h"
 
 namespace rotavel {

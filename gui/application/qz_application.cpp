@@ -5,8 +5,9 @@
 #include <QKeyEvent>
 
 #include "gui/application/qz_style.h"
-#include "gui/event_queue.h"
+#include "gui/events/event_posting.h"
 #include "gui/menu.h"
+#include "gui/toolkit/native_events.h"
 #include "gui/windows/qz_window.h"
 #include "gui/windows/window_record.h"
 
@@ -53,7 +54,7 @@ bool QzApplication::notify(QObject* receiver, QEvent* event) {
     // What comes from outside reaches the native window first; the toolkit then hands it on to
     // widgets, which is not a native event of its own.
     if (event->spontaneous() && receiver->isWindowType()) {
-        nativeEventSeen = true;
+        NoteNativeEvent();
         if (IsFiltered(event)) {
             return true;
         }
@@ -61,10 +62,8 @@ bool QzApplication::notify(QObject* receiver, QEvent* event) {
             return true;
         }
     }
-    ++deliveries;
-    const bool delivered = QApplication::notify(receiver, event);
-    --deliveries;
-    return delivered;
+    const NativeDelivery delivery;
+    return QApplication::notify(receiver, event);
 }
 
 bool QzApplication::TakesShortcut(QObject* nativeWindow, QEvent* event) {

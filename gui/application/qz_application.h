@@ -27,13 +27,6 @@ class QzApplication final : public QApplication {
     void AddFilter(NativeEventFilter filter, void* userValue);
     void RemoveFilter(NativeEventFilter filter, void* userValue);
 
-    // Whether a native event was delivered since the last call.
-    void SetNativeEventSeen(bool seen) { nativeEventSeen = seen; }
-    bool TakeNativeEventSeen() { return std::exchange(nativeEventSeen, false); }
-
-    // Whether an event is being delivered, so that a widget may be in the middle of its handler.
-    bool IsDelivering() const { return deliveries > 0; }
-
     bool notify(QObject* receiver, QEvent* event) override;
 
   protected:
@@ -46,8 +39,6 @@ class QzApplication final : public QApplication {
     static bool TakesShortcut(QObject* nativeWindow, QEvent* event);
 
     std::vector<std::pair<NativeEventFilter, void*>> filters;
-    bool nativeEventSeen = false;
-    int deliveries = 0;
 };
 
 }  // namespace rotavel

@@ -1,15 +1,9 @@
 #include "gui/event_queue.h"
 
-#include <algorithm>
-#include <array>
-#include <cinttypes>
-#include <cstdio>
-#include <string>
-#include <unordered_map>
 #include <utility>
-#include <vector>
 
-#include "gui/application/native_loop.h"
+#include "gui/events/event_bindings.h"
+#include "gui/events/event_posting.h"
 #include "runtime/block_pool.h"
 
 namespace rotavel {
@@ -19,15 +13,10 @@ namespace {
 struct CurrentEvent {
     std::uint32_t Kind = 0;
     std::int64_t Object = 0;
-    std::int64_t Window = 0;
+    WindowNumber Window = 0;
     std::int64_t Type = -1;
     void* Data = nullptr;
     ReleaseFunction Release = nullptr;
-};
-
-struct BoundCallback {
-    std::int64_t Window;
-    EventCallback Callback;
 };
 
 struct EventQueue {
@@ -36,39 +25,11 @@ struct EventQueue {
     EventRecord* newest = nullptr;
     int suspensions = 0;
     CurrentEvent current;
-    std::unordered_map<std::string, std::vector<BoundCallback>> bindings;
+    EventBindings bindings;
+    void (*wake)() = nullptr;
 };
 
 EventQueue queue;
-
-std::string BindingKey(std::uint32_t kind, std::int64_t window, std::int64_t object,
-                       std::int64_t type) {
-    std::array<char, 80> key{};
-    std::snprintf(key.data(), key.size(), "%" PRIu32 ":%" PRId64 ":%" PRId64 ":%" PRId64, kind,
-                  window, object, type);
-    return key.data();
-}
-
-void RunBindings(std::uint32_t kind, std::int64_t window, std::int64_t object, std::int64_t type) {
-    if (queue.bindings.empty()) {
-        return;
-    }
-    const std::array<std::string, 5> keys = {
-        BindingKey(kind, window, object, type), BindingKey(kind, window, object, -1),
-        BindingKey(kind, window, -1, -1), BindingKey(kind, -1, -1, -1),
-        BindingKey(kind, -1, object, type)};
-    for (const std::string& key : keys) {
-        const auto bound = queue.bindings.find(key);
-        if (bound == queue.bindings.end()) {
-            continue;
-        }
-        // A callback may bind and unbind, so a copy is walked.
-        const std::vector<BoundCallback> callbacks = bound->second;
-        for (const BoundCallback& each : callbacks) {
-            each.Callback();
-        }
-    }
-}
 
 void ReleaseData(void* data, ReleaseFunction release) {
     if (data != nullptr && release != nullptr) {
@@ -100,7 +61,7 @@ void DeleteWhere(Predicate matches) {
     }
 }
 
-bool EqualsNewest(std::uint32_t kind, std::int64_t object, std::int64_t window, std::int64_t type) {
+bool EqualsNewest(std::uint32_t kind, std::int64_t object, WindowNumber window, std::int64_t type) {
     const EventRecord* const newest = queue.newest;
     return newest != nullptr && newest->Kind == kind && newest->Object == object &&
            newest->Window == window && newest->Type == type;
@@ -108,21 +69,21 @@ bool EqualsNewest(std::uint32_t kind, std::int64_t object, std::int64_t window, 
 
 }  // namespace
 
-std::int64_t PostProgramEvent(std::uint32_t kind, std::int64_t window, std::int64_t object,
+std::int64_t PostProgramEvent(std::uint32_t kind, WindowNumber window, std::int64_t object,
                               std::int64_t type, void* data) {
     QueueEvent(kind, object, window, type, data, nullptr,
                PostWhileSuspended | PostUnmerged | PostWaking);
     return 1;
 }
 
-void QueueEvent(std::uint32_t kind, std::int64_t object, std::int64_t window, std::int64_t type,
+void QueueEvent(std::uint32_t kind, std::int64_t object, WindowNumber window, std::int64_t type,
                 void* data, ReleaseFunction release, std::uint32_t flags) {
     if (queue.suspensions > 0 && (flags & PostWhileSuspended) == 0) {
         ReleaseData(data, release);
         return;
     }
-    if (kind != Repaint) {
-        WakeNativeLoop();
+    if (kind != Repaint && queue.wake != nullptr) {
+        queue.wake();
     }
     const bool merges = kind < FirstUnmergedKind && (flags & PostUnmerged) == 0;
     const bool isMerged = merges && EqualsNewest(kind, object, window, type);
@@ -139,7 +100,9 @@ void QueueEvent(std::uint32_t kind, std::int64_t object, std::int64_t window, st
     if ((flags & PostUnmerged) == 0) {
         const CurrentEvent saved =
             std::exchange(queue.current, {kind, object, window, type, data, nullptr});
-        RunBindings(kind, window, object, type);
+        queue.bindings.Run(kind, window, object, type);
+        // A binding that waits may have taken an event, perhaps this one.
+        ReleaseData(queue.current.Data, queue.current.Release);
         queue.current = saved;
     }
     if (isMerged) {
@@ -158,11 +121,7 @@ void ResumePosting() {
 std::uint32_t TakeEvent() {
     CurrentEvent& current = queue.current;
     current.Kind = 0;
-    if (current.Data != nullptr && current.Release != nullptr) {
-        current.Release(current.Data);
-        current.Data = nullptr;
-        current.Release = nullptr;
-    }
+    ReleaseData(std::exchange(current.Data, nullptr), std::exchange(current.Release, nullptr));
     current.Type = -1;
     EventRecord* const record = queue.oldest;
     if (record == nullptr) {
@@ -177,7 +136,7 @@ std::uint32_t TakeEvent() {
     const bool bindsNow = (record->Flags & PostUnmerged) != 0;
     queue.pool.Give(record);
     if (bindsNow) {
-        RunBindings(current.Kind, current.Window, current.Object, current.Type);
+        queue.bindings.Run(current.Kind, current.Window, current.Object, current.Type);
     }
     return current.Kind;
 }
@@ -186,7 +145,7 @@ std::uint32_t PeekEvent() {
     return queue.oldest == nullptr ? 0 : queue.oldest->Kind;
 }
 
-std::uint32_t PeekEvent(std::int64_t& object, std::int64_t& window, std::int64_t& type) {
+std::uint32_t PeekEvent(std::int64_t& object, WindowNumber& window, std::int64_t& type) {
     if (queue.oldest == nullptr) {
         return 0;
     }
@@ -204,7 +163,7 @@ std::int64_t CurrentEventObject() {
     return queue.current.Object;
 }
 
-std::int64_t CurrentEventWindow() {
+WindowNumber CurrentEventWindow() {
     return queue.current.Window;
 }
 
@@ -216,11 +175,11 @@ void* CurrentEventData() {
     return queue.current.Data;
 }
 
-void DeleteQueuedEvents(std::int64_t window) {
+void DeleteQueuedEvents(WindowNumber window) {
     DeleteWhere([window](const EventRecord& record) { return record.Window == window; });
 }
 
-void DeleteQueuedEvents(std::uint32_t kind, std::int64_t object, std::int64_t window,
+void DeleteQueuedEvents(std::uint32_t kind, std::int64_t object, WindowNumber window,
                         std::int64_t type) {
     DeleteWhere([=](const EventRecord& record) {
         return record.Kind == kind && record.Object == object && record.Window == window &&
@@ -228,34 +187,29 @@ void DeleteQueuedEvents(std::uint32_t kind, std::int64_t object, std::int64_t wi
     });
 }
 
-void BindEvent(EventCallback callback, std::uint32_t kind, std::int64_t window, std::int64_t object,
+void BindEvent(EventCallback callback, std::uint32_t kind, WindowNumber window, std::int64_t object,
                std::int64_t type) {
-    queue.bindings[BindingKey(kind, window, object, type)].push_back({window, callback});
+    queue.bindings.Bind(callback, kind, window, object, type);
 }
 
-void UnbindEvent(EventCallback callback, std::uint32_t kind, std::int64_t window,
+void UnbindEvent(EventCallback callback, std::uint32_t kind, WindowNumber window,
                  std::int64_t object, std::int64_t type) {
-    const auto bound = queue.bindings.find(BindingKey(kind, window, object, type));
-    if (bound == queue.bindings.end()) {
-        return;
-    }
-    std::erase_if(bound->second,
-                  [callback](const BoundCallback& each) { return each.Callback == callback; });
-    if (bound->second.empty()) {
-        queue.bindings.erase(bound);
-    }
+    queue.bindings.Unbind(callback, kind, window, object, type);
 }
 
-void UnbindWindowEvents(std::int64_t window) {
-    std::erase_if(queue.bindings,
-                  [window](const auto& entry) { return entry.second.front().Window == window; });
+void UnbindWindowEvents(WindowNumber window) {
+    queue.bindings.UnbindWindow(window);
+}
+
+void SetWakeHook(void (*wake)()) {
+    queue.wake = wake;
 }
 
 void ReleaseEventQueue() {
     DeleteWhere([](const EventRecord&) { return true; });
     ReleaseData(queue.current.Data, queue.current.Release);
     queue.current = {};
-    queue.bindings.clear();
+    queue.bindings.Clear();
     queue.pool.Release();
 }
 

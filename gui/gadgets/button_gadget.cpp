@@ -39,7 +39,7 @@ class QzButtonGadgetFunctions final : public QzGadgetFunctions {
 
 }  // namespace
 
-std::int64_t ButtonGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+std::int64_t ButtonGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                 std::int64_t width, std::int64_t height, std::u16string_view text,
                                 std::uint32_t flags) {
     QWidget* const container = ContainerForNewGadget(number);

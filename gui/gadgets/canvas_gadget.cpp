@@ -5,16 +5,16 @@
 
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
-#include "gui/gadgets/canvas_bitmap.h"
-#include "gui/gadgets/gadget_colours.h"
 #include "gui/gadgets/gadget_view.h"
+#include "gui/toolkit/colour.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
 
 namespace rotavel {
 
 namespace {
 
-void (*lostCanvasNotifier)(const QImage*) = nullptr;
+void (*lostCanvasNotifier)(const NativeImage*) = nullptr;
 
 class Qz_CanvasView final : public QzGadgetView<QWidget> {
   public:
@@ -24,7 +24,7 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     }
     ~Qz_CanvasView() override {
         if (bitmap.paintingActive() && lostCanvasNotifier != nullptr) {
-            lostCanvasNotifier(&bitmap);
+            lostCanvasNotifier(ToHandle<NativeImage>(&bitmap));
         }
     }
 
@@ -89,7 +89,7 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
 
 class QzCanvasGadgetFunctions final : public QzGadgetFunctions {
   public:
-    void DisableGadget(int state) override { View().setEnabled(state == 0); }
+    void DisableGadget(bool state) override { View().setEnabled(!state); }
 
     void SetGadgetAttribute(std::int64_t attribute, std::int64_t value) override {
         if (attribute == CanvasCursor) {
@@ -111,16 +111,17 @@ class QzCanvasGadgetFunctions final : public QzGadgetFunctions {
 
     void SetGadgetColor(std::int64_t type, std::int64_t colour) override {
         if (type == BackColour) {
-            View().SetBackground(colour == NoColour ? QColor(Qt::white) : ToColour(colour));
+            View().SetBackground(colour == NoColour ? QColor(Qt::white)
+                                                    : ToQColor(static_cast<std::uint32_t>(colour)));
         }
     }
     std::int64_t GetGadgetColor(std::int64_t type) const override {
-        return type == BackColour ? FromColour(View().Background()) : 0;
+        return type == BackColour ? FromQColor(View().Background()) : 0;
     }
 
     void OpenGadgetList(std::int64_t) override {
         if (QzGadgetList* const list = QzGadgetList::CurrentList()) {
-            list->Push(ToHandle(Gadget->View));
+            list->Push(ToHandle<NativeView>(Gadget->View));
         }
     }
 
@@ -128,29 +129,30 @@ class QzCanvasGadgetFunctions final : public QzGadgetFunctions {
     Qz_CanvasView& View() const { return static_cast<Qz_CanvasView&>(*Gadget->View); }
 };
 
-Qz_CanvasView* FindCanvas(std::int64_t gadget) {
+Qz_CanvasView* FindCanvas(GadgetNumber gadget) {
     const GadgetRecord* const record = GadgetRegistry().Find(gadget);
     return record == nullptr ? nullptr : dynamic_cast<Qz_CanvasView*>(record->View);
 }
 
 }  // namespace
 
-QImage* CanvasBitmap(std::int64_t gadget) {
-    Qz_CanvasView* const canvas = FindCanvas(gadget);
-    return canvas == nullptr || canvas->Bitmap().isNull() ? nullptr : &canvas->Bitmap();
+NativeImage* CanvasBitmap(GadgetNumber canvas) {
+    Qz_CanvasView* const view = FindCanvas(canvas);
+    return view == nullptr || view->Bitmap().isNull() ? nullptr
+                                                      : ToHandle<NativeImage>(&view->Bitmap());
 }
 
-void NotifyOfLostCanvas(void (*notify)(const QImage* bitmap)) {
-    lostCanvasNotifier = notify;
-}
-
-void ShowCanvasBitmap(std::int64_t gadget) {
-    if (Qz_CanvasView* const canvas = FindCanvas(gadget)) {
-        canvas->update();
+void ShowCanvasBitmap(GadgetNumber canvas) {
+    if (Qz_CanvasView* const view = FindCanvas(canvas)) {
+        view->update();
     }
 }
 
-std::int64_t CanvasGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+void NotifyOfLostCanvas(void (*notify)(const NativeImage* bitmap)) {
+    lostCanvasNotifier = notify;
+}
+
+std::int64_t CanvasGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                 std::int64_t width, std::int64_t height, std::uint32_t flags) {
     QWidget* const container = ContainerForNewGadget(number);
     if (container == nullptr) {

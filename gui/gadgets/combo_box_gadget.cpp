@@ -8,7 +8,7 @@
 #include "gui/event_queue.h"
 #include "gui/gadgets/edit_combo_box.h"
 #include "gui/gadgets/gadget_view.h"
-#include "gui/toolkit/case_folding.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
 #include "gui/toolkit/text.h"
 
@@ -51,7 +51,7 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
         const bool inserts = position >= 0 && position < view.count();
         const int index = inserts ? static_cast<int>(position) : view.count();
         const bool hadSelection = view.currentIndex() >= 0;
-        view.insertItem(index, ItemImage(image), Folded(text));
+        view.insertItem(index, ItemImage(image), FoldedItem(text, Gadget->Flags));
         if (!hadSelection) {
             view.setCurrentIndex(-1);  // the toolkit selects the first item of a list by itself
         }
@@ -78,7 +78,8 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
     std::int64_t GetGadgetState() const override { return View().currentIndex(); }
 
     void SetGadgetText(std::u16string_view text) override {
-        const int index = View().findText(Folded(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
+        const int index = View().findText(FoldedItem(text, Gadget->Flags),
+                                          Qt::MatchExactly | Qt::MatchCaseSensitive);
         if (index >= 0) {
             View().setCurrentIndex(index);
         }
@@ -86,7 +87,7 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
 
     void SetGadgetItemText(std::int64_t item, std::u16string_view text, std::int64_t) override {
         if (IsItem(item)) {
-            View().setItemText(static_cast<int>(item), Folded(text));
+            View().setItemText(static_cast<int>(item), FoldedItem(text, Gadget->Flags));
         }
     }
     std::u16string GetGadgetItemText(std::int64_t item, std::int64_t) override {
@@ -118,15 +119,11 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
         }
         return image == nullptr ? BlankImage() : QIcon(QPixmap::fromImage(*FromHandle(image)));
     }
-
-    QString Folded(std::u16string_view text) const {
-        return Fold(text, Gadget->Flags, ComboBoxLowerCase, ComboBoxUpperCase);
-    }
 };
 
 }  // namespace
 
-std::int64_t ComboBoxGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+std::int64_t ComboBoxGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                   std::int64_t width, std::int64_t height, std::uint32_t flags) {
     if ((flags & ComboBoxEditable) != 0) {
         return EditComboBoxGadgetCreate(number, {x, y, width, height}, flags);

@@ -15,7 +15,7 @@
 #include "gui/gadgets/formatters.h"
 #include "gui/gadgets/gadget_view.h"
 #include "gui/gadgets/undo_key.h"
-#include "gui/toolkit/case_folding.h"
+#include "gui/toolkit/text.h"
 #include "gui/windows/first_responder.h"
 
 namespace rotavel {
@@ -153,7 +153,7 @@ class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
         const ListChange change(View());
         DataSource& source = View().Source();
         source.Insert(source.IsItem(position) ? position : source.NumberOfItemsInComboBox(),
-                      Folded(text));
+                      FoldedItem(text, Gadget->Flags));
         return 1;
     }
     void RemoveGadgetItem(std::int64_t item) override {
@@ -177,7 +177,7 @@ class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
     std::int64_t GetGadgetState() const override { return View().Source().SelectedIndex; }
 
     void SetGadgetText(std::u16string_view text) override {
-        const QString folded = Folded(text);
+        const QString folded = FoldedItem(text, Gadget->Flags);
         const auto& items = View().Source().Items;
         const auto found = std::find(items.begin(), items.end(), folded);
         if (found == items.end()) {
@@ -194,7 +194,7 @@ class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
 
     void SetGadgetItemText(std::int64_t item, std::u16string_view text, std::int64_t) override {
         if (View().Source().IsItem(item)) {
-            View().Source().Items[static_cast<std::size_t>(item)] = Folded(text);
+            View().Source().Items[static_cast<std::size_t>(item)] = FoldedItem(text, Gadget->Flags);
         }
     }
     std::u16string GetGadgetItemText(std::int64_t item, std::int64_t) override {
@@ -216,10 +216,6 @@ class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
   private:
     Qz_NSComboBox& View() const { return static_cast<Qz_NSComboBox&>(*Gadget->View); }
 
-    QString Folded(std::u16string_view text) const {
-        return Fold(text, Gadget->Flags, ComboBoxLowerCase, ComboBoxUpperCase);
-    }
-
     void RemoveItems(std::int64_t first, std::int64_t count) {
         ListChange change(View());
         const std::int64_t row = View().currentIndex();
@@ -237,7 +233,14 @@ void PrepareComboBox(QComboBox& box) {
     box.setFocusPolicy(Qt::StrongFocus);
 }
 
-std::int64_t EditComboBoxGadgetCreate(std::int64_t number, const GadgetBounds& bounds,
+QString FoldedItem(std::u16string_view text, std::uint32_t flags) {
+    const bool isUpper = (flags & ComboBoxUpperCase) != 0;
+    return Folded(ToQString(text), (flags & ComboBoxLowerCase) != 0 ? LetterCase::Lower
+                                   : isUpper                        ? LetterCase::Upper
+                                                                    : LetterCase::AsItIs);
+}
+
+std::int64_t EditComboBoxGadgetCreate(GadgetNumber number, const GadgetBounds& bounds,
                                       std::uint32_t flags) {
     QWidget* const container = ContainerForNewGadget(number);
     if (container == nullptr) {

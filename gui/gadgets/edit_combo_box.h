@@ -5,6 +5,7 @@
 #include "gui/gadgets/gadget_functions.h"
 
 class QComboBox;
+class QString;
 
 namespace rotavel {
 
@@ -12,8 +13,11 @@ namespace rotavel {
 // over it neither chooses nor takes the keyboard.
 void PrepareComboBox(QComboBox& box);
 
+// A text as the flags of a combo box fold it.
+QString FoldedItem(std::u16string_view text, std::uint32_t flags);
+
 // The editable form of a combo box; arguments and result as for ComboBoxGadgetCreate.
-std::int64_t EditComboBoxGadgetCreate(std::int64_t number, const GadgetBounds& bounds,
+std::int64_t EditComboBoxGadgetCreate(GadgetNumber number, const GadgetBounds& bounds,
                                       std::uint32_t flags);
 
 }  // namespace rotavel

@@ -3,25 +3,11 @@
 #include <cstdint>
 #include <optional>
 
-#include <QColor>
 #include <QWidget>
 
+#include "gui/toolkit/colour.h"
+
 namespace rotavel {
-
-// 32-bit RGBA with red in the lowest byte, to and from the toolkit's colours.
-
-inline QColor ToColour(std::int64_t rgba) {
-    const auto bits = static_cast<std::uint32_t>(rgba);
-    return QColor(static_cast<int>(bits & 0xFF), static_cast<int>(bits >> 8 & 0xFF),
-                  static_cast<int>(bits >> 16 & 0xFF), static_cast<int>(bits >> 24));
-}
-
-inline std::int64_t FromColour(const QColor& colour) {
-    return static_cast<std::int64_t>(colour.red()) |
-           static_cast<std::int64_t>(colour.green()) << 8 |
-           static_cast<std::int64_t>(colour.blue()) << 16 |
-           static_cast<std::int64_t>(colour.alpha()) << 24;
-}
 
 // The colours that the program has given a view; where it has given none the view's own hold, also
 // after the desktop's have changed.
@@ -61,7 +47,7 @@ class GadgetColours {
 
 // A colour given by the application, or nothing for "none".
 inline std::optional<QColor> GivenColour(std::int64_t rgba) {
-    return rgba < 0 ? std::nullopt : std::optional(ToColour(rgba));
+    return rgba < 0 ? std::nullopt : std::optional(ToQColor(static_cast<std::uint32_t>(rgba)));
 }
 
 }  // namespace rotavel

@@ -1,12 +1,13 @@
 #include "gui/gadgets/gadget_functions.h"
 
-#include "gui/event_queue.h"
+#include "gui/events/event_posting.h"
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
-#include "gui/gadgets/gadget_record.h"
+#include "gui/gadgets/gadget_registry.h"
 #include "gui/gadgets/gadget_view.h"
 #include "gui/toolkit/coordinates.h"
 #include "gui/toolkit/font.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/frame_placement.h"
 #include "gui/windows/qz_views.h"
@@ -35,7 +36,7 @@ QPoint Position(const GadgetRecord& record, int mode) {
 
 }  // namespace
 
-void QzGadgetFunctions::Setup(std::unique_ptr<QzGadgetFunctions> functions, std::int64_t number,
+void QzGadgetFunctions::Setup(std::unique_ptr<QzGadgetFunctions> functions, GadgetNumber number,
                               GadgetKind kind, QWidget* view, QWidget* container,
                               std::uint32_t flags) {
     const auto [id, record] = GadgetRegistry().Create(number);
@@ -70,7 +71,7 @@ void QzGadgetFunctions::SendEvent(std::int64_t type) const {
 
 void QzGadgetFunctions::ActivateGadget() {
     // A binding to what this posts may free the gadget, and these functions with it.
-    const std::int64_t number = GadgetID;
+    const GadgetNumber number = GadgetID;
     QWidget* const view = Gadget->View;
     QzWindow* const window = QzWindow::Of(view);
     if (window->IsShown()) {
@@ -88,13 +89,13 @@ void QzGadgetFunctions::GadgetToolTip(std::u16string_view text) {
                      : "<qt>" + ToQString(text).toHtmlEscaped().replace('\n', "<br>") + "</qt>");
 }
 
-void QzGadgetFunctions::HideGadget(int state) {
-    Gadget->Container->setHidden(state != 0);
+void QzGadgetFunctions::HideGadget(bool state) {
+    Gadget->Container->setHidden(state);
 }
 
-void QzGadgetFunctions::DisableGadget(int state) {
+void QzGadgetFunctions::DisableGadget(bool state) {
     if (isNSControl) {
-        Gadget->View->setEnabled(state == 0);
+        Gadget->View->setEnabled(!state);
     }
 }
 
@@ -164,7 +165,7 @@ std::u16string QzGadgetFunctions::GetGadgetText() const {
     return isNSControl ? FromQString(AsControl(*Gadget)->StringValue()) : std::u16string();
 }
 
-QWidget* ContainerForNewGadget(std::int64_t number) {
+QWidget* ContainerForNewGadget(GadgetNumber number) {
     if (number < AnyNumber) {
         return nullptr;
     }
@@ -174,15 +175,14 @@ QWidget* ContainerForNewGadget(std::int64_t number) {
     return FromHandle(QzGadgetList::CurrentView());
 }
 
-std::int64_t PlaceGadget(std::unique_ptr<QzGadgetFunctions> functions, std::int64_t number,
+std::int64_t PlaceGadget(std::unique_ptr<QzGadgetFunctions> functions, GadgetNumber number,
                          GadgetKind kind, QWidget* view, const GadgetBounds& bounds,
                          std::uint32_t flags) {
     QzGadgetFunctions::Setup(std::move(functions), number, kind, view, view, flags);
     view->setGeometry(ToCoordinate(bounds.X), ToCoordinate(bounds.Y), ToSide(bounds.Width),
                       ToSide(bounds.Height));
     view->show();
-    return number == AnyNumber ? dynamic_cast<QzTaggedView&>(*view).Tag()
-                               : reinterpret_cast<std::intptr_t>(view);
+    return CreationResult(number, dynamic_cast<QzTaggedView&>(*view).Tag(), view);
 }
 
 }  // namespace rotavel

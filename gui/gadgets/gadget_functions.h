@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "gui/handles.h"
+#include "gui/numbers.h"
 
 class QWidget;
 
@@ -30,7 +31,7 @@ class QzGadgetFunctions {
 
     // Enters the gadget into the registry under `number` (which must be free), with this as its
     // functions, and prepares the view: tag and default font.
-    static void Setup(std::unique_ptr<QzGadgetFunctions> functions, std::int64_t number,
+    static void Setup(std::unique_ptr<QzGadgetFunctions> functions, GadgetNumber number,
                       GadgetKind kind, QWidget* view, QWidget* container, std::uint32_t flags);
     // Takes over the gadget of an existing record under a new kind; its functions are released.
     static void Reuse(std::unique_ptr<QzGadgetFunctions> functions, GadgetRecord& record,
@@ -44,8 +45,8 @@ class QzGadgetFunctions {
     virtual void FreeGadget() {}
     virtual void ActivateGadget();
     virtual void GadgetToolTip(std::u16string_view text);
-    virtual void HideGadget(int state);
-    virtual void DisableGadget(int state);
+    virtual void HideGadget(bool state);
+    virtual void DisableGadget(bool state);
     virtual std::int64_t GadgetX(int mode) const;
     virtual std::int64_t GadgetY(int mode) const;
     virtual std::int64_t GadgetWidth() const;
@@ -105,11 +106,11 @@ class QzGadgetFunctions {
 
 // The container that new gadgets go into, once `number` is free: a gadget that holds it is freed.
 // Null when there is no window or the number cannot be used.
-QWidget* ContainerForNewGadget(std::int64_t number);
+QWidget* ContainerForNewGadget(GadgetNumber number);
 
 // Enters a new view as a gadget, puts it in its place and shows it. Returns what the creation
 // function returns.
-std::int64_t PlaceGadget(std::unique_ptr<QzGadgetFunctions> functions, std::int64_t number,
+std::int64_t PlaceGadget(std::unique_ptr<QzGadgetFunctions> functions, GadgetNumber number,
                          GadgetKind kind, QWidget* view, const GadgetBounds& bounds,
                          std::uint32_t flags);
 

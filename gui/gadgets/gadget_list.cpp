@@ -4,9 +4,9 @@
 #include <memory>
 #include <utility>
 
-#include "gui/gadgets/gadget_record.h"
+#include "gui/toolkit/handle.h"
 #include "gui/windows/qz_views.h"
-#include "gui/windows/window_record.h"
+#include "gui/windows/qz_window.h"
 
 namespace rotavel {
 
@@ -18,7 +18,7 @@ std::vector<std::unique_ptr<QzGadgetList>> lists;
 QzGadgetList* currentList = nullptr;
 
 NativeView* ContentViewOf(NativeWindow* window) {
-    return ToHandle(FromHandle(window)->ContentView());
+    return ToHandle<NativeView>(FromHandle(window)->ContentView());
 }
 
 }  // namespace

@@ -8,8 +8,8 @@
 #include <QString>
 #include <QWidget>
 
-#include "gui/event_queue.h"
-#include "gui/gadgets/gadget_record.h"
+#include "gui/events/event_posting.h"
+#include "gui/gadgets/gadget_registry.h"
 #include "gui/windows/drop_target.h"
 
 namespace rotavel {

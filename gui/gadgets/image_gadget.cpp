@@ -82,7 +82,7 @@ class QzImageGadgetFunctions final : public QzGadgetFunctions {
 
 }  // namespace
 
-std::int64_t ImageGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+std::int64_t ImageGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                std::int64_t width, std::int64_t height, NativeImage* image,
                                std::uint32_t flags) {
     QWidget* const container = ContainerForNewGadget(number);

@@ -14,7 +14,7 @@
 #include "gui/gadgets/gadget_colours.h"
 #include "gui/gadgets/gadget_view.h"
 #include "gui/gadgets/undo_key.h"
-#include "gui/toolkit/case_folding.h"
+#include "gui/toolkit/text.h"
 #include "gui/windows/first_responder.h"
 
 namespace rotavel {
@@ -93,6 +93,13 @@ class QzStringGadgetTextField final : public QzStringField, public FirstResponde
     void TextDidEndEditing() override { SendEventFor(Tag(), LostFocus); }
 };
 
+LetterCase SetTextCase(std::uint32_t flags) {
+    if ((flags & StringLowerCase) != 0) {
+        return LetterCase::Lower;
+    }
+    return (flags & StringUpperCase) != 0 ? LetterCase::Upper : LetterCase::AsItIs;
+}
+
 class QzStringGadgetFunctions final : public QzGadgetFunctions {
   public:
     // What the field holds is ready to be typed over.
@@ -114,7 +121,7 @@ class QzStringGadgetFunctions final : public QzGadgetFunctions {
     }
 
     void SetGadgetText(std::u16string_view text) override {
-        View().SetStringValue(Fold(text, Gadget->Flags, StringLowerCase, StringUpperCase));
+        View().SetStringValue(Folded(ToQString(text), SetTextCase(Gadget->Flags)));
     }
 
     void SetGadgetAttribute(std::int64_t attribute, std::int64_t value) override {
@@ -137,9 +144,9 @@ class QzStringGadgetFunctions final : public QzGadgetFunctions {
     }
     std::int64_t GetGadgetColor(std::int64_t type) const override {
         if (type == FrontColour) {
-            return FromColour(colours.Front(View()));
+            return FromQColor(colours.Front(View()));
         }
-        return type == BackColour ? FromColour(colours.Back(View())) : 0;
+        return type == BackColour ? FromQColor(colours.Back(View())) : 0;
     }
 
   private:
@@ -170,7 +177,7 @@ QzStringField* MakeView(QWidget* container, std::uint32_t flags) {
 
 }  // namespace
 
-std::int64_t StringGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+std::int64_t StringGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                 std::int64_t width, std::int64_t height, std::u16string_view text,
                                 std::uint32_t flags) {
     QWidget* const container = ContainerForNewGadget(number);

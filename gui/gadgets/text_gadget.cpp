@@ -36,14 +36,14 @@ class QzTextGadgetFunctions final : public QzGadgetFunctions {
     }
     std::int64_t GetGadgetColor(std::int64_t type) const override {
         if (type == FrontColour) {
-            return FromColour(colours.Front(View()));
+            return FromQColor(colours.Front(View()));
         }
-        return type == BackColour ? FromColour(colours.Back(View())) : 0;
+        return type == BackColour ? FromQColor(colours.Back(View())) : 0;
     }
 
-    void DisableGadget(int state) override {
+    void DisableGadget(bool state) override {
         const QColor grey = QPalette().color(QPalette::Disabled, QPalette::WindowText);
-        colours.SetFront(View(), state != 0 ? std::optional(grey) : FrontColor);
+        colours.SetFront(View(), state ? std::optional(grey) : FrontColor);
     }
 
     void SetGadgetState(std::int64_t) override {}
@@ -65,7 +65,7 @@ Qt::Alignment AlignmentFor(std::uint32_t flags) {
 
 }  // namespace
 
-std::int64_t TextGadgetCreate(std::int64_t number, std::int64_t x, std::int64_t y,
+std::int64_t TextGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                               std::int64_t width, std::int64_t height, std::u16string_view text,
                               std::uint32_t flags) {
     QWidget* const container = ContainerForNewGadget(number);

@@ -1,10 +1,10 @@
 #include "gui/menus/application_menu.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QMenuBar>
 
-#include "gui/application/qz_application.h"
-#include "gui/event_queue.h"
+#include "gui/events/event_posting.h"
 #include "gui/menu.h"
 #include "gui/windows/window_list.h"
 

@@ -10,7 +10,7 @@
 #include "gui/menus/application_menu.h"
 #include "gui/menus/menu_bars.h"
 #include "gui/menus/shortcut_text.h"
-#include "gui/toolkit/image.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/window_record.h"
 
@@ -116,23 +116,30 @@ std::pair<std::int64_t, MenuRecord*> FirstOf(const QzWindow* window) {
     return next;
 }
 
+// What windows mean to menu bars.
+class MenuObserver final : public WindowObserver {
+  public:
+    void WindowBecameKey(QzWindow& window) override {
+        const MenuRecord* const record = FirstOf(&window).second;
+        if (record != nullptr) {
+            window.Layout().SetMenuBar(record->Bar);
+            QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(&window));
+        }
+    }
+    void WindowCloses(QzWindow& window, WindowNumber) override {
+        const auto [number, record] = FirstOf(&window);
+        if (record != nullptr) {
+            record->Window = nullptr;  // no other bar takes its place: the window goes
+            FreeOne(number, *record);
+        }
+    }
+};
+
 }  // namespace
 
-void InstallMenuBarOf(QzWindow* window) {
-    const MenuRecord* const record = FirstOf(window).second;
-    if (record != nullptr) {
-        window->Layout().SetMenuBar(record->Bar);
-        QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(window));
-    }
-}
-
-void FreeMenuOf(const QzWindow* window) {
-    const auto [number, record] = FirstOf(window);
-    if (record == nullptr) {
-        return;
-    }
-    record->Window = nullptr;  // no other bar takes its place: the window goes
-    FreeOne(number, *record);
+WindowObserver& MenusAsObserver() {
+    static MenuObserver observer;
+    return observer;
 }
 
 std::int64_t MenuCreate(std::int64_t number, NativeWindow* handle) {
@@ -155,7 +162,7 @@ std::int64_t MenuCreate(std::int64_t number, NativeWindow* handle) {
     }
     building = record;
     currentMenu = nullptr;
-    return number == AnyNumber ? id : reinterpret_cast<std::intptr_t>(bar);
+    return CreationResult(number, id, bar);
 }
 
 void MenuTitle(std::u16string_view text) {
@@ -212,6 +219,12 @@ void MenuOpenSubmenu(std::u16string_view text) {
 void MenuCloseSubmenu() {
     if (currentMenu != nullptr) {
         currentMenu = currentMenu == building->Bar ? nullptr : currentMenu->parentWidget();
+    }
+}
+
+void WindowAddShortcut(WindowNumber window, std::u16string_view keys, std::int64_t menuItem) {
+    if (WindowRecord* const record = WindowRegistry().Find(window)) {
+        record->Shortcuts.emplace_back(ParseShortcut(ToQString(keys)), menuItem);
     }
 }
 

@@ -1,13 +1,10 @@
 #pragma once
 
+#include "gui/windows/window_observer.h"
+
 namespace rotavel {
 
-class QzWindow;
-
-// Puts the first menu bar that belongs to a window on it, now that the window has the keyboard.
-void InstallMenuBarOf(QzWindow* window);
-
-// Frees the first menu bar of a window that closes.
-void FreeMenuOf(const QzWindow* window);
+// Puts a window's menu bar on it when it gets the keyboard and frees the bar when it closes.
+WindowObserver& MenusAsObserver();
 
 }  // namespace rotavel

@@ -1,6 +1,7 @@
 #include "gui/font.h"
 
 #include "gui/toolkit/font.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/text.h"
 #include "runtime/numbered_objects.h"
 
@@ -12,12 +13,21 @@ constexpr double SmallestPoints = 1;
 constexpr double LargestPoints = 1000;
 
 NumberedObjects<QFont> registry;
+std::int64_t defaultFont = AnyNumber;
 
 }  // namespace
 
 QFont FontForGadgets(std::int64_t number) {
     const QFont* const font = registry.Find(number);
     return font == nullptr ? QFont() : *font;
+}
+
+std::int64_t DefaultGadgetFont() {
+    return defaultFont;
+}
+
+void SetDefaultGadgetFont(std::int64_t number) {
+    defaultFont = number;
 }
 
 std::int64_t FontLoad(std::int64_t number, std::u16string_view name, double points) {
@@ -33,7 +43,7 @@ std::int64_t FontLoad(std::int64_t number, std::u16string_view name, double poin
     }
     font->setFamily(ToQString(name));
     font->setPointSizeF(points);
-    return number == AnyNumber ? id : reinterpret_cast<std::intptr_t>(font);
+    return CreationResult(number, id, font);
 }
 
 void FreeFont(std::int64_t number) {
@@ -45,7 +55,7 @@ void FreeFont(std::int64_t number) {
 }
 
 NativeFont* FontHandle(std::int64_t number) {
-    return ToHandle(registry.Find(number));
+    return ToHandle<NativeFont>(registry.Find(number));
 }
 
 }  // namespace rotavel

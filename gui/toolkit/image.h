@@ -4,17 +4,7 @@
 
 #include <QImage>
 
-#include "gui/handles.h"
-
 namespace rotavel {
-
-inline QImage* FromHandle(NativeImage* handle) {
-    return reinterpret_cast<QImage*>(handle);
-}
-
-inline NativeImage* ToHandle(QImage* image) {
-    return reinterpret_cast<NativeImage*>(image);
-}
 
 // How many pixels of its own a bitmap has for a size in the program's pixels.
 QSize BitmapSize(std::int64_t width, std::int64_t height);

@@ -23,4 +23,20 @@ inline std::u16string FromQString(const QString& text) {
     return text.toStdU16String();
 }
 
+enum class LetterCase { AsItIs, Lower, Upper };
+
+// A text with all its letters in one case. It may change in length ("ß" has no single upper-case
+// letter).
+inline QString Folded(const QString& text, LetterCase letterCase) {
+    switch (letterCase) {
+        case LetterCase::Lower:
+            return text.toLower();
+        case LetterCase::Upper:
+            return text.toUpper();
+        case LetterCase::AsItIs:
+            break;
+    }
+    return text;
+}
+
 }  // namespace rotavel

@@ -7,18 +7,18 @@
 #include <QDropEvent>
 #include <QMimeData>
 
+#include "gui/numbers.h"
+
 namespace rotavel {
 
 // Whether a drag carries something that a program can be given.
-inline bool CarriesText(const QDropEvent& event) {
-    return event.mimeData()->hasText() || event.mimeData()->hasUrls();
-}
+bool CarriesText(const QDropEvent& event);
 
 // The number of the window that a widget lies in; -1 while that window is disabled.
-std::int64_t AcceptingWindowOf(const QWidget* widget);
+WindowNumber AcceptingWindowOf(const QWidget* widget);
 
 // Posts a drop with what was dropped.
-void PostDrop(std::uint32_t kind, std::int64_t object, std::int64_t window, QDropEvent& event);
+void PostDrop(std::uint32_t kind, std::int64_t object, WindowNumber window, QDropEvent& event);
 
 // A view that reports drops once it is told to take them, and leaves them to its base otherwise.
 template <typename Base>
@@ -42,7 +42,7 @@ class QzDropTarget : public Base {
 
   protected:
     // The number of the window that drops are posted for; -1 while it takes none.
-    virtual std::int64_t DropWindow() const = 0;
+    virtual WindowNumber DropWindow() const = 0;
 
     void dragEnterEvent(QDragEnterEvent* event) override {
         if (takesDrops) {

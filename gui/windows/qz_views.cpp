@@ -2,7 +2,7 @@
 
 #include <QMouseEvent>
 
-#include "gui/event_queue.h"
+#include "gui/events/event_posting.h"
 #include "gui/windows/qz_window.h"
 
 namespace rotavel {

@@ -7,7 +7,7 @@
 #include <QScreen>
 #include <QWindow>
 
-#include "gui/application/native_loop.h"
+#include "gui/toolkit/native_events.h"
 #include "gui/window.h"
 #include "gui/windows/frame_placement.h"
 #include "gui/windows/key_views.h"

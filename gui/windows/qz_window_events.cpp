@@ -2,11 +2,11 @@
 
 #include <utility>
 
-#include "gui/gadget_list.h"
-#include "gui/menus/menu_bars.h"
+#include "gui/events/event_posting.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/qz_window.h"
 #include "gui/windows/status_bars.h"
+#include "gui/windows/window_observer.h"
 #include "gui/windows/window_record.h"
 
 namespace rotavel {
@@ -24,7 +24,9 @@ bool QzWindowEvents::WindowShouldClose() const {
 }
 
 void QzWindowEvents::WindowWillClose() {
-    QzGadgetList::RemoveWindow(ToHandle(WindowInstance));
+    for (WindowObserver* const observer : WindowObservers()) {
+        observer->WindowClosed(*WindowInstance);
+    }
     WindowInstance->SetDelegate(nullptr);
     DeleteQueuedEvents(WindowID);
     WindowRegistry().Remove(WindowID);  // and, with the record, its timers and this delegate
@@ -55,7 +57,9 @@ void QzWindowEvents::WindowDidMove() const {
 }
 
 void QzWindowEvents::WindowDidBecomeKey() const {
-    InstallMenuBarOf(WindowInstance);
+    for (WindowObserver* const observer : WindowObservers()) {
+        observer->WindowBecameKey(*WindowInstance);
+    }
     QueueEvent(WindowActivated, WindowID, WindowID, 0);
 }
 

@@ -8,9 +8,9 @@
 #include <QPainter>
 #include <QPointer>
 
-#include "gui/gadgets/gadget_record.h"
 #include "gui/toolkit/coordinates.h"
 #include "gui/toolkit/font.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/status_bars.h"
@@ -145,7 +145,7 @@ std::int64_t StatusBarCreate(std::int64_t number, NativeWindow* window) {
     const auto [id, record] = registry.Create(number);
     record->View = new QzStatusBarView(FromHandle(window), id);
     newestBar = record->View;
-    return number == AnyNumber ? id : reinterpret_cast<std::intptr_t>(record->View);
+    return CreationResult(number, id, record->View);
 }
 
 void StatusBarAddField(std::int64_t width) {

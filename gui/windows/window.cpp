@@ -7,16 +7,14 @@
 
 #include <QWindow>
 
-#include "gui/event_queue.h"
-#include "gui/gadget_list.h"
-#include "gui/gadgets/gadget_record.h"
-#include "gui/menus/menu_bars.h"
-#include "gui/menus/shortcut_text.h"
+#include "gui/events/event_posting.h"
 #include "gui/toolkit/coordinates.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/frame_placement.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/status_bars.h"
+#include "gui/windows/window_observer.h"
 #include "gui/windows/window_record.h"
 
 namespace rotavel {
@@ -24,6 +22,7 @@ namespace rotavel {
 namespace {
 
 NumberedObjects<WindowRecord> registry;
+std::vector<WindowObserver*> windowObservers;
 
 // The window that gets the keyboard when `closing` goes: the one that had it before if that is
 // visible, else the first visible one.
@@ -44,16 +43,17 @@ QzWindow* NextKeyWindow(const WindowRecord& closing) {
     return candidate;
 }
 
-void DestroyOne(std::int64_t number, const WindowRecord& record) {
+void DestroyOne(WindowNumber number, const WindowRecord& record) {
     const QPointer<QzWindow> window = record.Window;
     UnbindWindowEvents(number);
-    FreeGadgetsOfWindow(number);
+    for (WindowObserver* const observer : WindowObservers()) {
+        observer->WindowCloses(*window, number);
+    }
     DestroyStatusBarsOf(record.Window);
     QzWindow* heir = nullptr;
     if (record.HadPreviousKeyWindow && QzWindow::KeyWindow() == window) {
         heir = NextKeyWindow(record);
     }
-    FreeMenuOf(window);
     window->Hide();
     if (registry.Find(number) != &record) {
         return;  // a binding to what hiding posts has destroyed it
@@ -67,20 +67,20 @@ void DestroyOne(std::int64_t number, const WindowRecord& record) {
     }
 }
 
-QzWindow* FindWindow(std::int64_t number) {
+QzWindow* FindWindow(WindowNumber number) {
     const WindowRecord* const record = registry.Find(number);
     return record == nullptr ? nullptr : record->Window.data();
 }
 
 // A window with its true frame; null when it is not open, or no longer after the wait for that.
-QzWindow* FindFramedWindow(std::int64_t number) {
+QzWindow* FindFramedWindow(WindowNumber number) {
     if (QzWindow* const window = FindWindow(number)) {
         window->EnsureFramed();
     }
     return FindWindow(number);
 }
 
-QPoint PlaceOf(std::int64_t number, int mode) {
+QPoint PlaceOf(WindowNumber number, int mode) {
     const QzWindow* const window = FindFramedWindow(number);
     if (window == nullptr) {
         return {};
@@ -89,7 +89,7 @@ QPoint PlaceOf(std::int64_t number, int mode) {
                               : InnerCornerOf(*window) + window->ContentView()->pos();
 }
 
-QSize SizeOf(std::int64_t number, int mode) {
+QSize SizeOf(WindowNumber number, int mode) {
     if (mode == OuterFrame) {
         const QzWindow* const window = FindFramedWindow(number);
         return window == nullptr ? QSize() : FrameOf(*window).size();
@@ -102,6 +102,14 @@ QSize SizeOf(std::int64_t number, int mode) {
 
 NumberedObjects<WindowRecord>& WindowRegistry() {
     return registry;
+}
+
+void SetWindowObservers(std::vector<WindowObserver*> observers) {
+    windowObservers = std::move(observers);
+}
+
+const std::vector<WindowObserver*>& WindowObservers() {
+    return windowObservers;
 }
 
 std::optional<ChosenShortcut> FindShortcut(const QObject* nativeWindow, const QKeyEvent& event) {
@@ -127,7 +135,7 @@ std::int64_t WindowNumberOf(const QWidget* widget) {
                                                               : window->Delegate()->GetWindowID();
 }
 
-std::int64_t WindowCreate(std::int64_t number, std::int64_t x, std::int64_t y, std::int64_t width,
+std::int64_t WindowCreate(WindowNumber number, std::int64_t x, std::int64_t y, std::int64_t width,
                           std::int64_t height, std::u16string_view title, std::uint32_t flags,
                           NativeWindow* parent) {
     if ((flags & WindowStartZoomed) != 0) {
@@ -161,12 +169,14 @@ std::int64_t WindowCreate(std::int64_t number, std::int64_t x, std::int64_t y, s
         window->Show(flags);
     }
     if ((flags & WindowOutsideGadgetList) == 0) {
-        QzGadgetList::SetWindow(ToHandle(window));
+        for (WindowObserver* const observer : WindowObservers()) {
+            observer->WindowTakesGadgets(*window);
+        }
     }
-    return number == AnyNumber ? id : reinterpret_cast<std::intptr_t>(window);
+    return CreationResult(number, id, window);
 }
 
-void WindowDestroy(std::int64_t number) {
+void WindowDestroy(WindowNumber number) {
     if (number == AnyNumber) {
         for (auto next = registry.First(); next.second != nullptr; next = registry.First()) {
             DestroyOne(next.first, *next.second);
@@ -176,59 +186,59 @@ void WindowDestroy(std::int64_t number) {
     }
 }
 
-void WindowShow(std::int64_t number, int hide, std::uint32_t flags) {
+void WindowShow(WindowNumber number, WindowVisibility hide, std::uint32_t flags) {
     QzWindow* const window = FindWindow(number);
     if (window == nullptr) {
         return;
     }
-    if (hide != 0) {
+    if (hide == Hidden) {
         window->Hide();
     } else {
         window->Show(flags);
     }
 }
 
-void WindowActivate(std::int64_t number) {
+void WindowActivate(WindowNumber number) {
     QzWindow* const window = FindWindow(number);
     if (window != nullptr && window->IsShown() && !window->isMinimized()) {
         window->MakeKeyAndOrderFront();
     }
 }
 
-void WindowDisable(std::int64_t number, int state) {
+void WindowDisable(WindowNumber number, bool state) {
     QzWindow* const window = FindWindow(number);
     if (window == nullptr) {
         return;
     }
-    if (state != 0) {
+    if (state) {
         window->Disable();
     } else {
         window->Enable();
     }
 }
 
-bool WindowIsDisabled(std::int64_t number) {
+bool WindowIsDisabled(WindowNumber number) {
     const QzWindow* const window = FindWindow(number);
     return window != nullptr && window->IsDisabled();
 }
 
-std::int64_t WindowGetX(std::int64_t number, int mode) {
+std::int64_t WindowGetX(WindowNumber number, int mode) {
     return PlaceOf(number, mode).x();
 }
 
-std::int64_t WindowGetY(std::int64_t number, int mode) {
+std::int64_t WindowGetY(WindowNumber number, int mode) {
     return PlaceOf(number, mode).y();
 }
 
-std::int64_t WindowGetWidth(std::int64_t number, int mode) {
+std::int64_t WindowGetWidth(WindowNumber number, int mode) {
     return std::max(SizeOf(number, mode).width(), 0);
 }
 
-std::int64_t WindowGetHeight(std::int64_t number, int mode) {
+std::int64_t WindowGetHeight(WindowNumber number, int mode) {
     return std::max(SizeOf(number, mode).height(), 0);
 }
 
-void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::int64_t width,
+void WindowSetBounds(WindowNumber number, std::int64_t x, std::int64_t y, std::int64_t width,
                      std::int64_t height) {
     QzWindow* const window = FindWindow(number);
     if (window == nullptr) {
@@ -256,7 +266,7 @@ void WindowSetBounds(std::int64_t number, std::int64_t x, std::int64_t y, std::i
     window->Reports().ReportNewBounds();
 }
 
-void WindowSetContentLimits(std::int64_t number, std::int64_t minimumWidth,
+void WindowSetContentLimits(WindowNumber number, std::int64_t minimumWidth,
                             std::int64_t minimumHeight, std::int64_t maximumWidth,
                             std::int64_t maximumHeight) {
     QzWindow* const window = FindWindow(number);
@@ -273,7 +283,7 @@ void WindowSetContentLimits(std::int64_t number, std::int64_t minimumWidth,
         {limit(maximumWidth, maximum.width()), limit(maximumHeight, maximum.height())});
 }
 
-void WindowAddTimer(std::int64_t number, int milliseconds, TimerCallback callback,
+void WindowAddTimer(WindowNumber number, int milliseconds, TimerCallback callback,
                     void* userValue) {
     WindowRecord* const record = registry.Find(number);
     if (record == nullptr || milliseconds < 1) {
@@ -284,17 +294,11 @@ void WindowAddTimer(std::int64_t number, int milliseconds, TimerCallback callbac
     timer->start(milliseconds);
 }
 
-void WindowAddShortcut(std::int64_t number, std::u16string_view keys, std::int64_t menuItem) {
-    if (WindowRecord* const record = registry.Find(number)) {
-        record->Shortcuts.emplace_back(ParseShortcut(ToQString(keys)), menuItem);
-    }
+NativeWindow* WindowNativeHandle(WindowNumber number) {
+    return ToHandle<NativeWindow>(FindWindow(number));
 }
 
-NativeWindow* WindowNativeHandle(std::int64_t number) {
-    return ToHandle(FindWindow(number));
-}
-
-bool WindowExists(std::int64_t number) {
+bool WindowExists(WindowNumber number) {
     return registry.Find(number) != nullptr;
 }
 

@@ -10,7 +10,7 @@
 #include <QPointer>
 #include <QTimer>
 
-#include "gui/handles.h"
+#include "gui/numbers.h"
 #include "gui/windows/qz_window.h"
 #include "gui/windows/qz_window_events.h"
 #include "runtime/numbered_objects.h"
@@ -60,13 +60,5 @@ std::optional<ChosenShortcut> FindShortcut(const QObject* nativeWindow, const QK
 
 // The number of the window that a widget lies in; -1 when that is none of the open ones.
 std::int64_t WindowNumberOf(const QWidget* widget);
-
-inline QzWindow* FromHandle(NativeWindow* handle) {
-    return reinterpret_cast<QzWindow*>(handle);
-}
-
-inline NativeWindow* ToHandle(QzWindow* window) {
-    return reinterpret_cast<NativeWindow*>(window);
-}
 
 }  // namespace rotavel

@@ -15,10 +15,10 @@
 #include "gui/window.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/qz_window.h"
-#include "pixels.h"
 #include "settings/settings_flags.h"
 #include "settings/settings_store.h"
-#include "temporary_folder.h"
+#include "tests/support/pixels.h"
+#include "tests/support/temporary_folder.h"
 #include "text/utf.h"
 
 namespace rotavel::tests {

@@ -7,7 +7,7 @@
 #include "app/main_window.h"
 #include "draw/vector_drawing.h"
 #include "gui/font.h"
-#include "pixels.h"
+#include "tests/support/pixels.h"
 
 namespace rotavel {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "app/default_settings.h"
 #include "settings/settings_store.h"
-#include "temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 #include "text/utf.h"
 
 namespace rotavel {

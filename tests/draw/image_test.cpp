@@ -2,7 +2,7 @@
 
 #include "draw/raster_drawing.h"
 #include "draw/vector_drawing.h"
-#include "pixels.h"
+#include "tests/support/pixels.h"
 
 namespace rotavel {
 namespace {

@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "gui/font.h"
-#include "pixels.h"
+#include "tests/support/pixels.h"
 
 namespace rotavel {
 namespace {

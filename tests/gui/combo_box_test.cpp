@@ -2,9 +2,10 @@
 
 #include "gui/combo_box_gadget.h"
 #include "gui/gadget.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
 #include "gui/window.h"
-#include "gui_test.h"
+#include "tests/support/gui_test.h"
 
 namespace rotavel {
 namespace {
@@ -117,7 +118,7 @@ TEST_F(ComboBoxTest, ShowsImagesWhereItsFlagSays) {
             return image.pixelColor(12, 10) == QColor(Qt::red);
         };
         EXPECT_FALSE(reds());
-        SetGadgetItemImage(1, 0, ToHandle(&red));
+        SetGadgetItemImage(1, 0, ToHandle<NativeImage>(&red));
         EXPECT_EQ(reds(), flags != 0);
     }
 }

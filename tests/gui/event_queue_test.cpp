@@ -1,5 +1,3 @@
-#include "gui/event_queue.h"
-
 #include <algorithm>
 #include <chrono>
 #include <limits>
@@ -8,9 +6,10 @@
 #include <QTimer>
 
 #include "gui/event_loop.h"
+#include "gui/events/event_posting.h"
 #include "gui/window.h"
 #include "gui/windows/qz_window.h"
-#include "gui_test.h"
+#include "tests/support/gui_test.h"
 
 namespace rotavel {
 namespace {

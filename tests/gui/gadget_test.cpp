@@ -5,13 +5,14 @@
 #include "gui/button_gadget.h"
 #include "gui/font.h"
 #include "gui/gadget_list.h"
-#include "gui/gadgets/gadget_record.h"
+#include "gui/gadgets/gadget_registry.h"
 #include "gui/string_gadget.h"
 #include "gui/text_gadget.h"
+#include "gui/toolkit/handle.h"
 #include "gui/window.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/qz_window.h"
-#include "gui_test.h"
+#include "tests/support/gui_test.h"
 
 namespace rotavel {
 namespace {
@@ -101,7 +102,7 @@ TEST_F(GadgetTest, IsPlacedInTheCurrentContainer) {
     auto* const box = new QWidget(Native(0)->ContentView());
     box->move(40, 30);
     QzGadgetList& list = *QzGadgetList::CurrentList();
-    list.Push(ToHandle(box));
+    list.Push(ToHandle<NativeView>(box));
     StringGadgetCreate(1, 5, 6, 70, 20);
     using Place = std::pair<std::int64_t, std::int64_t>;
     const auto place = [](int mode) { return Place(GadgetX(1, mode), GadgetY(1, mode)); };
@@ -121,7 +122,7 @@ TEST_F(GadgetTest, IsPlacedInTheCurrentContainer) {
     list.Pop();
     EXPECT_EQ(container(), box);
     list.Pop();
-    list.Set(ToHandle(box));
+    list.Set(ToHandle<NativeView>(box));
     EXPECT_EQ(container(), box);
     list.Pop();
     EXPECT_EQ(container(), Native(0)->ContentView()) << "where an empty stack leads";

@@ -7,8 +7,8 @@
 
 #include "gui/window.h"
 #include "gui/windows/qz_window.h"
-#include "gui_test.h"
 #include "runtime/numbered_objects.h"
+#include "tests/support/gui_test.h"
 
 namespace rotavel {
 namespace {

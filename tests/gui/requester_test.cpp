@@ -10,8 +10,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include "gui/events/event_posting.h"
 #include "gui/window.h"
-#include "gui_test.h"
+#include "tests/support/gui_test.h"
 
 namespace rotavel {
 namespace {

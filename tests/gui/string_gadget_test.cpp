@@ -4,11 +4,12 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 
+#include "gui/events/event_posting.h"
 #include "gui/gadget.h"
 #include "gui/toolkit/text.h"
 #include "gui/window.h"
-#include "gui_test.h"
 #include "runtime/numbered_objects.h"
+#include "tests/support/gui_test.h"
 
 namespace rotavel {
 namespace {

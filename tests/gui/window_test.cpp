@@ -13,8 +13,8 @@
 #include "gui/string_gadget.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/qz_window.h"
-#include "gui_test.h"
 #include "runtime/numbered_objects.h"
+#include "tests/support/gui_test.h"
 
 namespace rotavel {
 namespace {
@@ -108,14 +108,14 @@ TEST_F(WindowTest, HandsTheKeyboardBack) {
         return KeyWindowNumber();
     };
     EXPECT_EQ(keyAfterClosing2([] {}), 1);
-    EXPECT_EQ(keyAfterClosing2([] { WindowShow(1, 1); }), 0) << "else the first visible one";
+    EXPECT_EQ(keyAfterClosing2([] { WindowShow(1, Hidden); }), 0) << "else the first visible one";
     EXPECT_EQ(keyAfterClosing2([] { WindowDestroy(1); }), 0);
     EXPECT_EQ(keyAfterClosing2([] { WindowActivate(0); }), 0) << "2 did not have it";
     WindowCreate(3, 10, 20, 200, 100, u"", WindowHidden);
     WindowActivate(3);
     ForgetEvents();
     EXPECT_EQ(KeyWindowNumber(), 0);
-    WindowShow(3, 0);
+    WindowShow(3, Shown);
     ForgetEvents();
     EXPECT_EQ(KeyWindowNumber(), 3);
     EXPECT_EQ(Corner(3), Pair(10, 20));
@@ -190,7 +190,7 @@ TEST_F(WindowTest, TimersEndWithItAndFiltersSeeEventsFirst) {
     }
     WindowCreate(1, 0, 0, 50, 50, u"", WindowHidden);
     WindowAddTimer(
-        0, 5, [](void*) { WindowShow(1, 0); }, nullptr);
+        0, 5, [](void*) { WindowShow(1, Shown); }, nullptr);
     while (!Native(1)->isVisible()) {
         WaitForEventBlocking();
     }

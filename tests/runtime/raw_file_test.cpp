@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace rotavel {
 namespace {

@@ -8,7 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 #include "text/utf.h"
 
 namespace rotavel {

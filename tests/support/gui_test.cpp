@@ -1,4 +1,4 @@
-#include "gui_test.h"
+#include "tests/support/gui_test.h"
 
 #include <cstdlib>
 #include <map>
@@ -11,9 +11,11 @@
 
 #include "gui/application.h"
 #include "gui/event_loop.h"
+#include "gui/events/event_posting.h"
 #include "gui/font.h"
 #include "gui/gadget.h"
-#include "gui/gadgets/gadget_record.h"
+#include "gui/gadgets/gadget_registry.h"
+#include "gui/toolkit/handle.h"
 #include "gui/window.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/window_record.h"

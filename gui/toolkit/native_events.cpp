@@ -1,16 +1,22 @@
-#include "gui/application/native_loop.h"
+#include "gui/toolkit/native_events.h"
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QTimer>
 
-#include "gui/application/qz_application.h"
-
 namespace rotavel {
+
+namespace {
+
+bool nativeEventSeen = false;
+int deliveries = 0;
+
+}  // namespace
 
 void WakeNativeLoop() {
     if (QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance()) {
@@ -27,21 +33,30 @@ bool ProcessNativeEvents(const QDeadlineTimer& deadline, NativeInput input) {
         alarm.start(static_cast<int>(std::min<qint64>(remaining, std::numeric_limits<int>::max())));
     }
     // Within a delivery the wait around it keeps its own mark.
-    QzApplication& application = *QzApplication::Instance();
-    const bool seenBefore = application.TakeNativeEventSeen();
+    const bool seenBefore = std::exchange(nativeEventSeen, false);
     QEventLoop::ProcessEventsFlags flags = QEventLoop::AllEvents;
     flags.setFlag(QEventLoop::WaitForMoreEvents, remaining != 0);
     flags.setFlag(QEventLoop::ExcludeUserInputEvents, input == NativeInput::Postpone);
     dispatcher->processEvents(flags);
-    const bool seen = application.TakeNativeEventSeen();
-    application.SetNativeEventSeen(seenBefore);
-    return seen;
+    return std::exchange(nativeEventSeen, seenBefore);
+}
+
+void NoteNativeEvent() {
+    nativeEventSeen = true;
+}
+
+NativeDelivery::NativeDelivery() {
+    ++deliveries;
+}
+
+NativeDelivery::~NativeDelivery() {
+    --deliveries;
 }
 
 void FlushDeferredDeletes() {
     // Without a running event loop of the toolkit's own nobody else does. A wait inside a handler
     // leaves them be: the widget that is handling something may be among them.
-    if (!QzApplication::Instance()->IsDelivering()) {
+    if (deliveries == 0) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 }

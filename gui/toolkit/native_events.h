@@ -16,7 +16,19 @@ enum class NativeInput { Deliver, Postpone };
 // native event (input, exposure, a word from the window manager; not a timer) was delivered.
 bool ProcessNativeEvents(const QDeadlineTimer& deadline, NativeInput input = NativeInput::Deliver);
 
-// Deletes the widgets that were given up since the last call.
+// To be told of each native event as it comes in.
+void NoteNativeEvent();
+
+// Stands around the delivery of an event, so that a widget may be in the middle of its handler.
+class NativeDelivery {
+  public:
+    NativeDelivery();
+    NativeDelivery(const NativeDelivery&) = delete;
+    NativeDelivery& operator=(const NativeDelivery&) = delete;
+    ~NativeDelivery();
+};
+
+// Deletes the widgets that were given up since the last call, unless an event is being delivered.
 void FlushDeferredDeletes();
 
 }  // namespace rotavel

@@ -6,7 +6,8 @@
 #include <QWidget>
 
 #include "gui/gadgets/gadget_functions.h"
-#include "gui/handles.h"
+#include "gui/numbers.h"
+#include "gui/windows/window_observer.h"
 #include "runtime/numbered_objects.h"
 
 namespace rotavel {
@@ -25,7 +26,7 @@ struct GadgetRecord {
     QWidget* View = nullptr;
     QWidget* Container = nullptr;
     std::unique_ptr<QzGadgetFunctions> Functions;
-    std::int64_t Window = -1;
+    WindowNumber Window = -1;
     GadgetKind Kind = ButtonKind;
     std::uint32_t Flags = 0;
 };
@@ -33,24 +34,13 @@ struct GadgetRecord {
 // The gadgets, by number.
 NumberedObjects<GadgetRecord>& GadgetRegistry();
 
-// The font number that new gadgets get, AnyNumber for none.
-std::int64_t DefaultGadgetFont();
-
-// Frees the gadgets of a window that closes.
-void FreeGadgetsOfWindow(std::int64_t window);
+// Frees the gadgets of windows that close, and keeps the list of where new ones go.
+WindowObserver& GadgetsAsObserver();
 
 // Posts GadgetActivity for a gadget that is still there.
-void SendEventFor(std::int64_t gadget, std::int64_t type);
+void SendEventFor(GadgetNumber gadget, std::int64_t type);
 
 // Frees the record of a gadget whose view is being destroyed by somebody else.
-void FreeGadgetRecord(std::int64_t number);
-
-inline QWidget* FromHandle(NativeView* handle) {
-    return reinterpret_cast<QWidget*>(handle);
-}
-
-inline NativeView* ToHandle(QWidget* view) {
-    return reinterpret_cast<NativeView*>(view);
-}
+void FreeGadgetRecord(GadgetNumber number);
 
 }  // namespace rotavel

@@ -4,9 +4,9 @@
 #include <QRect>
 
 #include "draw/image.h"
-#include "gui/toolkit/image.h"
-#include "gui_test.h"
+#include "gui/toolkit/handle.h"
 #include "runtime/numbered_objects.h"
+#include "tests/support/gui_test.h"
 
 namespace rotavel::tests {
 

@@ -1,0 +1,95 @@
+#include "gui/gadgets/gadget_registry.h"
+
+#include "gui/gadget.h"
+#include "gui/gadget_list.h"
+#include "gui/gadgets/gadget_view.h"
+#include "gui/toolkit/handle.h"
+#include "gui/windows/qz_window.h"
+
+namespace rotavel {
+
+namespace {
+
+NumberedObjects<GadgetRecord> registry;
+
+void FreeRecord(GadgetNumber number, GadgetRecord& record) {
+    if (auto* const tagged = dynamic_cast<QzTaggedView*>(record.View)) {
+        tagged->SetAlreadyDestroyed(true);
+    }
+    QzGadgetList::RemoveView(ToHandle<NativeView>(record.Container));
+    record.Functions->FreeGadget();
+    registry.Remove(number);
+}
+
+// Frees the gadgets that match; the predicate may be asked about each more than once.
+template <typename Predicate>
+void FreeWhere(Predicate matches) {
+    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
+        if (matches(*next.second)) {
+            FreeGadget(next.first);
+        }
+    }
+}
+
+void FreeOne(GadgetNumber number, GadgetRecord& record) {
+    QWidget* const container = record.Container;
+    FreeRecord(number, record);
+    FreeWhere(
+        [container](const GadgetRecord& other) { return container->isAncestorOf(other.View); });
+    // Hiding the focus would pass it on, as if the user had moved it.
+    QzWindow* const window = QzWindow::Of(container);
+    QWidget* const focus = window == nullptr ? nullptr : window->focusWidget();
+    if (focus != nullptr && (focus == container || container->isAncestorOf(focus))) {
+        window->MakeFirstResponder(nullptr);
+    }
+    container->hide();
+    // The toolkit may be in the middle of telling this view something.
+    container->deleteLater();
+}
+
+// What windows mean to gadgets.
+class GadgetObserver final : public WindowObserver {
+  public:
+    void WindowTakesGadgets(QzWindow& window) override {
+        QzGadgetList::SetWindow(ToHandle<NativeWindow>(&window));
+    }
+    void WindowCloses(QzWindow&, WindowNumber number) override {
+        FreeWhere([number](const GadgetRecord& record) { return record.Window == number; });
+    }
+    void WindowClosed(QzWindow& window) override {
+        QzGadgetList::RemoveWindow(ToHandle<NativeWindow>(&window));
+    }
+};
+
+}  // namespace
+
+NumberedObjects<GadgetRecord>& GadgetRegistry() {
+    return registry;
+}
+
+WindowObserver& GadgetsAsObserver() {
+    static GadgetObserver observer;
+    return observer;
+}
+
+void SendEventFor(GadgetNumber gadget, std::int64_t type) {
+    if (const GadgetRecord* const record = registry.Find(gadget)) {
+        record->Functions->SendEvent(type);
+    }
+}
+
+void FreeGadgetRecord(GadgetNumber number) {
+    if (GadgetRecord* const record = registry.Find(number)) {
+        FreeRecord(number, *record);
+    }
+}
+
+void FreeGadget(GadgetNumber number) {
+    if (number == AnyNumber) {
+        FreeWhere([](const GadgetRecord&) { return true; });
+    } else if (GadgetRecord* const record = registry.Find(number)) {
+        FreeOne(number, *record);
+    }
+}
+
+}  // namespace rotavel
