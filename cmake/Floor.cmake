@@ -1,7 +1,7 @@
 # A floor of the house, or a room of one (gui/windows): one static library per folder, named after
 # it (gui_windows). Its sources see the headers of their own folder and of what USES names, through
-# folders of links made for each library; the toolkit, where TOOLKIT names it, stays private. SHOWS
-# are the headers of the folder above that a room answers for: who may use the room sees those too.
+# folders of links made for each library; what TOOLKIT names stays private. SHOWS are the headers of
+# the folder above that a room answers for: who may use the room sees those too.
 function(add_floor name)
     cmake_parse_arguments(FLOOR "" "" "SOURCES;SHOWS;USES;TOOLKIT" ${ARGN})
     string(REPLACE "/" "_" library ${name})
