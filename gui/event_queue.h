@@ -57,6 +57,10 @@ void* CurrentEventData();
 // -1 for every window, with any object and type or with the ones given. An event runs, in this
 // order, what is bound to (window, object, type), (window, object, -1), (window, -1, -1),
 // (-1, -1, -1) and (-1, object, type).
+//
+// A callback, here as everywhere in the layer, may do what the program may do elsewhere: bind and
+// unbind, close and free, also what it is told of, wait, open a requester. What it frees has gone
+// as far as the program can tell; in truth it is kept until the outermost wait.
 using EventCallback = void (*)();
 void BindEvent(EventCallback callback, std::uint32_t kind, WindowNumber window = -1,
                std::int64_t object = -1, std::int64_t type = -1);

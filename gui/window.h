@@ -73,7 +73,7 @@ void WindowSetContentLimits(WindowNumber number, std::int64_t minimumWidth,
                             std::int64_t maximumHeight);
 
 // Calls `callback` with `userValue` every `milliseconds` (1 and up) for as long as the window is
-// open.
+// open, while the program waits. It may do what a callback of event_queue.h may.
 using TimerCallback = void (*)(void* userValue);
 void WindowAddTimer(WindowNumber number, int milliseconds, TimerCallback callback, void* userValue);
 

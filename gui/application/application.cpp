@@ -13,6 +13,7 @@
 #include "gui/menus/menu_bars.h"
 #include "gui/status_bar.h"
 #include "gui/toolkit/native_events.h"
+#include "gui/toolkit/retired_objects.h"
 #include "gui/window.h"
 #include "gui/windows/window_list.h"
 #include "runtime/numbered_objects.h"
@@ -38,11 +39,12 @@ void GuiStart() {
 }
 
 void GuiStop() {
+    ReleaseEventQueue();  // no binding is to run from here on
     WindowDestroy(AnyNumber);
     FreeGadget(AnyNumber);
     FreeMenu(AnyNumber);
     FreeFont(AnyNumber);
-    FlushDeferredDeletes();
+    DeleteRetiredObjects();
     ReleaseTerminationSignals();
     ReleaseEventQueue();
     SetWakeHook(nullptr);

@@ -5,12 +5,15 @@
 #include "gui/application/qz_application.h"
 #include "gui/events/event_posting.h"
 #include "gui/toolkit/native_events.h"
+#include "gui/toolkit/retired_objects.h"
 #include "gui/windows/window_list.h"
 
 namespace rotavel {
 
 std::int64_t WaitForEvent(std::int64_t timeoutMs) {
-    FlushDeferredDeletes();
+    if (!NativeDelivery::IsUnderWay() && !IsInEventCallback()) {
+        DeleteRetiredObjects();
+    }
     if (const std::uint32_t kind = TakeEvent()) {
         return kind;
     }

@@ -51,18 +51,14 @@ void QzApplication::RemoveFilter(NativeEventFilter filter, void* userValue) {
 }
 
 bool QzApplication::notify(QObject* receiver, QEvent* event) {
-    // What comes from outside reaches the native window first; the toolkit then hands it on to
-    // widgets, which is not a native event of its own.
-    if (event->spontaneous() && receiver->isWindowType()) {
-        NoteNativeEvent();
-        if (IsFiltered(event)) {
-            return true;
-        }
-        if (TakesShortcut(receiver, event)) {
-            return true;
-        }
+    const bool isNative = IsNativeEvent(*receiver, *event);
+    if (isNative && !AdmitNativeEvent(*receiver, *event)) {
+        return true;
     }
     const NativeDelivery delivery;
+    if (isNative && (IsFiltered(event) || TakesShortcut(receiver, event))) {
+        return true;
+    }
     return QApplication::notify(receiver, event);
 }
 

@@ -49,6 +49,9 @@ void DeleteQueuedEvents(std::uint32_t kind, std::int64_t object, WindowNumber wi
 // Removes what is bound to events of one window.
 void UnbindWindowEvents(WindowNumber window);
 
+// Whether a binding, or a function that releases an event's data, is running.
+bool IsInEventCallback();
+
 // What posting calls to end a blocked wait; null for nothing.
 void SetWakeHook(void (*wake)());
 

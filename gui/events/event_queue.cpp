@@ -26,6 +26,7 @@ struct EventQueue {
     int suspensions = 0;
     CurrentEvent current;
     EventBindings bindings;
+    int callbacks = 0;  // that are running
     void (*wake)() = nullptr;
 };
 
@@ -33,8 +34,16 @@ EventQueue queue;
 
 void ReleaseData(void* data, ReleaseFunction release) {
     if (data != nullptr && release != nullptr) {
+        ++queue.callbacks;
         release(data);
+        --queue.callbacks;
     }
+}
+
+void RunBindings(std::uint32_t kind, WindowNumber window, std::int64_t object, std::int64_t type) {
+    ++queue.callbacks;
+    queue.bindings.Run(kind, window, object, type);
+    --queue.callbacks;
 }
 
 template <typename Predicate>
@@ -100,7 +109,7 @@ void QueueEvent(std::uint32_t kind, std::int64_t object, WindowNumber window, st
     if ((flags & PostUnmerged) == 0) {
         const CurrentEvent saved =
             std::exchange(queue.current, {kind, object, window, type, data, nullptr});
-        queue.bindings.Run(kind, window, object, type);
+        RunBindings(kind, window, object, type);
         // A binding that waits may have taken an event, perhaps this one.
         ReleaseData(queue.current.Data, queue.current.Release);
         queue.current = saved;
@@ -136,7 +145,7 @@ std::uint32_t TakeEvent() {
     const bool bindsNow = (record->Flags & PostUnmerged) != 0;
     queue.pool.Give(record);
     if (bindsNow) {
-        queue.bindings.Run(current.Kind, current.Window, current.Object, current.Type);
+        RunBindings(current.Kind, current.Window, current.Object, current.Type);
     }
     return current.Kind;
 }
@@ -199,6 +208,10 @@ void UnbindEvent(EventCallback callback, std::uint32_t kind, WindowNumber window
 
 void UnbindWindowEvents(WindowNumber window) {
     queue.bindings.UnbindWindow(window);
+}
+
+bool IsInEventCallback() {
+    return queue.callbacks > 0;
 }
 
 void SetWakeHook(void (*wake)()) {

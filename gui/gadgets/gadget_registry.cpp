@@ -4,7 +4,8 @@
 #include "gui/gadget_list.h"
 #include "gui/gadgets/gadget_view.h"
 #include "gui/toolkit/handle.h"
-#include "gui/windows/qz_window.h"
+#include "gui/toolkit/retired_objects.h"
+#include "gui/windows/window_record.h"
 
 namespace rotavel {
 
@@ -43,8 +44,7 @@ void FreeOne(GadgetNumber number, GadgetRecord& record) {
         window->MakeFirstResponder(nullptr);
     }
     container->hide();
-    // The toolkit may be in the middle of telling this view something.
-    container->deleteLater();
+    Retire(container);
 }
 
 // What windows mean to gadgets.
@@ -53,8 +53,12 @@ class GadgetObserver final : public WindowObserver {
     void WindowTakesGadgets(QzWindow& window) override {
         QzGadgetList::SetWindow(ToHandle<NativeWindow>(&window));
     }
-    void WindowCloses(QzWindow&, WindowNumber number) override {
-        FreeWhere([number](const GadgetRecord& record) { return record.Window == number; });
+    void WindowCloses(QzWindow& window, WindowNumber number) override {
+        // A callback may open another window under the number: that one's gadgets stay.
+        FreeWhere([&window, number](const GadgetRecord& record) {
+            const WindowRecord* const owner = WindowRegistry().Find(number);
+            return record.Window == number && owner != nullptr && owner->Window == &window;
+        });
     }
     void WindowClosed(QzWindow& window) override {
         QzGadgetList::RemoveWindow(ToHandle<NativeWindow>(&window));

@@ -11,6 +11,7 @@
 #include "gui/menus/menu_bars.h"
 #include "gui/menus/shortcut_text.h"
 #include "gui/toolkit/handle.h"
+#include "gui/toolkit/retired_objects.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/window_record.h"
 
@@ -95,7 +96,7 @@ void FreeOne(std::int64_t number, const MenuRecord& record) {
     if (window != nullptr && window->Layout().MenuBar() == bar) {
         window->Layout().SetMenuBar(PlainBar(window));
     }
-    bar->deleteLater();  // the choice of one of its items may be under way
+    Retire(bar);  // the choice of one of its items may be under way
 }
 
 // About and Preferences are there for a program that asks for them; Quit always is.

@@ -1,20 +1,115 @@
 #include "gui/toolkit/native_events.h"
 
 #include <algorithm>
+#include <deque>
 #include <limits>
+#include <memory>
 #include <utility>
 
 #include <QAbstractEventDispatcher>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDeadlineTimer>
+#include <QKeyEvent>
+#include <QPointer>
 #include <QTimer>
+#include <QWidget>
+#include <QWindow>
+
+// Declared by the toolkit's test library only: looks for a shortcut before a key is sent, as the
+// toolkit does for a key from outside. Returns whether there was one.
+Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject* receiver, ulong timestamp, int key,
+                                               Qt::KeyboardModifiers modifiers, const QString& text,
+                                               bool isAutoRepeat, ushort count);
 
 namespace rotavel {
 
 namespace {
 
-bool nativeEventSeen = false;
+// One call of ProcessNativeEvents.
+struct Turn {
+    int Depth;  // of deliveries, at which events come in from outside
+    bool HasSeen = false;
+    bool HasInput = false;
+    quint64 InputTime = 0;
+};
+
+// An input that waits for its turn.
+struct Input {
+    QPointer<QWindow> Window;
+    std::unique_ptr<QEvent> Event;
+};
+
+Turn* turn = nullptr;  // the innermost one
 int deliveries = 0;
+int redeliveryDepth = -1;  // of deliveries, while an input that had to wait is delivered
+std::deque<Input> waiting;
+
+bool IsInput(const QEvent& event) {
+    return event.isInputEvent() || event.type() == QEvent::ShortcutOverride ||
+           event.type() == QEvent::Leave || event.type() == QEvent::Close;
+}
+
+quint64 TimeOf(const QEvent& event) {
+    return event.isInputEvent() ? static_cast<const QInputEvent&>(event).timestamp() : 0;
+}
+
+// The toolkit tells some inputs as two events: a key after the question whether it is a shortcut,
+// a double click after its press.
+bool ContinuesInput(const QEvent& event) {
+    return (event.type() == QEvent::KeyPress || event.type() == QEvent::MouseButtonDblClick) &&
+           TimeOf(event) == turn->InputTime;
+}
+
+bool IsMoveLike(const Input& earlier, const QWindow& window, const QEvent& event) {
+    return event.type() == QEvent::MouseMove && earlier.Event->type() == QEvent::MouseMove &&
+           earlier.Window == &window &&
+           static_cast<const QMouseEvent&>(*earlier.Event).buttons() ==
+               static_cast<const QMouseEvent&>(event).buttons();
+}
+
+void Keep(QWindow& window, QEvent& event) {
+    if (event.type() == QEvent::ShortcutOverride) {
+        event.accept();  // the key itself follows
+        return;
+    }
+    if (event.type() == QEvent::Close) {
+        event.ignore();  // else the toolkit takes the window for closed
+    }
+    if (!waiting.empty() && IsMoveLike(waiting.back(), window, event)) {
+        waiting.pop_back();  // the pointer has moved on
+    }
+    waiting.push_back({&window, std::unique_ptr<QEvent>(event.clone())});
+}
+
+bool IsBlocked(const QWindow& window) {
+    const QWidget* const modal = QApplication::activeModalWidget();
+    return modal != nullptr && QApplication::activePopupWidget() == nullptr &&
+           modal->windowHandle() != &window;
+}
+
+// Delivers the input that has waited longest, a key to what has the keyboard now.
+void Redeliver() {
+    const Input input = std::move(waiting.front());
+    waiting.pop_front();
+    const bool isKey =
+        input.Event->type() == QEvent::KeyPress || input.Event->type() == QEvent::KeyRelease;
+    const QPointer<QWindow> window = isKey ? QGuiApplication::focusWindow() : input.Window.data();
+    if (window == nullptr || IsBlocked(*window)) {
+        return;
+    }
+    const int depthBefore = std::exchange(redeliveryDepth, deliveries);
+    bool isShortcut = false;
+    if (input.Event->type() == QEvent::KeyPress) {
+        const auto& key = static_cast<const QKeyEvent&>(*input.Event);
+        isShortcut =
+            qt_sendShortcutOverrideEvent(window, key.timestamp(), key.key(), key.modifiers(),
+                                         key.text(), key.isAutoRepeat(), ushort(key.count()));
+    }
+    if (!isShortcut && window != nullptr) {
+        QCoreApplication::sendEvent(window, input.Event.get());
+    }
+    redeliveryDepth = depthBefore;
+}
 
 }  // namespace
 
@@ -25,24 +120,54 @@ void WakeNativeLoop() {
 }
 
 bool ProcessNativeEvents(const QDeadlineTimer& deadline, NativeInput input) {
-    QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
     const qint64 remaining = deadline.remainingTime();
     QTimer alarm;
     alarm.setTimerType(Qt::PreciseTimer);
     if (remaining > 0) {
         alarm.start(static_cast<int>(std::min<qint64>(remaining, std::numeric_limits<int>::max())));
     }
-    // Within a delivery the wait around it keeps its own mark.
-    const bool seenBefore = std::exchange(nativeEventSeen, false);
+    const bool redelivers = input == NativeInput::Deliver && !waiting.empty();
     QEventLoop::ProcessEventsFlags flags = QEventLoop::AllEvents;
-    flags.setFlag(QEventLoop::WaitForMoreEvents, remaining != 0);
-    flags.setFlag(QEventLoop::ExcludeUserInputEvents, input == NativeInput::Postpone);
-    dispatcher->processEvents(flags);
-    return std::exchange(nativeEventSeen, seenBefore);
+    flags.setFlag(QEventLoop::WaitForMoreEvents, remaining != 0 && !redelivers);
+    flags.setFlag(QEventLoop::ExcludeUserInputEvents, input == NativeInput::Postpone || redelivers);
+
+    Turn here{deliveries};
+    Turn* const around = std::exchange(turn, &here);
+    QAbstractEventDispatcher::instance()->processEvents(flags);
+    if (redelivers && !waiting.empty()) {
+        Redeliver();
+        here.HasSeen = true;
+    }
+    turn = around;
+    return here.HasSeen;
 }
 
-void NoteNativeEvent() {
-    nativeEventSeen = true;
+bool IsNativeEvent(const QObject& receiver, const QEvent& event) {
+    // The native window is the first to get it; the toolkit then hands it on to widgets, which is
+    // not a native event of its own.
+    return receiver.isWindowType() && (event.spontaneous() || deliveries == redeliveryDepth);
+}
+
+bool AdmitNativeEvent(QObject& receiver, QEvent& event) {
+    const bool isRedelivered = deliveries == redeliveryDepth;
+    if (IsInput(event) && !isRedelivered) {
+        if (turn == nullptr || turn->Depth != deliveries) {
+            // In a loop of the toolkit's own, a drag's for instance, nothing waits.
+            while (!waiting.empty()) {
+                Redeliver();
+            }
+        } else if (!waiting.empty() || (turn->HasInput && !ContinuesInput(event))) {
+            Keep(static_cast<QWindow&>(receiver), event);
+            return false;
+        } else if (event.type() != QEvent::Enter && event.type() != QEvent::Leave) {
+            turn->HasInput = true;
+            turn->InputTime = TimeOf(event);
+        }
+    }
+    if (turn != nullptr) {
+        turn->HasSeen = true;
+    }
+    return true;
 }
 
 NativeDelivery::NativeDelivery() {
@@ -53,12 +178,8 @@ NativeDelivery::~NativeDelivery() {
     --deliveries;
 }
 
-void FlushDeferredDeletes() {
-    // Without a running event loop of the toolkit's own nobody else does. A wait inside a handler
-    // leaves them be: the widget that is handling something may be among them.
-    if (deliveries == 0) {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+bool NativeDelivery::IsUnderWay() {
+    return deliveries > 0;
 }
 
 }  // namespace rotavel

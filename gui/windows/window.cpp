@@ -10,6 +10,7 @@
 #include "gui/events/event_posting.h"
 #include "gui/toolkit/coordinates.h"
 #include "gui/toolkit/handle.h"
+#include "gui/toolkit/retired_objects.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/frame_placement.h"
 #include "gui/windows/qz_views.h"
@@ -43,26 +44,34 @@ QzWindow* NextKeyWindow(const WindowRecord& closing) {
     return candidate;
 }
 
-void DestroyOne(WindowNumber number, const WindowRecord& record) {
-    const QPointer<QzWindow> window = record.Window;
+// Closes a window. Most steps may run callbacks of the program's, which may close it first or open
+// another under its number: that one stays.
+void DestroyOne(WindowNumber number, QzWindow& window) {
+    const auto isGone = [number, &window] {
+        const WindowRecord* const record = registry.Find(number);
+        return record == nullptr || record->Window != &window;
+    };
     UnbindWindowEvents(number);
     for (WindowObserver* const observer : WindowObservers()) {
-        observer->WindowCloses(*window, number);
+        observer->WindowCloses(window, number);
+        if (isGone()) {
+            return;
+        }
     }
-    DestroyStatusBarsOf(record.Window);
-    QzWindow* heir = nullptr;
-    if (record.HadPreviousKeyWindow && QzWindow::KeyWindow() == window) {
+    DestroyStatusBarsOf(&window);
+    const WindowRecord& record = *registry.Find(number);
+    QPointer<QzWindow> heir;
+    if (record.HadPreviousKeyWindow && QzWindow::KeyWindow() == &window) {
         heir = NextKeyWindow(record);
     }
-    window->Hide();
-    if (registry.Find(number) != &record) {
-        return;  // a binding to what hiding posts has destroyed it
+    window.Hide();
+    if (isGone()) {
+        return;
     }
-    record.Delegate->WindowWillClose();
-    // The toolkit may be in the middle of telling this window something.
-    window->deleteLater();
+    registry.Find(number)->Delegate->WindowWillClose();
+    Retire(&window);
     DeleteQueuedEvents(number);
-    if (heir != nullptr) {
+    if (heir != nullptr && heir->Delegate() != nullptr) {
         heir->MakeKeyAndOrderFront();
     }
 }
@@ -152,6 +161,9 @@ std::int64_t WindowCreate(WindowNumber number, std::int64_t x, std::int64_t y, s
         flags |= WindowScreenCentred;
     }
     const auto [id, record] = registry.Create(number);
+    if (record == nullptr) {
+        return 0;  // a callback has opened another window under the number meanwhile
+    }
     auto* const window =
         new QzWindow(flags, FromHandle(parent), QSize(ToSide(width), ToSide(height)));
     record->Window = window;
@@ -178,11 +190,18 @@ std::int64_t WindowCreate(WindowNumber number, std::int64_t x, std::int64_t y, s
 
 void WindowDestroy(WindowNumber number) {
     if (number == AnyNumber) {
-        for (auto next = registry.First(); next.second != nullptr; next = registry.First()) {
-            DestroyOne(next.first, *next.second);
+        std::vector<std::pair<WindowNumber, QzWindow*>> open;
+        for (auto next = registry.First(); next.second != nullptr;
+             next = registry.After(next.first)) {
+            open.emplace_back(next.first, next.second->Window);
         }
-    } else if (const WindowRecord* const record = registry.Find(number)) {
-        DestroyOne(number, *record);
+        for (const auto& [each, window] : open) {
+            if (FindWindow(each) == window) {
+                DestroyOne(each, *window);
+            }
+        }
+    } else if (QzWindow* const window = FindWindow(number)) {
+        DestroyOne(number, *window);
     }
 }
 

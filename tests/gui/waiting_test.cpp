@@ -1,0 +1,151 @@
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include <QAbstractEventDispatcher>
+#include <QTest>
+#include <QWindow>
+
+#include "gui/button_gadget.h"
+#include "gui/event_loop.h"
+#include "gui/gadget.h"
+#include "gui/image_gadget.h"
+#include "gui/menu.h"
+#include "gui/requester.h"
+#include "gui/string_gadget.h"
+#include "gui/window.h"
+#include "gui/windows/qz_views.h"
+#include "gui/windows/qz_window.h"
+#include "runtime/numbers.h"
+#include "tests/support/gui_test.h"
+
+namespace rotavel {
+namespace {
+
+using namespace tests;
+
+// What comes in while the program is busy: the next wait finds it all at once.
+std::vector<std::function<void()>> ahead;
+
+void ComeIn() {
+    for (const auto& input : std::exchange(ahead, {})) {
+        input();
+    }
+}
+
+void TypeAhead(Qt::Key key, const QString& text = {}) {
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        ahead.emplace_back(
+            [=] { qt_handleKeyEvent(QGuiApplication::focusWindow(), type, key, {}, text); });
+    }
+}
+
+void MouseAhead(QWindow* window, QPoint place, QEvent::Type type, Qt::MouseButton button,
+                int time) {
+    ahead.emplace_back([=] {
+        const bool isDown = type == QEvent::MouseButtonPress;
+        qt_handleMouseEvent(window, place, window->mapToGlobal(place),
+                            isDown ? button : Qt::NoButton, button, type, {}, time);
+    });
+}
+
+void ClickAhead(GadgetNumber gadget, Qt::MouseButton button, int time) {
+    QWidget& view = *View(gadget);
+    const QPoint place = view.mapTo(view.window(), view.rect().center());
+    QWindow* const window = view.window()->windowHandle();
+    MouseAhead(window, place, QEvent::MouseButtonPress, button, time);
+    MouseAhead(window, place, QEvent::MouseButtonRelease, button, time + 10);
+}
+
+// Waits until nothing more comes; `handle` is what the program does with each event.
+template <typename Handler>
+std::string Drain(Handler handle) {
+    std::string taken;
+    for (int idle = 0; idle < 2;) {
+        const std::int64_t kind = WaitForEvent(0);
+        idle = kind == 0 ? idle + 1 : 0;
+        if (kind == GadgetActivity || kind == MenuChosen) {
+            taken += std::to_string(CurrentEventObject()) + " " +
+                     std::to_string(CurrentEventType()) + ";";
+            handle();
+        }
+    }
+    return taken;
+}
+
+class WaitingTest : public GuiTest {
+  protected:
+    void SetUp() override {
+        WindowCreate(0, 0, 0, 300, 200);
+        StringGadgetCreate(1, 10, 10, 80, 20);
+        StringGadgetCreate(2, 10, 40, 80, 20);
+        ButtonGadgetCreate(3, 10, 70, 80, 20, u"Push");
+        ImageGadgetCreate(4, 10, 100, 40, 40);
+        ActivateGadget(1);
+        ForgetEvents();
+        QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
+                         &context, &ComeIn);
+    }
+
+  private:
+    QObject context;
+};
+
+TEST_F(WaitingTest, EachInputFindsItsReceiverOnceTheOneBeforeIsHandled) {
+    TypeAhead(Qt::Key_A, "a");
+    TypeAhead(Qt::Key_Space, " ");
+    TypeAhead(Qt::Key_B, "b");
+    Drain([] {
+        if (CurrentEventObject() == 1 && CurrentEventType() == Change) {
+            ActivateGadget(2);
+        }
+    });
+    EXPECT_EQ(GetGadgetText(1), u"a");
+    EXPECT_EQ(GetGadgetText(2), u" b");
+}
+
+TEST_F(WaitingTest, EqualInputsStayAsManyAsTheyWere) {
+    WindowAddShortcut(0, u"F5", 50);
+    MenuCreate(0, WindowNativeHandle(0));
+    MenuTitle(u"File");
+    MenuItem(60, u"Six\tF6");
+    ForgetEvents();
+    for (int press = 0; press < 2; ++press) {
+        TypeAhead(Qt::Key_F5);
+        TypeAhead(Qt::Key_F6);
+        TypeAhead(Qt::Key_F6);
+        ClickAhead(3, Qt::LeftButton, 10'000 + 2'000 * press);
+        ClickAhead(4, Qt::RightButton, 11'000 + 2'000 * press);
+    }
+    EXPECT_EQ(Drain([] {}), "50 0;60 0;60 0;1 512;3 0;4 1;50 0;60 0;60 0;3 0;4 1;");
+}
+
+TEST_F(WaitingTest, ADoubleClickStaysOneAndAPointerOnItsWayIsFolded) {
+    ClickAhead(4, Qt::RightButton, 20'000);
+    ClickAhead(4, Qt::RightButton, 20'050);
+    EXPECT_EQ(Drain([] {}), "4 1;4 3;");
+
+    QWidget& content = *Native(0)->ContentView();
+    content.setMouseTracking(true);
+    int moves = 0;
+    struct Counter : QObject {
+        int& count;
+        explicit Counter(int& counted) : count(counted) {}
+        bool eventFilter(QObject*, QEvent* event) override {
+            count += event->type() == QEvent::MouseMove ? 1 : 0;
+            return false;
+        }
+    } counter(moves);
+    content.installEventFilter(&counter);
+    TypeAhead(Qt::Key_A, "a");
+    QWindow* const window = content.window()->windowHandle();
+    for (int x = 100; x < 150; ++x) {
+        MouseAhead(window, {x, 150}, QEvent::MouseMove, Qt::NoButton, 30'000 + x);
+    }
+    Drain([] {});
+    EXPECT_EQ(moves, 1);
+    EXPECT_EQ(GetGadgetText(1), u"a");
+}
+
+}  // namespace
+}  // namespace rotavel
