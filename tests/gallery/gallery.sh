@@ -4,7 +4,7 @@
 #
 #   gallery.sh GALLERY DRAG_SOURCE [CHECK...]
 #
-# GALLERY is the program of docs/gallery, DRAG_SOURCE that of this folder. Makes the checks named,
+# GALLERY is the program of examples/gallery, DRAG_SOURCE that of this folder. Makes the checks named,
 # without names all, each with a gallery of its own. Needs no display, it brings its own. Leaves
 # pictures in build/tour of the tree.
 #
