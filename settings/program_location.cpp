@@ -1,7 +1,10 @@
 #include "settings/program_location.h"
 
 #include <cstddef>
-#include <unistd.h>
+#include <filesystem>
+#include <string>
+#include <sys/auxv.h>
+#include <system_error>
 
 #include "text/utf.h"
 
@@ -9,21 +12,31 @@ namespace rotavel {
 
 namespace {
 
-// The executable's path in bytes, empty when the system does not tell.
-std::string ExecutablePath() {
-    std::string path(256, '\0');
-    for (;;) {
-        const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
-        if (length < 0) {
-            return {};
-        }
-        const auto used = static_cast<std::size_t>(length);
-        if (used < path.size()) {
-            path.resize(used);
-            return path;
-        }
-        path.resize(path.size() * 2);  // what fills the buffer may have been cut
+namespace fs = std::filesystem;
+
+// The path that the kernel was given to start the program, whatever name the program was told to
+// go by. Links in it are kept; it is empty when it cannot be told.
+fs::path StartedPath() {
+    const auto* given = reinterpret_cast<const char*>(getauxval(AT_EXECFN));
+    std::error_code failed;
+    return given != nullptr ? fs::absolute(given, failed) : fs::path();
+}
+
+// A package puts the program where only root may write. Each user starts it by a link in a folder
+// of their own then, and there their settings are; any other link leads to where the program lies.
+fs::path FindProgram() {
+    std::error_code failed;
+    const fs::path started = StartedPath();
+    if (fs::is_directory(started.parent_path() / "../Resources", failed)) {
+        return started;
     }
+    return fs::read_symlink("/proc/self/exe", failed);
+}
+
+// Found once: a relative path means nothing any more when the working directory has changed.
+const fs::path& ProgramPath() {
+    static const fs::path path = FindProgram();
+    return path;
 }
 
 std::u16string_view WithoutLeadingQuote(std::u16string_view path) {
@@ -45,16 +58,25 @@ std::u16string_view WithoutExtension(std::u16string_view name) {
 }  // namespace
 
 void EnterBundleContents() {
-    std::string path = ExecutablePath();
-    if (path.empty()) {
+    const fs::path& program = ProgramPath();
+    if (program.empty()) {
         return;
     }
-    path.resize(path.rfind('/') + 1);
-    [[maybe_unused]] const int ignored = chdir((path + "..").c_str());
+    std::error_code ignored;
+    fs::current_path(program.parent_path() / "..", ignored);
 }
 
 std::u16string ProgramFilename() {
-    return ToUtf16(ExecutablePath());
+    const fs::path& program = ProgramPath();
+    std::u16string text = ToUtf16(program.native());
+    if (ToUtf8(text) == program.native()) {
+        return text;
+    }
+    // A folder whose name is not UTF-8 can still be told by way of the working directory.
+    const fs::path inside = program.parent_path().filename() / program.filename();
+    const fs::path reachable = "/proc/self/cwd" / inside;
+    std::error_code failed;
+    return fs::equivalent(reachable, program, failed) ? ToUtf16(reachable.native()) : text;
 }
 
 std::u16string_view DirectoryPart(std::u16string_view path) {

@@ -7,10 +7,12 @@
 namespace rotavel {
 
 // Makes the folder that holds the program's `bin` and `Resources` the working directory; it stays
-// as it was when that fails.
+// as it was when that fails. To be called before anything else changes the working directory.
 void EnterBundleContents();
 
-// The full path of the running executable, empty when the system does not tell.
+// The full path by which the program was started, links kept, where a `../Resources` folder lies
+// beside it; else the full path of the executable itself. Empty when the system does not tell. For
+// a path that is not UTF-8 to be told, EnterBundleContents must have been called.
 std::u16string ProgramFilename();
 
 // A flag of FilePart: leave out the extension. A dot at the name's start or end, or before a

@@ -1,9 +1,63 @@
 #include "settings/program_location.h"
 
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <string>
+
+#include "temporary_folder.h"
+#include "text/utf.h"
 
 namespace rotavel {
 namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* TellOnly = "ROTAVEL_TELL_LOCATION";
+
+// What this program says of its place when a shell starts it by `command`.
+std::string Told(const std::string& command) {
+    const std::string tell = std::string(TellOnly) + "=1 bash -c '" + command + " \"$@\"' -";
+    std::FILE* shell = popen((tell + " --gtest_filter=ProgramLocation.IsWhere*").c_str(), "r");
+    std::string told;
+    for (char line[4096]; std::fgets(line, sizeof line, shell) != nullptr;) {
+        if (line[0] == '/') {
+            told.assign(line).pop_back();
+        }
+    }
+    pclose(shell);
+    return told;
+}
+
+TEST(ProgramLocation, IsWhereTheProgramWasStartedIfSettingsAreKeptThere) {
+    if (std::getenv(TellOnly) != nullptr) {
+        EnterBundleContents();
+        std::printf("%s in %s\n", ToUtf8(ProgramFilename()).c_str(), fs::current_path().c_str());
+        return;
+    }
+    const tests::TemporaryFolder folder;
+    const std::string root = fs::canonical(folder.Path());
+    const std::string house = root + "/own place";
+    const fs::path executable = fs::read_symlink("/proc/self/exe");
+    fs::create_directories(house + "/bin");
+    fs::create_directories(house + "/Resources");
+    fs::create_directories(root + "/bare/bin");
+    fs::create_symlink(executable, house + "/bin/Link");
+    fs::create_symlink(house + "/bin/Link", root + "/bare/bin/Link");
+    const std::string latin = root + "/Sp\xE4t";  // not UTF-8
+    fs::copy(house, latin, fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+
+    const std::string there = house + "/bin/Link in " + house;
+    EXPECT_EQ(Told("\"" + house + "/bin/Link\""), there);
+    EXPECT_EQ(Told("exec -a Other \"" + house + "/bin/Link\""), there);
+    EXPECT_EQ(Told("PATH=\"" + house + "/bin:$PATH\"; Link"), there);
+    EXPECT_EQ(Told("cd \"" + house + "\" && bin/../bin/Link"),
+              house + "/bin/../bin/Link in " + house);
+    EXPECT_EQ(Told("cd " + latin + " && bin/Link"), "/proc/self/cwd/bin/Link in " + latin);
+    EXPECT_EQ(Told(root + "/bare/bin/Link"),
+              executable.string() + " in " + executable.parent_path().parent_path().string());
+}
 
 TEST(ProgramLocation, SplitsPaths) {
     const struct {
