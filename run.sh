@@ -38,7 +38,7 @@ take_tour() {
 
 install_packages build run
 if wayland_answers; then
-    install_packages wayland
+    install_packages wayland || x_answers
 fi
 build_program
 

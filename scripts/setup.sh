@@ -1,60 +1,99 @@
 # shellcheck shell=bash
-# Sourced from the root of the tree: installs the Debian packages that are missing.
+# Sourced from the root of the tree: sees to it that what packages.txt lists is there.
 
 source scripts/quietly.sh
 
-# install_packages GROUP...: makes sure that every package that packages.txt lists for these groups
-# is installed. Returns non-zero when one cannot be.
+# install_packages GROUP...: looks for what packages.txt lists for these groups. What is missing is
+# installed on Debian and its children; elsewhere, or where nobody may install, the command to ask
+# for is named. Returns non-zero when something stays missing.
 install_packages() {
-    local names missing
-    mapfile -t names < <(packages_for "$@")
-    if ! is_debian; then
-        echo "This installs packages on Debian and its children only. Needed here, by their" \
-            "Debian names: ${names[*]}." >&2
-        echo "With those in place: cmake --preset release -DROTAVEL_TESTS=OFF &&" \
-            "cmake --build --preset release" >&2
-        return 1
-    fi
-    mapfile -t missing < <(missing_packages "${names[@]}")
-    if ((${#missing[@]} == 0)); then
+    local system packages
+    system=$(name_system)
+    mapfile -t packages < <(missing_packages "$system" "$@" | sort -u)
+    if ((${#packages[@]} == 0)); then
         return 0
     fi
-    if ((EUID != 0)) && ! command -v sudo >/dev/null; then
-        echo "Neither root nor sudo: ask for these packages: ${missing[*]}" >&2
-        return 1
-    fi
-    echo "Installing ${missing[*]}"
-    quietly build/setup.log apt_install "${missing[@]}"
+    case $system in
+        debian)
+            if may_install; then
+                echo "Installing ${packages[*]}"
+                quietly build/setup.log apt_install "${packages[@]}"
+                return
+            fi
+            ask_for "apt-get install --no-install-recommends ${packages[*]}"
+            ;;
+        fedora) ask_for "dnf install ${packages[*]}" ;;
+        arch) ask_for "pacman -S --needed ${packages[*]}" ;;
+        *) ask_for "install what Debian calls ${packages[*]}" ;;
+    esac
+    return 1
 }
 
-packages_for() {
-    local group package _
-    while read -r group package _; do
-        if [[ " $* " == *" $group "* ]]; then
-            echo "$package"
-        fi
-    done <scripts/packages.txt
+ask_for() {
+    echo "Something that Rotavel needs is missing here. As root:" >&2
+    echo "    $1" >&2
 }
 
-is_debian() (
+# A file may name several systems: the one it is, and those it is like.
+name_system() (
     ID='' ID_LIKE=''
     if [[ -r /etc/os-release ]]; then
         # shellcheck source=/dev/null
         source /etc/os-release
     fi
-    [[ " $ID $ID_LIKE " =~ " debian "|" ubuntu " ]] &&
-        command -v dpkg-query >/dev/null && command -v apt-get >/dev/null
+    case " $ID $ID_LIKE " in
+        *" debian "* | *" ubuntu "*) echo debian ;;
+        *" fedora "* | *" rhel "*) echo fedora ;;
+        *" arch "*) echo arch ;;
+        *) echo another ;;
+    esac
 )
 
+# missing_packages SYSTEM GROUP...
 missing_packages() {
-    local installed name
-    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null || true)
-    for name in "$@"; do
-        if [[ $'\n'$installed$'\n' != *$'\n'"installed $name"$'\n'* ]]; then
-            echo "$name"
+    local system=$1 group need debian fedora arch package
+    shift
+    while read -r group need debian fedora arch _; do
+        case $system in
+            fedora) package=$fedora ;;
+            arch) package=$arch ;;
+            *) package=$debian ;;
+        esac
+        if [[ " $* " == *" $group "* && $package != - ]] && ! is_here "$need"; then
+            echo "$package"
+        fi
+    done < <(grep -v '^#' scripts/packages.txt)
+}
+
+is_here() {
+    case $1 in
+        lib:*) is_below_lib "${1#lib:}" ;;
+        font:*) is_font "${1#font:}" ;;
+        *) command -v "$1" ;;
+    esac >/dev/null 2>&1
+}
+
+# Where CMake looks for a library too: beside the folders of commands.
+is_below_lib() {
+    local folders folder
+    IFS=: read -r -a folders <<<"${CMAKE_PREFIX_PATH:-}:$PATH"
+    for folder in "${folders[@]}"; do
+        if compgen -G "${folder%/*bin}/lib*/$1" || compgen -G "${folder%/*bin}/lib/*/$1"; then
+            return 0
         fi
     done
+    return 1
 }
+
+is_font() {
+    find -L /usr/share/fonts /usr/local/share/fonts ~/.local/share/fonts ~/.fonts \
+        -name "$1.*" -print -quit | grep .
+}
+
+# Somebody at a terminal may be asked for a password.
+may_install() {
+    ((EUID == 0)) || sudo -n true 2>/dev/null || { [[ -t 0 ]] && sudo -v; }
+} 2>/dev/null
 
 apt_install() {
     local root=()
