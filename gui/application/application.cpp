@@ -1,7 +1,11 @@
 #include "gui/application.h"
 
 #include <array>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
+
+#include <QtGlobal>
 
 #include "gui/application/qz_application.h"
 #include "gui/application/termination_signals.h"
@@ -24,6 +28,15 @@ namespace {
 
 std::unique_ptr<QzApplication> application;
 
+// The toolkit ends a program that finds no display as if it had crashed, with a page of advice for
+// its makers. The user gets one line, and whoever started the program a status.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
+    if (type == QtFatalMsg) {
+        std::fputs("Rotavel: no display answers\n", stderr);
+        std::_Exit(EXIT_FAILURE);
+    }
+}
+
 }  // namespace
 
 void GuiStart() {
@@ -31,7 +44,9 @@ void GuiStart() {
     static std::array<char, 8> name = {"Rotavel"};
     static std::array<char*, 2> arguments = {name.data(), nullptr};
     static int argumentCount = 1;
+    const QtMessageHandler standard = qInstallMessageHandler(EndWithoutDisplay);
     application = std::make_unique<QzApplication>(argumentCount, arguments.data());
+    qInstallMessageHandler(standard);
     SetWakeHook(&WakeNativeLoop);
     // Gadgets go before the menus of a window that closes.
     SetWindowObservers({&GadgetsAsObserver(), &MenusAsObserver()});
