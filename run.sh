@@ -36,7 +36,11 @@ take_tour() {
     return "$status"
 }
 
-install_packages build run
+if [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; then
+    install_packages build run
+else
+    install_packages build run tour
+fi
 if wayland_answers; then
     install_packages wayland || x_answers
 fi
