@@ -62,6 +62,12 @@ ln -sf /nowhere "$anna/bin/Rotavel"
 HOME=$work/anna XDG_DATA_HOME=relative starts "$work/link" "$anna/Resources/Rotavel.ini"
 [[ ! -e relative ]] || fail "Settings in the working directory"
 
+echo "Without a display: one line, and status 1"
+status=0
+lines=$(HOME=$work/anna env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM \
+    "$prefix/bin/rotavel" 2>&1) || status=$?
+[[ $status == 1 && $lines == Rotavel:* && $lines != *$'\n'* ]] || fail "Status $status: $lines"
+
 echo "An update and the removal keep the settings"
 install_program
 HOME=$work/anna starts "$command" "$anna/Resources/Rotavel.ini"

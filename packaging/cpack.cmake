@@ -1,8 +1,13 @@
-# What cpack makes: a Debian package, and an archive that is unpacked and started anywhere.
+# What cpack makes: an archive that is unpacked and started anywhere, and on Debian and its children
+# a package.
 set(ROTAVEL_MAINTAINER "The Rotavel authors <rotavel@example.org>"
     CACHE STRING "Who answers for the Debian package")
 
-set(CPACK_GENERATOR DEB TGZ)
+find_program(DPKG dpkg)
+set(CPACK_GENERATOR TGZ)
+if(DPKG)
+    list(APPEND CPACK_GENERATOR DEB)
+endif()
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_SOURCE_DIR}/cpack_generator.cmake)
 set(CPACK_PACKAGE_NAME rotavel)
 set(CPACK_PACKAGE_CONTACT ${ROTAVEL_MAINTAINER})
