@@ -8,7 +8,8 @@
 #include "settings/settings_store.h"
 #include "text/utf.h"
 
-// The settings store on a file of 60,000 motorcycles, 18 MB, in the page cache.
+// The settings store on a file of 60,000 motorcycles, 18 MB. The file is in memory where the system
+// has a folder for that: a save waits for the disk, and the disk is not what is measured.
 
 namespace {
 
@@ -46,11 +47,13 @@ std::string SettingsFileText(Encoding encoding) {
 class SettingsFile {
   public:
     explicit SettingsFile(Encoding encoding) {
-        char folder[] = "/tmp/settings_bench_XXXXXX";
-        if (mkdtemp(folder) == nullptr) {
+        const char* const memory = "/dev/shm";
+        std::string folder = access(memory, W_OK) == 0 ? memory : "/tmp";
+        folder += "/settings_bench_XXXXXX";
+        if (mkdtemp(folder.data()) == nullptr) {
             std::abort();
         }
-        path = std::string(folder) + "/Rotavel.ini";
+        path = folder + "/Rotavel.ini";
         std::ofstream(path, std::ios::binary) << SettingsFileText(encoding);
     }
     ~SettingsFile() { std::filesystem::remove_all(std::filesystem::path(path).parent_path()); }
