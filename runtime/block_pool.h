@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <type_traits>
+#include <utility>
 
 namespace rotavel {
 
@@ -37,6 +38,13 @@ class BlockPool {
         Block* const block = reinterpret_cast<Block*>(record);
         block->next = freeBlocks;
         freeBlocks = block;
+    }
+
+    void Swap(BlockPool& other) {
+        std::swap(chunks, other.chunks);
+        std::swap(freeBlocks, other.freeBlocks);
+        std::swap(used, other.used);
+        std::swap(capacity, other.capacity);
     }
 
     // Frees every block at once.
