@@ -1,6 +1,7 @@
 #include "app/start_up.h"
 
 #include <cstdio>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -49,11 +50,13 @@ void WriteDefaultSettingsIfMissing(const std::u16string& path) {
         SettingsClose();
         return;
     }
-    const std::string file = ToUtf8(path);
-    RawFile created;
-    if (created.Create(file) && !created.Replace(DefaultSettingsText)) {
-        // On a full disk no empty file may stay behind for the next start to take as it is.
-        std::remove(file.c_str());
+    RawFile().Create(ToUtf8(path), DefaultSettingsText);
+}
+
+void CloseSettings(const std::u16string& path) {
+    SettingsClose();
+    if (const int error = SettingsSaveError()) {
+        std::fprintf(stderr, "%s: %s\n", ToUtf8(path).c_str(), std::strerror(error));
     }
 }
 
@@ -92,7 +95,7 @@ int RunProgram() {
     } else {
         MessageRequester(u"Error", u"No ini file found");
     }
-    SettingsClose();
+    CloseSettings(path);
     ImageFree(AnyNumber);
     GuiStop();
     return 0;

@@ -1,13 +1,15 @@
 #include "settings/settings_store.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
-#include <memory>
 #include <new>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "runtime/raw_file.h"
+#include "settings/settings_document.h"
 #include "settings/settings_entries.h"
 #include "settings/settings_text.h"
 #include "text/number_text.h"
@@ -18,130 +20,175 @@ namespace rotavel {
 
 namespace {
 
-constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
+// Where reads and writes go.
+struct SettingsPlace {
+    SettingsEntry* Group = nullptr;      // null for the keys before the first group
+    std::optional<std::string> Pending;  // selected, but not in the list yet
+};
 
 struct SettingsStore {
     RawFile File;
-    std::optional<std::string> CreationPath;  // set when there was no file to open
+    std::optional<std::string> Path;  // set while the store is open
     bool Modified = false;
-    bool ReadOnly = false;
-    SettingsEncoding Encoding = SettingsEncoding::None;
-    SettingsEntries Entries;
-    SettingsEntry* CurrentGroup = nullptr;    // null for the keys before the first group
-    std::optional<std::string> PendingGroup;  // selected, but not in the list yet
+    int ReadOnlyError = 0;  // why the file must not be rewritten, a value of errno
+    int SaveError = 0;      // why the last flush saved nothing, a value of errno
+    SettingsDocument Document;
+    SettingsPlace Place;
     std::uint32_t Flags = 0;
 };
 
 SettingsStore store;
 
-bool IsStoreOpen() {
-    return store.File.IsOpen() || store.CreationPath.has_value();
+// Runs a public operation. Where memory is short its result is the failure value, which is 0, false
+// or empty for all of them.
+template <typename Operation>
+auto Guarded(Operation operation) noexcept -> decltype(operation()) {
+    try {
+        return operation();
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
 }
 
-// Hands the text in `block`, which has room for the padding, to the parser.
-bool ParseBlock(std::unique_ptr<char[]> block, std::size_t start, std::size_t length) {
-    char* const text = block.get() + start;
-    store.Entries.AdoptText(std::move(block), start + length + SettingsTextPadding);
-    return ParseSettingsText(text, length, store.Entries);
+// Reads and parses the open file. A value of errno when that could not be done to the end.
+int Load() {
+    SettingsBytes content;
+    const int error = ReadSettingsFile(store.File, content);
+    if (error == 0) {
+        ParseSettingsFile(std::move(content), store.Document);
+    }
+    return error;
 }
 
-// Reads and parses the open file. False when that could not be done to the end.
-bool Load() {
-    const std::optional<std::uint64_t> fileSize = store.File.Size();
-    if (!fileSize || *fileSize > LargestSettingsText) {
+bool Open(std::u16string_view path, std::uint32_t flags) {
+    const std::string& filename = store.Path.emplace(ToUtf8(path));
+    store.Flags = flags;
+    int error = 0;
+    if (!store.File.OpenForUpdate(filename)) {
+        error = store.File.Error();
+        store.File.OpenForReading(filename);
+    }
+    if (!store.File.IsOpen()) {
+        store.Document.Encoding = SettingsEncoding::Utf8;
         return false;
     }
-    const auto size = static_cast<std::size_t>(*fileSize);
-    std::unique_ptr<char[]> block(new (std::nothrow) char[size + SettingsTextPadding]);
-    const auto got = block == nullptr ? std::nullopt : store.File.Read(block.get(), size);
-    if (!got) {
-        return false;
-    }
-    const std::string_view content(block.get(), *got);
-    if (content.starts_with(Utf8Mark)) {
-        store.Encoding = SettingsEncoding::Utf8;
-        return ParseBlock(std::move(block), Utf8Mark.size(), content.size() - Utf8Mark.size());
-    }
-    if (content.empty()) {
-        return true;
-    }
-    const std::size_t length = Utf8LengthOfLatin1(content.data(), content.size());
-    if (length > LargestSettingsText) {
-        return false;
-    }
-    if (length > content.size()) {
-        std::unique_ptr<char[]> converted(new (std::nothrow) char[length + SettingsTextPadding]);
-        if (converted == nullptr) {
-            return false;
-        }
-        Latin1ToUtf8(content.data(), content.size(), converted.get());
-        block = std::move(converted);
-    }
-    store.Encoding = SettingsEncoding::Utf8;
-    return ParseBlock(std::move(block), 0, length);
-}
-
-// The first entry after the current group's header, or the list's first entry without one.
-SettingsEntry* FirstOfCurrentGroup() {
-    return store.CurrentGroup == nullptr ? store.Entries.First() : store.CurrentGroup->Next;
-}
-
-SettingsEntry* NextGroupFrom(SettingsEntry* entry) {
-    while (entry != nullptr && !entry->IsGroup()) {
-        entry = entry->Next;
-    }
-    return entry;
-}
-
-SettingsEntry* FindKey(std::string_view key) {
-    if (store.PendingGroup) {
-        return nullptr;
-    }
-    for (SettingsEntry* entry = FirstOfCurrentGroup(); entry != nullptr && !entry->IsGroup();
-         entry = entry->Next) {
-        if (!entry->IsComment() && EqualsIgnoringCase(entry->KeyText(), key)) {
-            return entry;
-        }
-    }
-    return nullptr;
-}
-
-// Adds a key at the end of the current group, which is the pending one where there is one.
-bool AddKey(std::string_view key, std::string_view value) {
-    SettingsEntry* const entry = store.Entries.MakeKey(key, value);
-    if (entry == nullptr) {
-        return false;
-    }
-    if (store.PendingGroup) {
-        SettingsEntry* const group = store.Entries.MakeGroup(*store.PendingGroup);
-        if (group == nullptr) {
-            store.Entries.Discard(entry);
-            return false;
-        }
-        store.Entries.InsertAfter(store.Entries.Last(), group);
-        store.CurrentGroup = group;
-        store.PendingGroup.reset();
-    }
-    SettingsEntry* place = store.CurrentGroup;
-    for (SettingsEntry* following = FirstOfCurrentGroup();
-         following != nullptr && !following->IsGroup(); following = following->Next) {
-        place = following;
-    }
-    store.Entries.InsertAfter(place, entry);
+    // What could not be read whole must not be replaced by its part.
+    store.ReadOnlyError = ENOMEM;
+    const int loadError = Load();
+    store.ReadOnlyError = error != 0 ? error : loadError;
     return true;
 }
 
-bool WriteValue(std::string_view key, std::string_view value) {
-    SettingsEntry* const entry = FindKey(key);
-    const bool isWritten =
-        entry == nullptr ? AddKey(key, value) : store.Entries.ReplaceValue(entry, value);
-    if (!isWritten) {
-        return false;
+// The place in another list that stands for the store's.
+SettingsPlace PlaceIn(const SettingsEntries& entries) {
+    SettingsPlace place = store.Place;
+    place.Group = entries.FindCounterpart(store.Document.Entries, store.Place.Group);
+    if (!place.Pending && store.Place.Group != nullptr && place.Group == nullptr) {
+        place.Pending = store.Place.Group->Value();
     }
-    if (entry != nullptr) {
-        key.copy(entry->KindOrKey, entry->KeyLength);  // differs in letter case at most
+    if (SettingsEntry* const group = place.Pending ? entries.FindGroup(*place.Pending) : nullptr) {
+        place = {group, std::nullopt};
+    }
+    return place;
+}
+
+void FinishSave(RawFile& file, std::string_view content) {
+    store.Document.Fingerprint = FingerprintOf(content);
+    store.Document.Entries.ForgetWrites();
+    store.File.Swap(file);
+    store.Modified = false;
+}
+
+SettingsBytes Compose(const SettingsDocument& document) {
+    return ComposeSettingsText(document.Entries, document.Encoding, store.Flags);
+}
+
+int SaveNew() {
+    RawFile file;
+    const SettingsBytes text = Compose(store.Document);
+    if (!file.Create(*store.Path, text.View(), &store.File)) {
+        return file.Error();
+    }
+    FinishSave(file, text.View());
+    return 0;
+}
+
+// Rewrites the file at the path. What others have put into it since it was read stays there.
+int SaveOver(RawFile& file) {
+    file.Lock();
+    SettingsBytes old;
+    if (const int error = ReadSettingsFile(file, old)) {
+        return error;
+    }
+    SettingsDocument merged;
+    SettingsPlace place;
+    const bool isChanged = FingerprintOf(old.View()) != store.Document.Fingerprint;
+    if (isChanged) {
+        MergeSettings(store.Document, old.View(), merged);
+        place = PlaceIn(merged.Entries);
+    }
+    const SettingsBytes text = Compose(isChanged ? merged : store.Document);
+    const Replacement outcome = file.Replace(text.View(), old.View());
+    const int error = file.Error();
+    if (outcome == Replacement::Refused) {
+        return error;
+    }
+    if (isChanged) {
+        store.Document.Entries.Swap(merged.Entries);
+        store.Document.Encoding = merged.Encoding;
+        std::swap(store.Place, place);
+    }
+    if (outcome == Replacement::Mixed) {
+        // What the file held is whole in the store alone now: the next try replaces the mixture.
+        ReadSettingsFile(file, old);
+        store.Document.Fingerprint = FingerprintOf(old.View());
+        return error;
+    }
+    file.Unlock();
+    FinishSave(file, text.View());
+    return 0;
+}
+
+// Returns 0, or the value of errno that says why nothing was saved.
+int Save() {
+    if (store.ReadOnlyError != 0) {
+        store.File.Close();
+        store.Path.reset();
+        return store.ReadOnlyError;
+    }
+    if (!store.Path) {
+        return ENOENT;
+    }
+    RawFile file;
+    if (file.OpenForUpdate(*store.Path)) {
+        return SaveOver(file);
+    }
+    return file.Error() == ENOENT ? SaveNew() : file.Error();
+}
+
+SettingsEntry* FindKey(std::u16string_view key) {
+    return store.Place.Pending ? nullptr
+                               : store.Document.Entries.FindKey(store.Place.Group, ToUtf8(key));
+}
+
+bool Write(std::string_view key, std::string_view value) {
+    SettingsEntries& entries = store.Document.Entries;
+    if (store.Place.Pending) {
+        store.Place = {entries.WriteNewGroup(*store.Place.Pending, key, value), std::nullopt};
+    } else {
+        entries.Write(store.Place.Group, key, value);
     }
     store.Modified = true;
+    return true;
+}
+
+bool SelectGroup(std::string name) {
+    SettingsEntry* const group = store.Document.Entries.FindGroup(name);
+    if (group == nullptr) {
+        store.Place.Pending = std::move(name);
+        return false;
+    }
+    store.Place = {group, std::nullopt};
     return true;
 }
 
@@ -149,19 +196,7 @@ bool WriteValue(std::string_view key, std::string_view value) {
 
 bool SettingsOpen(std::u16string_view path, std::uint32_t flags) {
     SettingsClose();
-    const std::string filename = ToUtf8(path);
-    store.Flags = flags;
-    if (!store.File.OpenForUpdate(filename)) {
-        store.ReadOnly = store.File.OpenForReading(filename);
-    }
-    if (!store.File.IsOpen()) {
-        store.Encoding = SettingsEncoding::Utf8;
-        store.CreationPath = filename;
-        return false;
-    }
-    // What could not be read whole must not be replaced by its part.
-    store.ReadOnly = !Load() || store.ReadOnly;
-    return true;
+    return Guarded([&] { return Open(path, flags); });
 }
 
 bool SettingsOpenDefault(std::u16string_view path) {
@@ -171,109 +206,96 @@ bool SettingsOpenDefault(std::u16string_view path) {
 void SettingsClose() {
     SettingsFlush();
     store.File.Close();
-    store.Entries.Release();
-    store.CurrentGroup = nullptr;
-    store.PendingGroup.reset();
-    store.CreationPath.reset();
+    store.Path.reset();
     store.Modified = false;
-    store.ReadOnly = false;
-    store.Encoding = SettingsEncoding::None;
+    store.ReadOnlyError = 0;
+    store.Document.Entries.Release();
+    store.Document.Encoding = SettingsEncoding::None;
+    store.Document.Fingerprint = FingerprintOf({});
+    store.Place = {};
     store.Flags = 0;
 }
 
 bool SettingsFlush() {
     if (!store.Modified) {
+        store.SaveError = 0;
         return false;
     }
-    if (store.ReadOnly) {
-        store.File.Close();
-        return false;
-    }
-    if (!store.File.IsOpen() && !(store.CreationPath && store.File.Create(*store.CreationPath))) {
-        return false;
-    }
-    const SettingsBytes text = ComposeSettingsText(store.Entries, store.Encoding, store.Flags);
-    if (text.Block == nullptr || !store.File.Replace({text.Block.get(), text.Length})) {
-        return false;
-    }
-    store.Modified = false;
-    return true;
+    store.SaveError = ENOMEM;
+    return Guarded([] {
+        store.SaveError = Save();
+        return store.SaveError == 0;
+    });
+}
+
+int SettingsSaveError() {
+    return store.SaveError;
 }
 
 bool SettingsSelectGroup(std::u16string_view name) {
-    if (!IsStoreOpen()) {
-        store.PendingGroup.reset();
+    if (!store.Path) {
+        store.Place.Pending.reset();
         return false;
     }
     if (name.empty()) {
         return SettingsRewindGroups();
     }
-    std::string wanted = ToUtf8(name);
-    SettingsEntry* group = NextGroupFrom(store.Entries.First());
-    while (group != nullptr && !EqualsIgnoringCase(group->ValueText(), wanted)) {
-        group = NextGroupFrom(group->Next);
-    }
-    if (group == nullptr) {
-        store.PendingGroup = std::move(wanted);
-        return false;
-    }
-    store.CurrentGroup = group;
-    store.PendingGroup.reset();
-    return true;
+    return Guarded([&] { return SelectGroup(ToUtf8(name)); });
 }
 
 bool SettingsRewindGroups() {
-    store.CurrentGroup = nullptr;
-    store.PendingGroup.reset();
-    return IsStoreOpen();
+    store.Place = {};
+    return store.Path.has_value();
 }
 
 bool SettingsNextGroup() {
-    SettingsEntry* const group = NextGroupFrom(FirstOfCurrentGroup());
+    SettingsEntry* const group = store.Document.Entries.NextGroup(store.Place.Group);
     if (group == nullptr) {
         return false;
     }
-    store.CurrentGroup = group;
+    store.Place.Group = group;
     return true;
 }
 
 std::u16string SettingsGroupName() {
-    if (store.CurrentGroup == nullptr) {
+    if (store.Place.Group == nullptr) {
         return {};
     }
-    return ToUtf16(store.CurrentGroup->ValueText());
+    return Guarded([] { return ToUtf16(store.Place.Group->Value()); });
 }
 
 std::u16string SettingsReadString(std::u16string_view key, std::u16string_view defaultText) {
-    const SettingsEntry* const entry = FindKey(ToUtf8(key));
-    if (entry == nullptr) {
-        return std::u16string(defaultText);
-    }
-    std::string_view value = entry->ValueText();
-    value.remove_prefix(std::min(value.find_first_not_of(" \t"), value.size()));
-    return ToUtf16(value);
+    return Guarded([&] {
+        const SettingsEntry* const entry = FindKey(key);
+        if (entry == nullptr) {
+            return std::u16string(defaultText);
+        }
+        std::string_view value = entry->Value();
+        value.remove_prefix(std::min(value.find_first_not_of(" \t"), value.size()));
+        return ToUtf16(value);
+    });
 }
 
 std::int64_t SettingsReadInteger(std::u16string_view key, std::int64_t defaultValue) {
-    const SettingsEntry* const entry = FindKey(ToUtf8(key));
-    return entry == nullptr ? defaultValue : std::strtoll(entry->Value, nullptr, 10);
+    return Guarded([&]() -> std::int64_t {
+        const SettingsEntry* const entry = FindKey(key);
+        return entry == nullptr ? defaultValue : std::strtoll(entry->Value().data(), nullptr, 10);
+    });
 }
 
 double SettingsReadNumber(std::u16string_view key, double defaultValue) {
-    const SettingsEntry* const entry = FindKey(ToUtf8(key));
-    return entry == nullptr ? defaultValue : BytesToNumber(entry->Value);
+    return Guarded([&] {
+        const SettingsEntry* const entry = FindKey(key);
+        return entry == nullptr ? defaultValue : BytesToNumber(entry->Value().data());
+    });
 }
 
 bool SettingsWriteString(std::u16string_view key, std::u16string_view value) {
-    try {
-        return WriteValue(ToUtf8(key), ToUtf8(value));
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
+    return Guarded([&] { return Write(ToUtf8(key), ToUtf8(value)); });
 }
 
 bool SettingsWriteInteger(std::u16string_view key, std::int64_t value) {
-    return SettingsWriteString(key, IntegerToText(value));
+    return Guarded([&] { return SettingsWriteString(key, IntegerToText(value)); });
 }
 
 }  // namespace rotavel

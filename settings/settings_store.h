@@ -11,13 +11,13 @@ namespace rotavel {
 // The settings store: one INI file of groups and keys, held in memory from SettingsOpen to
 // SettingsClose and rewritten as a whole when a write has changed it. There is one store, for use
 // from one thread. Names and keys are compared ignoring case for ASCII letters only, and the first
-// match wins. The store shows no messages; where memory is short an operation fails and changes
-// nothing.
+// match wins. The store shows no messages and throws nothing: where memory is short an operation
+// returns 0, false or an empty text and changes nothing.
 
 // Closes what was open and opens the file at `path`, to be rewritten in the layout of `flags`
 // (settings_flags.h). False when no file could be opened: the store is then empty and the first
-// flush creates the file. Also false when the file could not be read whole: what was read can be
-// used, but the file is never rewritten.
+// flush creates the file. Also false where memory is short. A file that could not be read whole is
+// never rewritten; what was read of it can be used.
 bool SettingsOpen(std::u16string_view path, std::uint32_t flags);
 
 // The same with no flags.
@@ -26,10 +26,17 @@ bool SettingsOpenDefault(std::u16string_view path);
 // Flushes, then empties the store.
 void SettingsClose();
 
-// Rewrites the file when there were writes since the last time. False when there was nothing to
-// rewrite or it failed; the old content then stays. A file that could be opened for reading only
-// is closed by this and keeps its content.
+// Rewrites the file at the path when there were writes since the last time, and returns when the
+// text has reached the disk. Whatever others have put into that file, or in its place, since it was
+// read stays in it, with the store's writes added; a file that has gone is made again from all that
+// the store holds. False when there was nothing to write or it failed: the file then stays as it
+// was, and so do the writes for another try. A file that could be opened for reading only is closed
+// by this and keeps its content.
 bool SettingsFlush();
+
+// Why the last flush, SettingsClose's included, could not save what was written: a value of errno.
+// 0 when it did, or when there was nothing to save.
+int SettingsSaveError();
 
 // Makes the group of that name the current one; the empty name stands for the keys before the
 // first group. False when there is no such group: reads then find no key, and the next write adds

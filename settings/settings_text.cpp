@@ -1,7 +1,6 @@
 #include "settings/settings_text.h"
 
 #include <algorithm>
-#include <new>
 #include <string_view>
 
 #include "settings/settings_flags.h"
@@ -39,23 +38,25 @@ char* SkipLineEnds(char* position, char* end) {
 }
 
 // Each Parse function appends the entry that starts at `position`, ends its pieces with zero bytes
-// and returns where its line ended; null when memory is short.
+// and returns where its line ended.
 
 char* ParseGroup(char* position, char* end, SettingsEntries& entries) {
     char* const name = position + 1;
     char* const nameEnd = FindAny<']', '\r', '\n'>(name, end);
     char* const lineEnd = FindLineEnd(nameEnd, end);
     *nameEnd = '\0';
-    const auto length = static_cast<std::size_t>(nameEnd - name);
-    return entries.AppendFromText(GroupMarker, 0, name, length) ? lineEnd : nullptr;
+    entries.AppendFromText(SettingsEntryKind::Group, nullptr, 0, name,
+                           static_cast<std::size_t>(nameEnd - name));
+    return lineEnd;
 }
 
 char* ParseComment(char* position, char* end, SettingsEntries& entries) {
     char* const comment = position + (position[1] == ' ' ? 2 : 1);
     char* const lineEnd = FindLineEnd(comment, end);
     *lineEnd = '\0';
-    const auto length = static_cast<std::size_t>(lineEnd - comment);
-    return entries.AppendFromText(CommentMarker, 0, comment, length) ? lineEnd : nullptr;
+    entries.AppendFromText(SettingsEntryKind::Comment, nullptr, 0, comment,
+                           static_cast<std::size_t>(lineEnd - comment));
+    return lineEnd;
 }
 
 char* ParseKey(char* position, char* end, SettingsEntries& entries) {
@@ -73,10 +74,10 @@ char* ParseKey(char* position, char* end, SettingsEntries& entries) {
     }
     *keyEnd = '\0';
     *lineEnd = '\0';
-    return entries.AppendFromText(position, static_cast<std::size_t>(keyEnd - position), value,
-                                  static_cast<std::size_t>(lineEnd - value))
-               ? lineEnd
-               : nullptr;
+    entries.AppendFromText(SettingsEntryKind::Key, position,
+                           static_cast<std::size_t>(keyEnd - position), value,
+                           static_cast<std::size_t>(lineEnd - value));
+    return lineEnd;
 }
 
 // The bytes from 0x80 on among at most 255. The sum is as narrow as the bytes, so that the loop
@@ -95,8 +96,8 @@ constexpr std::size_t MostDecoration = 4;
 
 std::size_t ComposedSize(const SettingsEntries& entries) {
     std::size_t size = MarkLine.size();
-    for (const SettingsEntry* entry = entries.First(); entry != nullptr; entry = entry->Next) {
-        size += entry->KeyText().size() + entry->ValueText().size() + MostDecoration;
+    for (const SettingsEntry* entry = entries.First(); entry != nullptr; entry = entry->Next()) {
+        size += entry->Key().size() + entry->Value().size() + MostDecoration;
     }
     return size;
 }
@@ -117,10 +118,18 @@ std::size_t Utf8LengthOfLatin1(const char* bytes, std::size_t length) {
 }
 
 void Latin1ToUtf8(const char* bytes, std::size_t length, char* target) {
-    for (const char* const end = bytes + length; bytes < end; ++bytes) {
-        const auto byte = static_cast<unsigned char>(*bytes);
+    using namespace byte_scan;
+    const char* const end = bytes + length;
+    while (bytes < end) {
+        // Accented letters are few: eight bytes at a time while there are none.
+        if (end - bytes >= 8 && (LoadWord(bytes) & Repeat(0x80)) == 0) {
+            target = std::copy_n(bytes, 8, target);
+            bytes += 8;
+            continue;
+        }
+        const auto byte = static_cast<unsigned char>(*bytes++);
         if (byte < 0x80) {
-            *target++ = *bytes;
+            *target++ = static_cast<char>(byte);
         } else {
             *target++ = static_cast<char>(0xC0 | byte >> 6);
             *target++ = static_cast<char>(0x80 | (byte & 0x3F));
@@ -128,7 +137,7 @@ void Latin1ToUtf8(const char* bytes, std::size_t length, char* target) {
     }
 }
 
-bool ParseSettingsText(char* text, std::size_t length, SettingsEntries& entries) {
+void ParseSettingsText(char* text, std::size_t length, SettingsEntries& entries) {
     char* const end = text + length;
     std::fill_n(end, SettingsTextPadding, '\0');
     char* position = text;
@@ -138,24 +147,17 @@ bool ParseSettingsText(char* text, std::size_t length, SettingsEntries& entries)
             position = *position == '['   ? ParseGroup(position, end, entries)
                        : *position == ';' ? ParseComment(position, end, entries)
                                           : ParseKey(position, end, entries);
-            if (position == nullptr) {
-                return false;
-            }
         }
         // The piece that ended here may have put a zero byte over the first character of the line
         // end.
         position = SkipLineEnds(std::min(position + 1, end), end);
     }
-    return true;
 }
 
 SettingsBytes ComposeSettingsText(const SettingsEntries& entries, SettingsEncoding encoding,
                                   std::uint32_t flags) {
     SettingsBytes result;
-    result.Block.reset(new (std::nothrow) char[ComposedSize(entries)]);
-    if (result.Block == nullptr) {
-        return result;
-    }
+    result.Block = std::make_unique_for_overwrite<char[]>(ComposedSize(entries));
     const std::string_view separator = (flags & CompactSeparator) != 0 ? "=" : " = ";
     const std::string_view groupStart = (flags & GroupSpacing) != 0 ? "\n[" : "[";
     bool isFirstGroup = true;
@@ -163,19 +165,19 @@ SettingsBytes ComposeSettingsText(const SettingsEntries& entries, SettingsEncodi
     if (encoding == SettingsEncoding::Utf8) {
         position = Put(position, MarkLine);
     }
-    for (const SettingsEntry* entry = entries.First(); entry != nullptr; entry = entry->Next) {
+    for (const SettingsEntry* entry = entries.First(); entry != nullptr; entry = entry->Next()) {
         if (entry->IsComment()) {
             position = Put(position, "; ");
-            position = Put(position, entry->ValueText());
+            position = Put(position, entry->Value());
         } else if (entry->IsGroup()) {
             position = Put(position, isFirstGroup ? "[" : groupStart);
-            position = Put(position, entry->ValueText());
+            position = Put(position, entry->Value());
             *position++ = ']';
             isFirstGroup = false;
         } else {
-            position = Put(position, entry->KeyText());
+            position = Put(position, entry->Key());
             position = Put(position, separator);
-            position = Put(position, entry->ValueText());
+            position = Put(position, entry->Value());
         }
         *position++ = '\n';
     }

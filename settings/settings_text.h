@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "settings/byte_scan.h"
 #include "settings/settings_entries.h"
@@ -13,10 +14,12 @@ namespace rotavel {
 // written with a byte-order mark.
 enum class SettingsEncoding : std::uint32_t { None = 0, Utf8 = 65001 };
 
-// A block of bytes on the free store; no block when memory was short.
+// A block of bytes.
 struct SettingsBytes {
     std::unique_ptr<char[]> Block;
     std::size_t Length = 0;
+
+    std::string_view View() const { return {Block.get(), Length}; }
 };
 
 // The bytes that a text handed to ParseSettingsText has to have behind it: a zero byte to end its
@@ -31,10 +34,12 @@ void Latin1ToUtf8(const char* bytes, std::size_t length, char* target);
 
 // Appends the entries of a settings text to the list. They point into the text, which is cut into
 // zero-terminated pieces for them; SettingsTextPadding bytes behind it are set to zero. Every text
-// is a settings text. False when memory ran short: the entries found until then stay.
-bool ParseSettingsText(char* text, std::size_t length, SettingsEntries& entries);
+// is a settings text. Throws std::bad_alloc where memory is short; the entries found until then
+// stay.
+void ParseSettingsText(char* text, std::size_t length, SettingsEntries& entries);
 
 // The text of a file with these entries, in the layout of `flags`, with "\n" as the line end.
+// Throws std::bad_alloc where memory is short.
 SettingsBytes ComposeSettingsText(const SettingsEntries& entries, SettingsEncoding encoding,
                                   std::uint32_t flags);
 

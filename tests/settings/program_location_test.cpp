@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 #include "text/utf.h"
 
 namespace rotavel {

@@ -1,5 +1,6 @@
 #include "settings/settings_text.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
@@ -20,15 +21,15 @@ Lines Parsed(const std::string& text) {
     char* const start = block.get();
     text.copy(start, text.size());
     SettingsEntries entries;
-    entries.AdoptText(std::move(block), size);
-    EXPECT_TRUE(ParseSettingsText(start, text.size(), entries));
+    entries.AdoptText(std::move(block));
+    ParseSettingsText(start, text.size(), entries);
     Lines lines;
-    for (const SettingsEntry* entry = entries.First(); entry != nullptr; entry = entry->Next) {
-        const std::string value(entry->ValueText());
-        EXPECT_EQ(entry->Value[value.size()], '\0');
+    for (const SettingsEntry* entry = entries.First(); entry != nullptr; entry = entry->Next()) {
+        const std::string value(entry->Value());
+        EXPECT_EQ(entry->Value().data()[value.size()], '\0');
         lines.push_back(entry->IsGroup()     ? '[' + value
                         : entry->IsComment() ? ';' + value
-                                             : std::string(entry->KeyText()) + '=' + value);
+                                             : std::string(entry->Key()) + '=' + value);
     }
     return lines;
 }
@@ -65,6 +66,26 @@ TEST(SettingsText, ParsesRandomTextsAlikeAtEveryPlace) {
         Lines expected = Parsed(text);
         expected.insert(expected.begin(), key + "=1");
         ASSERT_EQ(Parsed(key + "=1\n" + text), expected) << testing::PrintToString(text);
+    }
+}
+
+TEST(SettingsText, ParsesAFileCutShortAnywhere) {
+    std::string text = "[Settings]\r\nManufacturer = \r\nMaxRPM = \r\nSpeedType = km/h\r\n";
+    for (int i = 0; i < 3; ++i) {
+        text += "\r\n; tested\r\n[Moto Guzzi - V" + std::to_string(i) +
+                "]\r\nRearWheelWidth = 180\r\nGear6Ratio = \r\nMaxRPM = 8750\r\n";
+    }
+    const Lines whole = Parsed(text);
+    for (std::size_t length = 0; length < text.size(); ++length) {
+        Lines part = Parsed(text.substr(0, length));
+        if (!part.empty()) {
+            // The line that was cut is the whole one's beginning, a key without its "=" apart.
+            std::string last = part.back();
+            last.erase(last.find_last_not_of('=') + 1);
+            EXPECT_TRUE(whole[part.size() - 1].starts_with(last)) << length;
+            part.pop_back();
+        }
+        EXPECT_TRUE(std::equal(part.begin(), part.end(), whole.begin())) << length;
     }
 }
 

@@ -1,0 +1,130 @@
+#include "tests/support/faults.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <new>
+#include <optional>
+#include <sys/types.h>
+
+// The linker leads the calls of the tested code to the functions named __wrap_, and what these call
+// __real_ to the system.
+
+namespace rotavel::tests {
+
+namespace {
+
+std::optional<Faults::Plan> current;
+int callCount = 0;
+int strikeCount = 0;
+char trace[100];
+std::size_t traceLength = 0;
+
+// Whether this call has to fail.
+bool Strikes(char call) {
+    const bool strikes = current && current->Call == call && ++callCount >= current->First &&
+                         callCount <= current->Last;
+    strikeCount += strikes ? 1 : 0;
+    if (strikes) {
+        errno = current->Error;
+    }
+    if (current && call != Faults::Memory && traceLength < sizeof trace &&
+        !(strikes && errno == EINTR)) {
+        trace[traceLength++] = call;
+    }
+    return strikes;
+}
+
+template <typename Real>
+ssize_t Transfer(char call, std::size_t size, Real real) {
+    if (!Strikes(call)) {
+        return real(size);
+    }
+    return errno == Faults::Half ? real((size + 1) / 2) : -1;
+}
+
+}  // namespace
+
+Faults::Faults(const Plan& plan) {
+    callCount = strikeCount = 0;
+    traceLength = 0;
+    current = plan;
+}
+
+Faults::~Faults() {
+    current.reset();
+}
+
+bool Faults::HaveStruck() const {
+    return strikeCount > 0;
+}
+
+std::string Faults::Trace() {
+    return {trace, traceLength};
+}
+
+}  // namespace rotavel::tests
+
+using rotavel::tests::Strikes;
+using rotavel::tests::Transfer;
+
+extern "C" {
+
+ssize_t __real_pread(int file, void* block, std::size_t size, off_t offset);
+ssize_t __wrap_pread(int file, void* block, std::size_t size, off_t offset) {
+    return Transfer('R', size, [&](std::size_t n) { return __real_pread(file, block, n, offset); });
+}
+
+ssize_t __real_pwrite(int file, const void* block, std::size_t size, off_t offset);
+ssize_t __wrap_pwrite(int file, const void* block, std::size_t size, off_t offset) {
+    return Transfer('W', size,
+                    [&](std::size_t n) { return __real_pwrite(file, block, n, offset); });
+}
+
+int __real_fallocate(int file, int mode, off_t offset, off_t size);
+int __wrap_fallocate(int file, int mode, off_t offset, off_t size) {
+    return Strikes('F') ? -1 : __real_fallocate(file, mode, offset, size);
+}
+
+// No test waits for the disk.
+int __wrap_fsync(int /*file*/) {
+    return Strikes('S') ? -1 : 0;
+}
+
+int __real_ftruncate(int file, off_t size);
+int __wrap_ftruncate(int file, off_t size) {
+    return Strikes('T') ? -1 : __real_ftruncate(file, size);
+}
+
+void* __real_malloc(std::size_t size);
+void* __wrap_malloc(std::size_t size) {
+    return Strikes(rotavel::tests::Faults::Memory) ? nullptr : __real_malloc(size);
+}
+}
+
+void* operator new(std::size_t size) {
+    void* const block = malloc(size);
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    return block;
+}
+
+void* operator new[](std::size_t size) {
+    return operator new(size);
+}
+
+void operator delete(void* block) noexcept {
+    free(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept {
+    free(block);
+}
+
+void operator delete[](void* block) noexcept {
+    free(block);
+}
+
+void operator delete[](void* block, std::size_t) noexcept {
+    free(block);
+}
