@@ -55,7 +55,7 @@ TEST(RawFile, ReplacesWholeOrPutsTheOldContentBack) {
         {longer, {'W', 1, 1, EINTR}, Done, longer, "FWS"},
         {longer, {'W', 1, 3, Faults::Half}, Done, longer, "FWWWWS"},
         {longer, {'W', 1, 1, ENOSPC}, Refused, old, "FWWTS"},
-        {longer, {'W', 1, Faults::Always, EIO}, Mixed, old, "FWWTS"},
+        {longer, {'W', 1, Faults::Always, EIO}, Mixed, "old ngxt", "FWWTS"},
         {longer, {'S', 1, 1, EINTR}, Done, longer, "FWS"},
         {longer, {'S', 1, 1, EINVAL}, Done, longer, "FWS"},
         {longer, {'S', 1, 1, EIO}, Refused, old, "FWSWTS"},

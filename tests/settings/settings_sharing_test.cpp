@@ -7,6 +7,7 @@
 #include <thread>
 #include <unistd.h>
 
+#include "settings/settings_document.h"
 #include "settings/settings_store.h"
 #include "tests/support/temporary_folder.h"
 #include "text/utf.h"
@@ -98,19 +99,27 @@ TEST_F(SettingsSharingTest, KeepsWhatAnEditorWroteAndWhatWasTyped) {
 
 TEST_F(SettingsSharingTest, RepeatsOnlyWhatWasWrittenSinceTheLastFlush) {
     Open("top = 1\n[G]\nk = 1\n[g]\nk = 2\n");
-    EXPECT_TRUE(SettingsNextGroup());
-    EXPECT_TRUE(SettingsNextGroup());
+    EXPECT_TRUE(SettingsRewindGroups() && SettingsNextGroup() && SettingsNextGroup());
     EXPECT_TRUE(SettingsWriteString(u"k", u"22"));
     EXPECT_FALSE(SettingsSelectGroup(u"Later"));
     WriteInPlace("[G]\nk = 1\n[x]\n[g]\nk = 3\n");
     EXPECT_TRUE(SettingsFlush());
+    EXPECT_EQ(ReadFile(file), Mark + "\n[G]\nk = 1\n\n[x]\n\n[g]\nk = 22\n");
+    SettingsSelectGroup(u"G");
+    for (const std::u16string_view value : {u"8", u"9"}) {
+        EXPECT_TRUE(SettingsWriteString(u"k", value));
+        WriteInPlace("[G]\nk = 5\n");
+        EXPECT_TRUE(SettingsFlush());
+        EXPECT_EQ(ReadFile(file), Mark + "\n[G]\nk = " + ToUtf8(value) + "\n");
+    }
     WriteInPlace("[G]\nk = 5\n[Later]\nk = 6\n");
     EXPECT_FALSE(SettingsFlush());
+    EXPECT_TRUE(SettingsWriteString(u"m", u"1"));
     SettingsSelectGroup(u"");
     EXPECT_TRUE(SettingsWriteString(u"top", u"new"));
     EXPECT_FALSE(SettingsSelectGroup(u"Later"));
     EXPECT_TRUE(SettingsFlush());
-    EXPECT_EQ(ReadFile(file), Mark + "\ntop = new\n[G]\nk = 5\n\n[Later]\nk = 6\n");
+    EXPECT_EQ(ReadFile(file), Mark + "\ntop = new\n[G]\nk = 5\nm = 1\n\n[Later]\nk = 6\n");
     EXPECT_EQ(SettingsReadInteger(u"k", 0), 6) << "the selected group has come";
     SettingsNextGroup();
     RenameOver("[G]\nk = 5\n");
@@ -138,12 +147,22 @@ TEST_F(SettingsSharingTest, MakesAFileThatHasGoneAgain) {
     EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0640));
 
     // A file that comes while the store has none is somebody's too.
+    const std::string saved = ReadFile(file);
     std::filesystem::remove(file);
     EXPECT_FALSE(SettingsOpen(path, GroupSpacing));
     EXPECT_TRUE(SettingsWriteInteger(u"Top", 9));
-    WriteInPlace("[A - 1]\n");
+    WriteInPlace(saved);
     SettingsClose();
-    EXPECT_EQ(ReadFile(file), Mark + "\nTop = 9\n[A - 1]\n");
+    EXPECT_EQ(ReadFile(file), Mark + "\nTop = 9\n" + saved.substr(Mark.size() + 1));
+
+    // Emptied, it is written like any empty file.
+    Open();
+    WriteInPlace("");
+    for (const std::int64_t value : {7, 8}) {
+        EXPECT_TRUE(SettingsWriteInteger(u"MaxRPM", value));
+        EXPECT_TRUE(SettingsFlush());
+        EXPECT_EQ(ReadFile(file), "[Settings]\nMaxRPM = " + std::to_string(value) + "\n");
+    }
 }
 
 TEST_F(SettingsSharingTest, KeepsLinksAndPermissions) {
@@ -233,6 +252,18 @@ TEST_F(SettingsSharingTest, WaitsForAnotherProgramThatIsSaving) {
     EXPECT_TRUE(SettingsWriteInteger(u"MaxRPM", 8));
     EXPECT_TRUE(SettingsFlush());
     close(next);
+}
+
+TEST(SettingsDocument, TellsEveryChangeByTheFingerprint) {
+    for (std::size_t length = 0; length < 100; ++length) {
+        const std::string text(length, 'x');
+        EXPECT_NE(FingerprintOf(text), FingerprintOf(text + '\0'));
+        for (std::size_t i = 0; i < length; ++i) {
+            std::string changed = text;
+            changed[i] = 'y';
+            EXPECT_NE(FingerprintOf(text), FingerprintOf(changed)) << length << ' ' << i;
+        }
+    }
 }
 
 }  // namespace

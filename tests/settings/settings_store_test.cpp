@@ -1,5 +1,6 @@
 #include "settings/settings_store.h"
 
+#include <cerrno>
 #include <cmath>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -95,6 +96,8 @@ TEST_F(SettingsStoreTest, RewritesTheFile) {
         {"", u"", 0, "New = x\n"},
         {Mark + "[\xFF]\n\xC3=\xE9", u"", 0, Mark + "\nNew = x\n[\xFF]\n\xC3 = \xE9\n"},
         {"k = \xE9\n", u"", 0, Mark + "\nk = \xC3\xA9\nNew = x\n"},
+        {"k = 90\xB0 is a right angle\n", u"", 0,
+         Mark + "\nk = 90\xC2\xB0 is a right angle\nNew = x\n"},
         {std::string("z\0=\0 0\n", 7), u"", 0, Mark + std::string("\nz\0 = \0 0\nNew = x\n", 18)},
     };
     for (const auto& [before, group, flags, after] : cases) {
@@ -147,7 +150,11 @@ TEST_F(SettingsStoreTest, NeverRewritesAFileOpenedForReadingOnly) {
     ASSERT_TRUE(!isSuperuser || seteuid(0) == 0);
     EXPECT_TRUE(SettingsWriteString(u"k", u"2"));
     EXPECT_EQ(SettingsReadInteger(u"k", 0), 2);
-    EXPECT_FALSE(SettingsFlush());
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_FALSE(SettingsFlush());
+        EXPECT_EQ(SettingsSaveError(), EACCES);
+        EXPECT_FALSE(SettingsSelectGroup(u"")) << "the flush closes the file";
+    }
     EXPECT_EQ(Closed(), "k = 1\n");
 }
 

@@ -76,8 +76,15 @@ ssize_t __wrap_pread(int file, void* block, std::size_t size, off_t offset) {
 
 ssize_t __real_pwrite(int file, const void* block, std::size_t size, off_t offset);
 ssize_t __wrap_pwrite(int file, const void* block, std::size_t size, off_t offset) {
-    return Transfer('W', size,
-                    [&](std::size_t n) { return __real_pwrite(file, block, n, offset); });
+    const ssize_t put =
+        Transfer('W', size, [&](std::size_t n) { return __real_pwrite(file, block, n, offset); });
+    if (put < 0 && errno != EINTR) {
+        // A write that fails may have written a part all the same.
+        const int error = errno;
+        __real_pwrite(file, block, size / 2, offset);
+        errno = error;
+    }
+    return put;
 }
 
 int __real_fallocate(int file, int mode, off_t offset, off_t size);
