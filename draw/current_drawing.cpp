@@ -1,5 +1,7 @@
 #include "draw/current_drawing.h"
 
+#include <memory>
+
 #include "gui/canvas_gadget.h"
 #include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
@@ -29,6 +31,7 @@ bool BeginDrawing(const DrawingTarget& target) {
     current = std::make_unique<Drawing>();
     current->Target = target;
     current->Path.setFillRule(Qt::WindingFill);
+    current->Path.moveTo(0, 0);
     if (!current->Painter.begin(FromHandle(target.Bitmap))) {
         current.reset();
         return false;
@@ -49,11 +52,6 @@ void EndDrawingOn(const NativeImage* bitmap) {
     if (current != nullptr && current->Target.Bitmap == bitmap) {
         EndDrawing();
     }
-}
-
-QColor ToQColor(Colour colour) {
-    return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
-                  static_cast<int>(colour >> 16 & 0xFF), static_cast<int>(colour >> 24));
 }
 
 }  // namespace rotavel

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 
 #include <QColor>
 #include <QFont>
@@ -9,7 +8,6 @@
 #include <QPainterPath>
 #include <QTransform>
 
-#include "draw/colour.h"
 #include "draw/drawing_target.h"
 
 namespace rotavel {
@@ -35,7 +33,5 @@ void EndDrawing();
 
 // Ends the current drawing if it works on this bitmap, which goes.
 void EndDrawingOn(const NativeImage* bitmap);
-
-QColor ToQColor(Colour colour);
 
 }  // namespace rotavel

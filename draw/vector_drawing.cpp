@@ -4,10 +4,13 @@
 #include <cmath>
 
 #include <QFontMetricsF>
+#include <QLineF>
+#include <QPainterPathStroker>
 
 #include "draw/current_drawing.h"
 #include "draw/dots.h"
 #include "draw/image.h"
+#include "gui/toolkit/colour.h"
 #include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
 #include "gui/toolkit/text.h"
@@ -19,17 +22,13 @@ namespace {
 constexpr double LargestCoordinate = 1e6;
 constexpr double PointsPerInch = 72;
 
-// Dots closer than this many pixels are drawn as a line.
-constexpr double SmallestDistance = 1.0 / 16;
-
-// Larger dots are too few to be worth a stamp.
-constexpr double LargestStamp = 32;
-
 // How many times as long as the line is wide the point of a corner may be; longer ones are cut off.
 constexpr double MiterLimit = 10;
 
-// Strokes go through the middle of the pixels of whole coordinates, so that they are sharp.
-constexpr double PixelMiddle = 0.5;
+// In pixels, less than antialiasing shows. A line of one pixel or less gets a hairline from the
+// toolkit, pale and low where it slants, and one of no length is dropped though it has ends: both
+// are made this much larger.
+constexpr double Hair = 1e-4;
 
 // The rasteriser takes no infinite or undefined coordinates and does badly with huge ones.
 double Bounded(double coordinate) {
@@ -54,8 +53,15 @@ Qt::PenCapStyle CapFor(double width, std::uint32_t flags) {
     return (flags & StrokeSquareEnd) != 0 || width <= 1 ? Qt::SquareCap : Qt::FlatCap;
 }
 
-QPen PenFor(const Drawing& drawing, double width, std::uint32_t flags) {
-    QPen pen(drawing.Colour, std::max(Bounded(width), 0.0));
+// Strokes of an odd width go through the middle of the pixels of whole coordinates and those of an
+// even width between them, so that both cover whole pixels.
+QPainterPath SharpFor(double width, const QPainterPath& path) {
+    const double shift = std::lround(std::max(width, 1.0)) % 2 == 0 ? 0 : 0.5;
+    return path.translated(shift, shift);
+}
+
+QPen PenFor(const QColor& colour, double width, std::uint32_t flags) {
+    QPen pen(colour, width + Hair);
     pen.setCapStyle(CapFor(width, flags));
     pen.setJoinStyle((flags & StrokeRoundJoin) != 0   ? Qt::RoundJoin
                      : (flags & StrokeBevelJoin) != 0 ? Qt::BevelJoin
@@ -64,13 +70,65 @@ QPen PenFor(const Drawing& drawing, double width, std::uint32_t flags) {
     return pen;
 }
 
-void Stroke(Drawing& drawing, const QPen& pen, std::uint32_t flags) {
-    if (pen.widthF() > 0) {  // the toolkit would draw a hairline for a width of 0
-        drawing.Painter.setTransform(QTransform::fromTranslate(PixelMiddle, PixelMiddle));
-        drawing.Painter.strokePath(drawing.Path, pen);
+void Stroke(QPainter& painter, const QPainterPath& path, const QPen& pen) {
+    if (pen.widthF() * painter.device()->devicePixelRatio() > 1) {
+        painter.strokePath(path, pen);
+    } else {
+        painter.fillPath(QPainterPathStroker(pen).createStroke(path), pen.color());
+    }
+}
+
+// An empty image for what is to be laid over another.
+QImage LayerOver(const QImage& image) {
+    QImage layer(image.size(), QImage::Format_ARGB32_Premultiplied);
+    layer.setDevicePixelRatio(image.devicePixelRatio());
+    layer.fill(Qt::transparent);
+    return layer;
+}
+
+// Has the current drawing painted on, if there is one, and begins a new path unless the flags keep
+// the present one. Painting gets an opaque colour and may paint a place twice.
+template <typename Painting>
+void Paint(std::uint32_t flags, Painting paint) {
+    Drawing* const drawing = CurrentDrawing();
+    if (drawing == nullptr) {
+        return;
+    }
+    QPainter& painter = drawing->Painter;
+    painter.setTransform(QTransform());
+    QColor opaque = drawing->Colour;
+    opaque.setAlpha(255);
+    if (opaque == drawing->Colour) {
+        paint(painter, drawing->Path, opaque);
+    } else {
+        QImage layer = LayerOver(*FromHandle(drawing->Target.Bitmap));
+        QPainter onLayer(&layer);
+        onLayer.setRenderHints(painter.renderHints());
+        paint(onLayer, drawing->Path, opaque);
+        onLayer.end();
+        painter.setOpacity(drawing->Colour.alphaF());
+        painter.drawImage(0, 0, layer);
+        painter.setOpacity(1);
     }
     if ((flags & StrokeKeepPath) == 0) {
-        BeginNewPath(drawing);
+        BeginNewPath(*drawing);
+    }
+}
+
+// Adds a line to a path; one of no length counts where no other follows it.
+void AddLine(QPainterPath& path, QPointF to) {
+    const int last = path.elementCount() - 1;
+    const bool isFirst = path.elementAt(last).isMoveTo();
+    const QPointF start = path.elementAt(isFirst ? last : last - 1);
+    const bool isAfterNone = !isFirst && path.elementAt(last - 1).isMoveTo() &&
+                             QLineF(start, path.currentPosition()).length() <= Hair;
+    if (to == start && (isFirst || isAfterNone)) {
+        to.rx() += Hair;
+    }
+    if (isAfterNone) {
+        path.setElementPositionAt(last, to.x(), to.y());
+    } else {
+        path.lineTo(to);
     }
 }
 
@@ -94,7 +152,7 @@ void VectorEnd() {
 
 void VectorSetColour(Colour colour) {
     if (Drawing* const drawing = CurrentDrawing()) {
-        drawing->Colour = ToQColor(colour);
+        drawing->Colour = ToColour(colour);
     }
 }
 
@@ -125,7 +183,7 @@ void PathMoveTo(double x, double y) {
 
 void PathLineTo(double x, double y) {
     if (Drawing* const drawing = CurrentDrawing()) {
-        drawing->Path.lineTo(Mapped(*drawing, x, y));
+        AddLine(drawing->Path, Mapped(*drawing, x, y));
     }
 }
 
@@ -140,45 +198,24 @@ void PathAddBox(double x, double y, double width, double height) {
 }
 
 void PathStroke(double width, std::uint32_t flags) {
-    if (Drawing* const drawing = CurrentDrawing()) {
-        Stroke(*drawing, PenFor(*drawing, width, flags), flags);
-    }
+    Paint(flags, [=](QPainter& painter, const QPainterPath& path, const QColor& colour) {
+        if (const double bounded = Bounded(width); bounded > 0) {
+            Stroke(painter, SharpFor(bounded, path), PenFor(colour, bounded, flags));
+        }
+    });
 }
 
 void PathStrokeDotted(double width, double distance, std::uint32_t flags) {
-    Drawing* const drawing = CurrentDrawing();
-    if (drawing == nullptr) {
-        return;
-    }
-    if (!(distance >= SmallestDistance)) {
-        // Such dots cannot be told from a line.
-        Stroke(*drawing, PenFor(*drawing, width, flags), flags);
-        return;
-    }
-    QImage& bitmap = *FromHandle(drawing->Target.Bitmap);
-    const bool round = (flags & StrokeRoundEnd) != 0;
-    const double size = std::max(Bounded(width), 0.0);
-    const QRectF visible =
-        QRectF(QPointF(), bitmap.deviceIndependentSize()).adjusted(-size, -size, size, size);
-    const std::vector<Dot> dots =
-        DotsAlong(drawing->Path.translated(PixelMiddle, PixelMiddle), distance, visible);
-    if (round && size <= LargestStamp) {
-        StampDots(bitmap, dots, size, drawing->Colour);
-    } else {
-        drawing->Painter.setTransform(QTransform());
-        drawing->Painter.fillPath(OutlineOfDots(dots, size, round), drawing->Colour);
-    }
-    if ((flags & StrokeKeepPath) == 0) {
-        BeginNewPath(*drawing);
-    }
+    Paint(flags, [=](QPainter& painter, const QPainterPath& path, const QColor& colour) {
+        const DotStyle style{Bounded(width), distance, (flags & StrokeRoundEnd) != 0};
+        PaintDots(painter, SharpFor(style.Size, path), style, colour);
+    });
 }
 
 void PathFill() {
-    if (Drawing* const drawing = CurrentDrawing()) {
-        drawing->Painter.setTransform(QTransform());
-        drawing->Painter.fillPath(drawing->Path, drawing->Colour);
-        BeginNewPath(*drawing);
-    }
+    Paint(0, [](QPainter& painter, const QPainterPath& path, const QColor& colour) {
+        painter.fillPath(path, colour);
+    });
 }
 
 void VectorDrawText(std::u16string_view text) {

@@ -1,9 +1,15 @@
 #include "draw/vector_drawing.h"
 
+#include <algorithm>
 #include <cmath>
+#include <ctime>
 #include <functional>
 #include <map>
 #include <sstream>
+#include <string>
+#include <vector>
+
+#include <QLineF>
 
 #include "gui/font.h"
 #include "tests/support/pixels.h"
@@ -48,6 +54,37 @@ std::int64_t Start(int width = 60, int height = 60) {
     return image;
 }
 
+// Where a stroke of a width along whole coordinates has its middle.
+QPointF MiddleFor(double width) {
+    return std::fmod(width, 2) == 0 ? QPointF(0, 0) : QPointF(0.5, 0.5);
+}
+
+double Across(QPointF from, QPointF along) {
+    return from.x() * along.y() - from.y() * along.x();
+}
+
+// Whether each of an image's own pixels is as dark as the part of it that is covered, as far as 16
+// by 16 places in it tell.
+template <typename Covers>
+testing::AssertionResult HasCoverage(std::int64_t image, double tolerance, Covers covers) {
+    const QImage& bitmap = *FromHandle(ImageHandle(image));
+    for (int y = 0; y < bitmap.height(); ++y) {
+        for (int x = 0; x < bitmap.width(); ++x) {
+            int covered = 0;
+            for (int i = 0; i < 16 * 16; ++i) {
+                const QPointF place(x + (i % 16 + 0.5) / 16, y + (i / 16 + 0.5) / 16);
+                covered += covers(place / bitmap.devicePixelRatio()) ? 1 : 0;
+            }
+            const double found = 1 - qGray(bitmap.pixel(x, y)) / 255.0;
+            if (std::abs(found - covered / 256.0) > tolerance) {
+                return testing::AssertionFailure() << "at " << x << ", " << y << ": " << found
+                                                   << " instead of " << covered / 256.0;
+            }
+        }
+    }
+    return testing::AssertionSuccess();
+}
+
 using VectorDrawingTest = DrawTest;
 
 TEST_F(VectorDrawingTest, PathsCoverTheirPixelsWhole) {
@@ -63,6 +100,10 @@ TEST_F(VectorDrawingTest, PathsCoverTheirPixelsWhole) {
         {"M 2 5 L 9 5 S 1 0 L 0 4 S 1 0", {0, 0, 10, 6}, 13},
         {"M 2 5 L 9 5 D 1 99 0 L 0 4 S 1 0", {0, 0, 3, 6}, 6},
         {"M 2 5 L 9 5 D 1 3 8 S 1 0", {2, 5, 8, 1}, 8},
+        {"M 2 5 L 9 5 S 2 0", {2, 4, 7, 2}, 14},
+        {"B 10 20 9 6 S 2 0 M 40 40 L 40 50 S 3 32", {9, 19, 33, 33}, 60 + 39},
+        {"M 9 5 L 9 5 S 1 0 M 7 30 L 7 30 S 3 32 M 40 5 L 40 5 S 3 0", {6, 5, 4, 27}, 10},
+        {"M 9 5 L 9 5 L 9 5 L 9 8 L 5 8 S 1 0 M 50 50 S 9 32", {5, 5, 5, 4}, 8},
         // Points stay where the coordinates of their moment put them.
         {"R 30 40 -90 M 30 40 L 38 40 S 1 0", {30, 32, 1, 9}, 9},
         {"M 30 40 R 5 50 -90 L 53 75 R 5 50 90 M 50 2 L 59 2 S 1 0", {30, 2, 30, 39}, 49},
@@ -72,11 +113,96 @@ TEST_F(VectorDrawingTest, PathsCoverTheirPixelsWhole) {
         Draw(each.Drawing);
         EXPECT_EQ(InkIn(image).Covered, each.Covered) << each.Drawing;
         EXPECT_EQ(InkIn(image).Pixels, each.Pixels) << each.Drawing;
+        EXPECT_EQ(InkIn(image).Blacks, each.Pixels) << each.Drawing;
     }
-    const std::int64_t image = Start();
-    Draw("M 10 20 L 30 20 S 9 16");
-    EXPECT_EQ(PixelOf(image, 7, 20), Black);
-    EXPECT_EQ(PixelOf(image, 6, 16), White) << "outside of the round end";
+}
+
+TEST_F(VectorDrawingTest, LinesCoverWhatTheyAreWide) {
+    for (const auto& line : {QLineF(5, 5, 45, 45), QLineF(5, 30, 55, 31), QLineF(3, 57, 57, 20),
+                             QLineF(-900, -640, 90, 70)}) {
+        for (const double width : {0.4, 1.0, 2.25}) {
+            const std::int64_t image = Start();
+            PathMoveTo(line.x1(), line.y1());
+            PathLineTo(line.x2(), line.y2());
+            PathStroke(width);
+            const QPointF along = (line.p2() - line.p1()) / line.length();
+            const double end = width <= 1 ? width / 2 : 0;
+            EXPECT_TRUE(HasCoverage(image, 1.0 / 16,
+                                    [&](QPointF place) {
+                                        const QPointF from = place - line.p1() - MiddleFor(width);
+                                        const double distance = QPointF::dotProduct(from, along);
+                                        return std::abs(Across(from, along)) <= width / 2 &&
+                                               distance >= -end && distance <= line.length() + end;
+                                    }))
+                << line.x1() << " by " << width;
+        }
+    }
+}
+
+TEST_F(VectorDrawingTest, DotsStandWhereTheirDistancePutsThem) {
+    const struct {
+        std::vector<QPointF> Line;
+        double Size, Distance;
+        std::uint32_t Flags;
+        std::vector<QPointF> Dots;
+    } cases[] = {
+        {{{5, 10}, {45, 10}},
+         1,
+         10,
+         StrokeRoundEnd,
+         {{5, 10}, {15, 10}, {25, 10}, {35, 10}, {45, 10}}},
+        {{{40, 55}, {10, 15}}, 6, 25, StrokeRoundEnd, {{40, 55}, {25, 35}, {10, 15}}},
+        {{{40, 55}, {10, 15}}, 6, 25, 0, {{40, 55}, {25, 35}, {10, 15}}},
+        // Those that overlap, and those that only reach into the image.
+        {{{-40, 20}, {50, 20}},
+         20,
+         15,
+         StrokeRoundEnd,
+         {{-10, 20}, {5, 20}, {20, 20}, {35, 20}, {50, 20}}},
+        {{{50, 80}, {2, 16}},
+         20,
+         16,
+         StrokeRoundEnd,
+         {{50, 80}, {40.4, 67.2}, {30.8, 54.4}, {21.2, 41.6}, {11.6, 28.8}, {2, 16}}},
+        {{{-95, 30}, {305, 30}}, 9, 100, 0, {{5, 30}}},
+        {{{60, -4}, {60, 66}}, 9, 35, 0, {{60, -4}, {60, 31}, {60, 66}}},
+        // The distance goes round corners, over lines shorter than it and past places taken before.
+        {{{3, 2}, {10, 2}, {10, 5}, {10, 30}}, 1, 10, 0, {{3, 2}, {10, 5}, {10, 15}, {10, 25}}},
+        {{{5, 5}, {25, 5}, {5, 5}}, 7, 10, StrokeRoundEnd, {{5, 5}, {15, 5}, {25, 5}}},
+        {{{5, 5}, {25, 5}, {15, 5}, {15, 25}},
+         5,
+         10,
+         0,
+         {{5, 5}, {15, 5}, {25, 5}, {15, 15}, {15, 25}}},
+        {{{30, 30}, {30, 30}}, 40, 7, StrokeRoundEnd, {{30, 30}}},
+        {{{30, 30}, {30, 30}}, 4, 7, 0, {{30, 30}}},
+    };
+    for (const auto& each : cases) {
+        const std::int64_t image = Start();
+        PathMoveTo(each.Line[0].x(), each.Line[0].y());
+        for (std::size_t i = 1; i < each.Line.size(); ++i) {
+            PathLineTo(each.Line[i].x(), each.Line[i].y());
+        }
+        PathStrokeDotted(each.Size, each.Distance, each.Flags);
+        const QLineF line(each.Line[0], each.Line[1]);
+        const QPointF along =
+            line.isNull() ? QPointF(1, 0) : (line.p2() - line.p1()) / line.length();
+        const double reach = each.Size / 2;
+        const auto covers = [&](QPointF from) {
+            return each.Flags == StrokeRoundEnd
+                       ? QPointF::dotProduct(from, from) <= reach * reach
+                       : std::max(std::abs(QPointF::dotProduct(from, along)),
+                                  std::abs(Across(from, along))) <= reach;
+        };
+        EXPECT_TRUE(HasCoverage(image, 0.1,
+                                [&](QPointF place) {
+                                    return std::any_of(
+                                        each.Dots.begin(), each.Dots.end(), [&](QPointF dot) {
+                                            return covers(place - dot - MiddleFor(each.Size));
+                                        });
+                                }))
+            << each.Line[0].x() << ", " << each.Size;
+    }
 }
 
 TEST_F(VectorDrawingTest, DotsDoNotDrift) {
@@ -89,12 +215,40 @@ TEST_F(VectorDrawingTest, DotsDoNotDrift) {
         }
         EXPECT_EQ(InkIn(image).Pixels, 71 + 70) << "each covers its pixel alone";
     }
-    const std::int64_t image = Start();
-    Draw("M 3 2 L 10 2 L 10 30 D 1 10 0");
-    EXPECT_EQ(PixelOf(image, 10, 25), Black) << "their distance goes round corners";
-    Draw("M 40 40 L 50 50 D 9 99 0");
-    EXPECT_EQ(PixelOf(image, 40, 35), Black) << "square ones stand on their line";
-    EXPECT_EQ(PixelOf(image, 36, 36), White);
+}
+
+TEST_F(VectorDrawingTest, DotsTakeNoLongerThanALine) {
+    Start(1000, 1000);
+    const auto millisecondsFor = [](const char* stroke) {
+        const std::clock_t start = std::clock();
+        Draw(stroke);
+        return static_cast<double>(std::clock() - start) * 1000 / CLOCKS_PER_SEC;
+    };
+    for (const char* const drawing :
+         {"M 50 100 L 950 800 D 700 0.001 16", "M 50 100 L 950 800 D 700 0 0",
+          "M 50 100 L 950 800 D 40 3 16", "M -999999 500 L 999999 501 D 2 2.5 16",
+          "M -999999 500 L 999999 501 D 90 1 16", "M 500 500 L 500 500 D 999999 0.1 16"}) {
+        EXPECT_LT(millisecondsFor(drawing), 60) << drawing;
+    }
+}
+
+// Colours do not add up within one stroke or fill.
+TEST_F(VectorDrawingTest, TranslucentColoursBlendOnce) {
+    for (const char* const drawing :
+         {"M 5 5 L 45 5 M 25 1 L 25 40 S 1 0", "M 5 5 L 45 5 M 25 1 L 25 40 S 4 0",
+          "B 5 5 20 20 B 10 10 30 30 F", "B 5 5 20 20 B 10 10 30 30 S 6 64",
+          "M 5 20 L 45 20 M 25 1 L 25 40 D 9 6 16", "M 5 20 L 45 20 M 25 0 L 25 40 D 5 8 0"}) {
+        const std::int64_t image = Start();
+        VectorSetColour(ColourRGBA(0, 0, 0, 102));
+        Draw(drawing);
+        QRgb darkest = White;
+        for (int pixel = 0; pixel < 60 * 60; ++pixel) {
+            darkest = std::min(darkest, PixelOf(image, pixel % 60, pixel / 60));
+        }
+        EXPECT_NEAR(qGray(darkest), 153, 1) << drawing;
+        Draw("B 50 50 9 9 F");
+        EXPECT_NEAR(qGray(PixelOf(image, 55, 55)), 153, 1) << "nor is the next one thinner";
+    }
 }
 
 TEST_F(VectorDrawingTest, TextHangsFromTheCurrentPointAndTurnsWithTheCoordinates) {

@@ -13,8 +13,7 @@ namespace rotavel::tests {
 inline constexpr QRgb Black = 0x000000;
 inline constexpr QRgb White = 0xFFFFFF;
 
-// A test that looks at images, in the program's pixels whatever the screen's
-// scale.
+// A test that looks at images, in the program's pixels whatever the screen's scale.
 class DrawTest : public GuiTest {
   protected:
     void TearDown() override {
@@ -40,15 +39,18 @@ inline QSize SizeOf(std::int64_t image) {
 struct Ink {
     QRect Covered;  // the smallest rectangle around it
     int Pixels = 0;
+    int Blacks = 0;  // of these
 };
 inline Ink InkIn(std::int64_t image, const QRect& within = {0, 0, 1000, 1000}) {
     Ink ink;
     const QRect visible = within & QRect({}, SizeOf(image));
     for (int y = visible.top(); y <= visible.bottom(); ++y) {
         for (int x = visible.left(); x <= visible.right(); ++x) {
-            const bool isInk = PixelOf(image, x, y) != White;
+            const QRgb colour = PixelOf(image, x, y);
+            const bool isInk = colour != White;
             ink.Covered |= isInk ? QRect(x, y, 1, 1) : QRect();
             ink.Pixels += isInk ? 1 : 0;
+            ink.Blacks += colour == Black ? 1 : 0;
         }
     }
     return ink;
