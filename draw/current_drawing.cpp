@@ -1,6 +1,6 @@
 #include "draw/current_drawing.h"
 
-#include <memory>
+#include <utility>
 
 #include "gui/canvas_gadget.h"
 #include "gui/toolkit/handle.h"
@@ -10,12 +10,13 @@ namespace rotavel {
 
 namespace {
 
-std::unique_ptr<Drawing> current;
+// Not destroyed at exit: it ends when the bitmap that it works on goes, in whatever order they go.
+Drawing* current = nullptr;
 
 }  // namespace
 
 Drawing* CurrentDrawing() {
-    return current.get();
+    return current;
 }
 
 bool BeginDrawing(const DrawingTarget& target) {
@@ -28,12 +29,12 @@ bool BeginDrawing(const DrawingTarget& target) {
             EndDrawing();
         }
     });
-    current = std::make_unique<Drawing>();
+    current = new Drawing;
     current->Target = target;
     current->Path.setFillRule(Qt::WindingFill);
     current->Path.moveTo(0, 0);
     if (!current->Painter.begin(FromHandle(target.Bitmap))) {
-        current.reset();
+        delete std::exchange(current, nullptr);
         return false;
     }
     return true;
@@ -44,7 +45,7 @@ void EndDrawing() {
         return;
     }
     const std::int64_t canvas = current->Target.Canvas;
-    current.reset();
+    delete std::exchange(current, nullptr);
     ShowCanvasBitmap(canvas);
 }
 

@@ -15,7 +15,10 @@ namespace rotavel {
 
 namespace {
 
-NumberedObjects<QImage> registry;
+// Ends the drawing on an image that it takes along at exit.
+struct Images : NumberedObjects<QImage> {
+    ~Images() { ImageFree(AnyNumber); }
+} registry;
 
 std::int64_t Register(std::int64_t number, QImage bitmap) {
     if (bitmap.isNull() || number < AnyNumber) {
@@ -76,7 +79,11 @@ std::int64_t ImageGrab(std::int64_t source, std::int64_t number, std::int64_t x,
         return 0;
     }
     bitmap.fill(Qt::white);
-    QPainter(&bitmap).drawImage(-ToCoordinate(x), -ToCoordinate(y), *from);
+    // Pixels are copied whole, also where the screen's scale splits them.
+    const auto wholeAt = [scale = bitmap.devicePixelRatio()](std::int64_t place) {
+        return std::floor(ToCoordinate(place) * scale + 0.5) / scale;
+    };
+    QPainter(&bitmap).drawImage(QPointF(-wholeAt(x), -wholeAt(y)), *from);
     return Register(number, std::move(bitmap));
 }
 

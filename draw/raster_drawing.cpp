@@ -84,7 +84,9 @@ void RasterDrawImage(NativeImage* image, std::int64_t x, std::int64_t y) {
     Drawing* const drawing = CurrentDrawing();
     if (drawing != nullptr && image != nullptr) {
         drawing->Painter.setTransform(QTransform());
-        drawing->Painter.drawImage(ToCoordinate(x), ToCoordinate(y), *FromHandle(image));
+        // The toolkit copies the pixels of an image that is being drawn on, and only of that one.
+        const QImage source = *FromHandle(image);
+        drawing->Painter.drawImage(ToCoordinate(x), ToCoordinate(y), source);
     }
 }
 
