@@ -46,7 +46,9 @@ void EndDrawing() {
     }
     const std::int64_t canvas = current->Target.Canvas;
     delete std::exchange(current, nullptr);
-    ShowCanvasBitmap(canvas);
+    if (canvas >= 0) {
+        ShowCanvasBitmap(canvas);
+    }
 }
 
 void EndDrawingOn(const NativeImage* bitmap) {
