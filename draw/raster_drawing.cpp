@@ -70,7 +70,7 @@ void RasterLine(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t 
     drawing->Painter.setTransform(QTransform());
     const QSizeF size = FromHandle(drawing->Target.Bitmap)->deviceIndependentSize();
     const auto edge = static_cast<std::int64_t>(flat ? size.width() : size.height());
-    QColor opaque = ToColour(colour);
+    QColor opaque = ToQColor(colour);
     opaque.setAlpha(255);
     const std::int64_t end = std::min(walk.To, edge);
     for (std::int64_t place = std::max<std::int64_t>(walk.From, 0); place <= end; ++place) {

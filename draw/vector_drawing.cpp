@@ -152,7 +152,7 @@ void VectorEnd() {
 
 void VectorSetColour(Colour colour) {
     if (Drawing* const drawing = CurrentDrawing()) {
-        drawing->Colour = ToColour(colour);
+        drawing->Colour = ToQColor(colour);
     }
 }
 

@@ -12,6 +12,7 @@
 #include "gui/application.h"
 #include "gui/canvas_gadget.h"
 #include "gui/gadget.h"
+#include "gui/toolkit/handle.h"
 #include "gui/window.h"
 #include "tests/support/pixels.h"
 
@@ -164,7 +165,7 @@ TEST_F(ImageTest, DrawsOnCanvases) {
     ASSERT_TRUE(RasterBegin(CanvasRasterTarget(1)));
     RasterLine(79, 0, 79, 59, 0);
     RasterEnd();
-    const QImage& bitmap = *CanvasBitmap(1);
+    const QImage& bitmap = *FromHandle(CanvasBitmap(1));
     EXPECT_EQ(PixelOf(bitmap, 5, 5), Black);
     EXPECT_EQ(PixelOf(bitmap, 79, 59), Black);
     EXPECT_EQ(PixelOf(bitmap, 78, 59), White);
