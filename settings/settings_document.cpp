@@ -66,12 +66,13 @@ int ReadSettingsFile(RawFile& file, SettingsBytes& content) {
     if (*size > LargestSettingsText) {
         return EFBIG;
     }
-    content = MakeBlock(static_cast<std::size_t>(*size));
-    const std::optional<std::size_t> got = file.Read(content.Block.get(), content.Length);
+    SettingsBytes read = MakeBlock(static_cast<std::size_t>(*size));
+    const std::optional<std::size_t> got = file.Read(read.Block.get(), read.Length);
     if (!got) {
         return file.Error();
     }
-    content.Length = *got;
+    read.Length = *got;
+    content = std::move(read);
     return 0;
 }
 

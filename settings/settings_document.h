@@ -21,7 +21,8 @@ struct SettingsDocument {
 };
 
 // Reads the whole of an open file. The block has SettingsTextPadding bytes more than were read.
-// Returns 0, or the value of errno that says why the file could not be read.
+// Returns 0, or the value of errno that says why the file could not be read; `content` is then as
+// it was.
 int ReadSettingsFile(RawFile& file, SettingsBytes& content);
 
 // Takes a file's content apart into an empty document, which keeps what was found until then where

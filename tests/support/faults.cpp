@@ -25,7 +25,9 @@ bool Strikes(char call) {
                          callCount <= current->Last;
     strikeCount += strikes ? 1 : 0;
     if (strikes) {
-        errno = current->Error;
+        // Where all fail, the first failure is the reason and the others must not hide it.
+        const bool isAfterFailure = strikeCount > 1 && current->Error != Faults::Half;
+        errno = isAfterFailure && current->Last == Faults::Always ? EBADF : current->Error;
     }
     if (current && call != Faults::Memory && traceLength < sizeof trace &&
         !(strikes && errno == EINTR)) {
