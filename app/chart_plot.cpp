@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "app/chart_top_speed.h"
 #include "app/main_window.h"
 #include "draw/colour.h"
 #include "draw/vector_drawing.h"

@@ -7,9 +7,12 @@
 #include <string>
 #include <string_view>
 
+#include "app/tyre_circumference.h"
+
 namespace rotavel {
 
 inline constexpr std::size_t GearCount = 6;
+inline constexpr std::int64_t MinutesPerHour = 60;
 
 // The working set of one calculation.
 struct GearInputs {
@@ -25,11 +28,12 @@ using GearMask = std::uint64_t;
 // The entries of the speed-unit box, by their place in it.
 enum class SpeedUnit : std::int64_t { Kmh = 0, Mph = 1 };
 
+// What a speed in km/h is multiplied with to be shown in the unit.
+double UnitFactor(SpeedUnit unit);
+
 // The texts of the entry fields, as they stand there.
 struct GearTexts {
-    std::u16string Width;    // millimetres (180), or inches when below 10 (3.25)
-    std::u16string Percent;  // tyre height in percent of the width, not looked at for an inch size
-    std::u16string Rim;      // rim diameter, inches
+    TyreTexts Tyre;
     std::u16string PrimaryRatio;
     std::u16string FinalDriveRatio;
     std::array<std::u16string, GearCount> GearRatio;
@@ -37,7 +41,7 @@ struct GearTexts {
 
 struct GearReading {
     GearMask Mask = 0;
-    std::optional<std::u16string> InchWidth;  // an inch size: the width as it is to be shown
+    std::optional<std::u16string> InchWidth;  // an inch width as it is to be shown
 };
 
 // Reads the texts into the inputs, which are not cleared first: an inch size that is not made
@@ -57,25 +61,5 @@ std::array<std::optional<double>, GearCount> RoadSpeeds(const GearInputs& inputs
 // Nothing when the mask lacks the gear or the speed is not above 0.
 std::optional<double> EngineSpeed(const GearInputs& inputs, GearMask mask, std::size_t gear,
                                   std::u16string_view speed, SpeedUnit unit);
-
-// Road speed in the unit of the gear (0 to 5) at maxRpm turns a minute, rounded to a whole number:
-// where the gear's line ends in the chart.
-std::int64_t GearTopSpeed(const GearInputs& inputs, std::size_t gear, std::int64_t maxRpm,
-                          SpeedUnit unit);
-
-// Road speed in the unit at the top of the chart, the next multiple of 10 strictly above what the
-// top gear reaches at maxRpm turns a minute. Nothing when the mask is 0.
-//
-// topGearIndex (-1 to 5, 0 before the first use) is the gear that sets it, counted from 0; the
-// caller keeps it from one use to the next. Once it is not 0 only sixth gear can displace it, even
-// when its own gear has no ratio any more. -1, found when a first use has nothing but first gear,
-// stands for the final drive ratio in place of a gear's.
-std::optional<std::int64_t> TopSpeedForChart(const GearInputs& inputs, GearMask mask,
-                                             std::int64_t maxRpm, SpeedUnit unit,
-                                             std::int64_t& topGearIndex);
-
-// The nearest whole number, of two equally near the even one. What does not fit in 64 bits becomes
-// the nearest value that does; not-a-number becomes 0.
-std::int64_t RoundToInteger(double value);
 
 }  // namespace rotavel

@@ -16,9 +16,12 @@ std::int64_t OfGear(std::int64_t firstGearGadget, std::size_t gear) {
 }
 
 GearTexts TextsOnShow() {
-    GearTexts texts{GetGadgetText(TyreWidthField),   GetGadgetText(PercentHeightField),
-                    GetGadgetText(RimDiameterField), GetGadgetText(PrimaryRatioField),
-                    GetGadgetText(FinalRatioField),  {}};
+    GearTexts texts{.Tyre = {.Width = GetGadgetText(TyreWidthField),
+                             .Percent = GetGadgetText(PercentHeightField),
+                             .Rim = GetGadgetText(RimDiameterField)},
+                    .PrimaryRatio = GetGadgetText(PrimaryRatioField),
+                    .FinalDriveRatio = GetGadgetText(FinalRatioField),
+                    .GearRatio = {}};
     for (std::size_t gear = 0; gear < GearCount; ++gear) {
         texts.GearRatio[gear] = GetGadgetText(OfGear(GearRatioField, gear));
     }
@@ -34,7 +37,7 @@ SpeedUnit UnitOnShow() {
 GearMask ReadGearInputs(GearInputs& target) {
     const GearTexts texts = TextsOnShow();
     const GearReading reading = ReadGearTexts(texts, target);
-    if (reading.InchWidth && !texts.Width.empty()) {
+    if (reading.InchWidth && !texts.Tyre.Width.empty()) {
         SetGadgetText(TyreWidthField, *reading.InchWidth);
         DisableGadget(PercentHeightField, 1);
     }

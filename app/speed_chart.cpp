@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/chart_plot.h"
+#include "app/chart_top_speed.h"
 #include "app/current_motorcycle.h"
 #include "app/gear_calculation.h"
 #include "app/gear_commands.h"

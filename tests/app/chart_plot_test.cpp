@@ -4,6 +4,7 @@
 
 #include <QColor>
 
+#include "app/chart_top_speed.h"
 #include "app/main_window.h"
 #include "draw/vector_drawing.h"
 #include "gui/font.h"

@@ -1,8 +1,7 @@
-#include "app/gear_calculation.h"
-
-#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+
+#include "app/chart_top_speed.h"
 
 namespace rotavel {
 namespace {
@@ -11,8 +10,10 @@ constexpr std::int64_t Largest = std::numeric_limits<std::int64_t>::max();
 
 // A five-speed of the default file, its decimals typed with commas.
 GearTexts FiveSpeed() {
-    return {u"130",    u"80",    u"17",
-            u"1,3125", u"4,125", {u"2,3636", u"1.6429", u"1.2778", u"1.0556", u"0.9000", u""}};
+    return {{u"130", u"80", u"17"},
+            u"1,3125",
+            u"4,125",
+            {u"2,3636", u"1.6429", u"1.2778", u"1.0556", u"0.9000", u""}};
 }
 
 // Drives at 0.06 km/h per rpm in a gear of ratio 1, without rounding errors.
@@ -34,7 +35,7 @@ TEST(GearCalculation, TyreSizeGivesCircumference) {
         {u"", u"55", u"17", 0.0, u".000"},
     };
     for (const auto& size : cases) {
-        const GearTexts texts = {size.Width, size.Percent, size.Rim, u"1", u"1", {u"1", u"0"}};
+        const GearTexts texts = {{size.Width, size.Percent, size.Rim}, u"1", u"1", {u"1", u"0"}};
         GearInputs inputs;
         const GearReading reading = ReadGearTexts(texts, inputs);
         EXPECT_DOUBLE_EQ(inputs.Circumference, size.Circumference);
@@ -53,7 +54,7 @@ TEST(GearCalculation, UnusableTextsLeaveWhatWasReadBefore) {
     EXPECT_EQ(inputs.GearRatio[0], 2.3636);
 
     texts = FiveSpeed();
-    texts.Width = u"9.99";
+    texts.Tyre.Width = u"9.99";
     texts.GearRatio = {u"", u"-1", u"1.5", u"nan", u"", u"0.5"};
     EXPECT_EQ(ReadGearTexts(texts, inputs).Mask, 0b100100U);
     EXPECT_DOUBLE_EQ(inputs.Circumference, 200.999097976675);
@@ -91,9 +92,9 @@ TEST(GearCalculation, ChartTopIsTheNextTenAbove) {
         EXPECT_EQ(TopSpeedForChart(Plain({8, 1}), 0b11, maxRpm, unit, topGearIndex), top);
         EXPECT_EQ(topGearIndex, 1);
     }
-    EXPECT_EQ(RoundToInteger(-HUGE_VAL), -Largest - 1);
-    EXPECT_EQ(RoundToInteger(0x1p63), Largest);
-    EXPECT_EQ(RoundToInteger(std::nan("")), 0);
+    EXPECT_EQ(GearTopSpeed(Plain({0}), 0, -1, SpeedUnit::Kmh), -Largest - 1);
+    EXPECT_EQ(GearTopSpeed(Plain({0}), 0, 1, SpeedUnit::Kmh), Largest);
+    EXPECT_EQ(GearTopSpeed(Plain({0}), 0, 0, SpeedUnit::Kmh), 0);
 }
 
 TEST(GearCalculation, ChartRemembersItsTopGear) {

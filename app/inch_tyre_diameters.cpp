@@ -1,4 +1,4 @@
-#include "app/inch_tyres.h"
+#include "app/inch_tyre_diameters.h"
 
 #include <array>
 #include <cstddef>
