@@ -10,28 +10,45 @@
 
 namespace rotavel {
 
-std::u16string CurrentManufacturer;
-std::u16string CurrentModel;
+namespace {
+
+struct {
+    std::u16string Manufacturer;
+    std::u16string Model;
+} current;
+
+}  // namespace
+
+const std::u16string& CurrentManufacturer() {
+    return current.Manufacturer;
+}
+
+const std::u16string& CurrentModel() {
+    return current.Model;
+}
+
+void SetCurrentMotorcycle(const std::u16string& manufacturer, const std::u16string& model) {
+    current = {manufacturer, model};
+}
 
 void ShowCurrentMotorcycle() {
-    StatusBarSetText(MainStatusBar, 0, CurrentManufacturer + u" - " + CurrentModel, StatusCentred);
+    StatusBarSetText(MainStatusBar, 0, current.Manufacturer + u" - " + current.Model,
+                     StatusCentred);
 }
 
 void ForgetCurrentMotorcycle() {
-    CurrentManufacturer.clear();
-    CurrentModel.clear();
+    current = {};
     StatusBarSetText(MainStatusBar, 0, u"", StatusCentred);
 }
 
 void ChooseMotorcycle(const MotorcycleChoice& choice) {
     const MotorcycleRecord& motorcycle = *choice.Motorcycle;
-    CurrentManufacturer = choice.Maker->Name;
-    CurrentModel = motorcycle.Model;
+    SetCurrentMotorcycle(choice.Maker->Name, motorcycle.Model);
     SetGadgetText(TyreWidthField, NumberToTextShortest(motorcycle.RearWheelWidth));
     SetGadgetText(PercentHeightField, IntegerToText(motorcycle.RearWheelPercentHeight));
     SetGadgetText(RimDiameterField, IntegerToText(motorcycle.RearWheelDiameter));
     for (std::size_t gear = 0; gear < GearCount; ++gear) {
-        SetGadgetText(GearRatioField + static_cast<std::int64_t>(gear),
+        SetGadgetText(GadgetOfGear(GearRatioField, gear),
                       NumberToTextShortest(motorcycle.GearRatio[gear]));
     }
     SetGadgetText(PrimaryRatioField, NumberToTextShortest(motorcycle.PrimaryRatio));
@@ -39,7 +56,7 @@ void ChooseMotorcycle(const MotorcycleChoice& choice) {
     SetGadgetText(MaxRpmField, IntegerToText(motorcycle.MaxRPM));
     SetGadgetText(RpmField, IntegerToText(motorcycle.MaxRPM));
     for (std::size_t gear = 0; gear < GearCount; ++gear) {
-        SetGadgetText(GearSpeedField + static_cast<std::int64_t>(gear), NoSpeedText);
+        SetGadgetText(GadgetOfGear(GearSpeedField, gear), NoSpeedText);
     }
     ShowCurrentMotorcycle();
 }

@@ -2,13 +2,14 @@
 
 #include <string>
 
-#include "app/motorcycles.h"
+#include "app/motorcycle_records.h"
 
 namespace rotavel {
 
 // Maker and model of the motorcycle on show; both empty when its values were typed by hand.
-extern std::u16string CurrentManufacturer;
-extern std::u16string CurrentModel;
+const std::u16string& CurrentManufacturer();
+const std::u16string& CurrentModel();
+void SetCurrentMotorcycle(const std::u16string& manufacturer, const std::u16string& model);
 
 // Shows both in the main window's status bar.
 void ShowCurrentMotorcycle();

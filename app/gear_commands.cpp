@@ -11,10 +11,6 @@ namespace rotavel {
 
 namespace {
 
-std::int64_t OfGear(std::int64_t firstGearGadget, std::size_t gear) {
-    return firstGearGadget + static_cast<std::int64_t>(gear);
-}
-
 GearTexts TextsOnShow() {
     GearTexts texts{.Tyre = {.Width = GetGadgetText(TyreWidthField),
                              .Percent = GetGadgetText(PercentHeightField),
@@ -23,7 +19,7 @@ GearTexts TextsOnShow() {
                     .FinalDriveRatio = GetGadgetText(FinalRatioField),
                     .GearRatio = {}};
     for (std::size_t gear = 0; gear < GearCount; ++gear) {
-        texts.GearRatio[gear] = GetGadgetText(OfGear(GearRatioField, gear));
+        texts.GearRatio[gear] = GetGadgetText(GadgetOfGear(GearRatioField, gear));
     }
     return texts;
 }
@@ -51,23 +47,23 @@ void CalcSpeeds() {
     }
     const auto speeds = RoadSpeeds(inputs, TextToInteger(GetGadgetText(RpmField)), UnitOnShow());
     for (std::size_t gear = 0; gear < GearCount; ++gear) {
-        SetGadgetText(OfGear(GearSpeedField, gear),
+        SetGadgetText(GadgetOfGear(GearSpeedField, gear),
                       speeds[gear] ? NumberToText(*speeds[gear], 0) : NoSpeedText);
     }
 }
 
 void CalcRpmForGear(std::int64_t button) {
-    const auto gear = static_cast<std::size_t>(button - CalcRpmButton);
+    const std::size_t gear = GearOfGadget(CalcRpmButton, button).value_or(GearCount);
     GearInputs inputs;
     const GearMask mask = ReadGearInputs(inputs);
-    const std::optional<double> rpm =
-        EngineSpeed(inputs, mask, gear, GetGadgetText(OfGear(GearSpeedField, gear)), UnitOnShow());
+    const std::optional<double> rpm = EngineSpeed(
+        inputs, mask, gear, GetGadgetText(GadgetOfGear(GearSpeedField, gear)), UnitOnShow());
     if (!rpm) {
         return;
     }
     for (std::size_t other = 0; other < GearCount; ++other) {
         if (other != gear) {
-            SetGadgetText(OfGear(GearSpeedField, other), NoSpeedText);
+            SetGadgetText(GadgetOfGear(GearSpeedField, other), NoSpeedText);
         }
     }
     SetGadgetText(RpmField, NumberToText(*rpm, 0));

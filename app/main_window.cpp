@@ -1,10 +1,7 @@
 #include "app/main_window.h"
 
-#include <array>
 #include <string>
-#include <string_view>
 
-#include "app/gear_calculation.h"
 #include "gui/button_gadget.h"
 #include "gui/combo_box_gadget.h"
 #include "gui/gadget.h"
@@ -80,8 +77,6 @@ constexpr std::array BottomRows = {
     GadgetRow{GraphicButton, Kind::Button, 100, 420, 140, u"Graphic", 0},
 };
 
-constexpr std::array<std::u16string_view, 2> SpeedUnits = {u"km/h", u"mph"};
-
 void CreateGadget(const GadgetRow& row) {
     switch (row.GadgetKind) {
         case Kind::Label:
@@ -100,10 +95,9 @@ void CreateGadget(const GadgetRow& row) {
 }
 
 void CreateGearRow(std::size_t gear) {
-    const auto offset = static_cast<std::int64_t>(gear);
     for (GadgetRow row : GearRow) {
-        row.Number += offset;
-        row.Y += offset * GearRowStep;
+        row.Number = GadgetOfGear(row.Number, gear);
+        row.Y += static_cast<std::int64_t>(gear) * GearRowStep;
         row.Text = row.GadgetKind == Kind::Label ? GearNames[gear] : row.Text;
         CreateGadget(row);
     }
@@ -113,7 +107,7 @@ void CreateGadgets() {
     for (const GadgetRow& row : TopRows) {
         CreateGadget(row);
     }
-    for (const std::u16string_view unit : SpeedUnits) {
+    for (const std::u16string_view unit : UnitTexts) {
         AddGadgetItem(SpeedUnitBox, -1, unit);
     }
     for (std::size_t gear = 0; gear < GearCount; ++gear) {

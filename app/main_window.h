@@ -1,9 +1,14 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string_view>
 #include <vector>
 
-#include "app/motorcycles.h"
+#include "app/gear_calculation.h"
+#include "app/motorcycle_records.h"
 
 namespace rotavel {
 
@@ -14,8 +19,7 @@ inline constexpr std::int64_t MainMenu = 0;
 inline constexpr std::int64_t MainStatusBar = 0;
 inline constexpr std::int64_t ProgramFont = 0;  // of every gadget and of the chart
 
-// Gadgets that commands read and write. Those of a gear are the number of first gear's plus the
-// gear, counted from 0.
+// Gadgets that commands read and write; of those that each gear has one of, first gear's.
 inline constexpr std::int64_t TyreWidthField = 1;
 inline constexpr std::int64_t PercentHeightField = 3;
 inline constexpr std::int64_t RimDiameterField = 5;
@@ -35,6 +39,20 @@ inline constexpr std::int64_t MaxRpmField = 57;
 inline constexpr std::int64_t RpmField = 60;
 inline constexpr std::int64_t CalcSpeedButton = 61;
 inline constexpr std::int64_t GraphicButton = 62;
+
+// The number of a gear's gadget (first gear is gear 0), and the gear whose gadget a number is.
+constexpr std::int64_t GadgetOfGear(std::int64_t firstGearGadget, std::size_t gear) {
+    return firstGearGadget + static_cast<std::int64_t>(gear);
+}
+constexpr std::optional<std::size_t> GearOfGadget(std::int64_t firstGearGadget,
+                                                  std::int64_t gadget) {
+    const std::size_t gear =
+        static_cast<std::size_t>(gadget) - static_cast<std::size_t>(firstGearGadget);
+    return gear < GearCount ? std::optional(gear) : std::nullopt;
+}
+
+// What the speed-unit box shows for each SpeedUnit.
+inline constexpr std::array<std::u16string_view, 2> UnitTexts = {u"km/h", u"mph"};
 
 // Menu items. The motorcycles take the numbers from FirstMotorcycleMenuItem on.
 inline constexpr std::int64_t QuitMenuItem = 1;

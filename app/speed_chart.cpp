@@ -125,7 +125,7 @@ void ShowSpeedChart() {
     if (!topSpeed || WindowExists(ChartWindow)) {
         return;
     }
-    ChartImage = OpenSpeedChart(CurrentManufacturer + u"- " + CurrentModel, maxRpm, *topSpeed);
+    ChartImage = OpenSpeedChart(CurrentManufacturer() + u"- " + CurrentModel(), maxRpm, *topSpeed);
     ChartMaxRpm = maxRpm;
     ChartTopSpeed = *topSpeed;
 }

@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "app/commands.h"
 #include "app/current_motorcycle.h"
 #include "app/default_settings.h"
-#include "app/last_values.h"
+#include "app/main_loop.h"
 #include "app/main_window.h"
-#include "app/motorcycles.h"
+#include "app/motorcycle_records.h"
+#include "app/settings_group.h"
 #include "app/settings_keys.h"
 #include "draw/image.h"
 #include "gui/application.h"
@@ -68,7 +68,7 @@ void AddStatusBar() {
 
 void RunWithSettings() {
     std::vector<MakerRecord> makers = ReadMotorcycles();
-    SettingsSelectGroup(SettingsGroup);
+    SettingsSelectGroup(LastValuesGroup);
     FontLoad(ProgramFont, u"Arial", ProgramFontPoints);
     SetGadgetFont(AnyNumber, ProgramFont);
     OpenMainWindow(makers);

@@ -5,10 +5,10 @@
 
 #include <QLabel>
 
-#include "app/commands.h"
 #include "app/current_motorcycle.h"
-#include "app/last_values.h"
+#include "app/main_loop.h"
 #include "app/main_window.h"
+#include "app/settings_group.h"
 #include "gui/font.h"
 #include "gui/gadget.h"
 #include "gui/status_bar.h"

@@ -1,4 +1,4 @@
-#include "app/motorcycles.h"
+#include "app/motorcycle_records.h"
 
 #include <gtest/gtest.h>
 

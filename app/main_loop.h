@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "app/motorcycles.h"
+#include "app/motorcycle_records.h"
 
 namespace rotavel {
 

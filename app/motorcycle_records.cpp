@@ -1,4 +1,4 @@
-#include "app/motorcycles.h"
+#include "app/motorcycle_records.h"
 
 #include <cstddef>
 #include <functional>
@@ -30,15 +30,15 @@ GroupTitle SplitGroupName(std::u16string_view name) {
 MotorcycleRecord ReadMotorcycle(std::u16string_view model) {
     MotorcycleRecord motorcycle;
     motorcycle.Model = model;
-    motorcycle.PrimaryRatio = SettingsReadNumber(u"PrimaryRatio", 0.0);
-    motorcycle.FinalDriveRatio = SettingsReadNumber(u"FinalDriveRatio", 0.0);
-    for (std::size_t gear = 0; gear < GearKeys.size(); ++gear) {
-        motorcycle.GearRatio[gear] = SettingsReadNumber(GearKeys[gear], 0.0);
+    motorcycle.PrimaryRatio = SettingsReadNumber(PrimaryRatioKey, 0.0);
+    motorcycle.FinalDriveRatio = SettingsReadNumber(FinalDriveRatioKey, 0.0);
+    for (std::size_t gear = 0; gear < GearRatioKeys.size(); ++gear) {
+        motorcycle.GearRatio[gear] = SettingsReadNumber(GearRatioKeys[gear], 0.0);
     }
-    motorcycle.RearWheelWidth = SettingsReadNumber(u"RearWheelWidth", 0.0);
-    motorcycle.RearWheelPercentHeight = SettingsReadInteger(u"RearWheelPercentHeight", 0);
-    motorcycle.RearWheelDiameter = SettingsReadInteger(u"RearWheelDiameter", 0);
-    motorcycle.MaxRPM = SettingsReadInteger(u"MaxRPM", 0);
+    motorcycle.RearWheelWidth = SettingsReadNumber(RearWheelWidthKey, 0.0);
+    motorcycle.RearWheelPercentHeight = SettingsReadInteger(RearWheelPercentHeightKey, 0);
+    motorcycle.RearWheelDiameter = SettingsReadInteger(RearWheelDiameterKey, 0);
+    motorcycle.MaxRPM = SettingsReadInteger(MaxRpmKey, 0);
     return motorcycle;
 }
 
@@ -51,7 +51,7 @@ std::vector<MakerRecord> ReadMotorcycles() {
     SettingsRewindGroups();
     while (SettingsNextGroup()) {
         const std::u16string name = SettingsGroupName();
-        if (name == SettingsGroup) {
+        if (name == LastValuesGroup) {
             continue;
         }
         const GroupTitle title = SplitGroupName(name);

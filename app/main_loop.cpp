@@ -1,4 +1,4 @@
-#include "app/commands.h"
+#include "app/main_loop.h"
 
 #include <cstdint>
 #include <string>
