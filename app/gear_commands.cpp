@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "app/inch_width.h"
 #include "app/main_window.h"
 #include "gui/gadget.h"
 #include "text/number_text.h"
@@ -34,8 +35,7 @@ GearMask ReadGearInputs(GearInputs& target) {
     const GearTexts texts = TextsOnShow();
     const GearReading reading = ReadGearTexts(texts, target);
     if (reading.InchWidth && !texts.Tyre.Width.empty()) {
-        SetGadgetText(TyreWidthField, *reading.InchWidth);
-        DisableGadget(PercentHeightField, 1);
+        ShowInchWidth(*reading.InchWidth);
     }
     return reading.Mask;
 }

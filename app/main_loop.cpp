@@ -4,27 +4,19 @@
 #include <string>
 
 #include "app/current_motorcycle.h"
-#include "app/gear_calculation.h"
 #include "app/gear_commands.h"
+#include "app/inch_width.h"
 #include "app/main_window.h"
 #include "app/speed_chart.h"
+#include "app/teeth_ratios.h"
 #include "gui/event_loop.h"
 #include "gui/event_queue.h"
-#include "gui/gadget.h"
 #include "gui/menu.h"
 #include "gui/requester.h"
-#include "text/number_text.h"
 
 namespace rotavel {
 
 namespace {
-
-constexpr std::int32_t RatioDecimals = 4;
-
-bool IsOfGear(std::int64_t gadget, std::int64_t firstGearGadget) {
-    return gadget >= firstGearGadget &&
-           gadget < firstGearGadget + static_cast<std::int64_t>(GearCount);
-}
 
 void ShowAbout() {
     MessageRequester(u"About", std::u16string(ProgramTitle) + u"\n\n" + CopyrightText + u"\n\n" +
@@ -43,39 +35,15 @@ void ChooseMenuItem(std::int64_t item, const std::vector<MakerRecord>& makers) {
     }
 }
 
-// An inch width ("3.25") goes without a percent height.
-void WidthChanged() {
-    const bool inches = GetGadgetText(TyreWidthField).find(u'.') != std::u16string::npos;
-    if (inches) {
-        SetGadgetText(PercentHeightField, u"");
-    }
-    DisableGadget(PercentHeightField, inches ? 1 : 0);
-}
-
-// Writes driven / driving teeth into a ratio field. A division by zero is shown as what it is.
-void UpdateRatio(std::int64_t drivingField, std::int64_t drivenField, std::int64_t ratioField) {
-    const auto driving = static_cast<double>(TextToInteger(GetGadgetText(drivingField)));
-    const auto driven = static_cast<double>(TextToInteger(GetGadgetText(drivenField)));
-    SetGadgetText(ratioField, NumberToText(driven / driving, RatioDecimals));
-}
-
 void FieldChanged(std::int64_t gadget) {
     if (gadget == SpeedUnitBox) {
         CalcSpeeds();
     } else if (gadget == TyreWidthField) {
-        WidthChanged();
-    } else if (gadget == PrimaryDrivingField || gadget == PrimaryDrivenField) {
-        UpdateRatio(PrimaryDrivingField, PrimaryDrivenField, PrimaryRatioField);
-    } else if (IsOfGear(gadget, GearDrivingField)) {
-        const std::int64_t gear = gadget - GearDrivingField;
-        UpdateRatio(gadget, GearDrivenField + gear, GearRatioField + gear);
-    } else if (IsOfGear(gadget, GearDrivenField)) {
-        const std::int64_t gear = gadget - GearDrivenField;
-        UpdateRatio(GearDrivingField + gear, gadget, GearRatioField + gear);
-    } else if (IsOfGear(gadget, GearRatioField)) {
+        ApplyTypedWidth();
+    } else if (GearOfGadget(GearRatioField, gadget)) {
         ForgetCurrentMotorcycle();
-    } else if (gadget == FinalDrivingField || gadget == FinalDrivenField) {
-        UpdateRatio(FinalDrivingField, FinalDrivenField, FinalRatioField);
+    } else {
+        UpdateRatioFromTeeth(gadget);
     }
 }
 
@@ -83,7 +51,7 @@ void UseGadget(std::int64_t gadget, std::int64_t type) {
     if (type == Change) {
         FieldChanged(gadget);
     }
-    if (IsOfGear(gadget, CalcRpmButton)) {
+    if (GearOfGadget(CalcRpmButton, gadget)) {
         CalcRpmForGear(gadget);
     } else if (gadget == CalcSpeedButton) {
         CalcSpeeds();

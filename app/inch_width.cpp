@@ -1,0 +1,23 @@
+#include "app/inch_width.h"
+
+#include <string>
+
+#include "app/main_window.h"
+#include "gui/gadget.h"
+
+namespace rotavel {
+
+void ApplyTypedWidth() {
+    const bool inches = GetGadgetText(TyreWidthField).find(u'.') != std::u16string::npos;
+    if (inches) {
+        SetGadgetText(PercentHeightField, u"");
+    }
+    DisableGadget(PercentHeightField, inches ? 1 : 0);
+}
+
+void ShowInchWidth(std::u16string_view width) {
+    SetGadgetText(TyreWidthField, width);
+    DisableGadget(PercentHeightField, 1);
+}
+
+}  // namespace rotavel
