@@ -1,5 +1,6 @@
 #include "app/chart_top_speed.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -37,6 +38,17 @@ double RatioAt(const GearInputs& inputs, std::int64_t gearIndex) {
                          : inputs.GearRatio[static_cast<std::size_t>(gearIndex)];
 }
 
+// Of the gears of the mask, which are those with a ratio above 0.
+double FastestSpeed(const GearInputs& inputs, GearMask mask, std::int64_t maxRpm) {
+    double fastest = -std::numeric_limits<double>::infinity();
+    for (std::size_t gear = 0; gear < GearCount; ++gear) {
+        if ((mask >> gear & 1) != 0) {
+            fastest = std::max(fastest, SpeedAt(inputs, inputs.GearRatio[gear], maxRpm));
+        }
+    }
+    return fastest;
+}
+
 // A gear of any ratio but 0.0 counts, also a negative one. First gear leaves the index at 0, which
 // reads as not found, so the scan goes on to -1; the final drive is never 0.0 there.
 void FindTopGear(const GearInputs& inputs, std::int64_t& topGearIndex) {
@@ -65,7 +77,10 @@ std::optional<std::int64_t> TopSpeedForChart(const GearInputs& inputs, GearMask 
     }
     FindTopGear(inputs, topGearIndex);
 
-    const double kmh = SpeedAt(inputs, RatioAt(inputs, topGearIndex), maxRpm);
+    double kmh = SpeedAt(inputs, RatioAt(inputs, topGearIndex), maxRpm);
+    if (!std::isfinite(kmh)) {
+        kmh = FastestSpeed(inputs, mask, maxRpm);
+    }
     std::int64_t top = RoundToInteger(kmh);
     if (unit == SpeedUnit::Mph) {
         top = RoundToInteger(static_cast<double>(top) * UnitFactor(unit));
