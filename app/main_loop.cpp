@@ -2,12 +2,12 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "app/current_motorcycle.h"
 #include "app/gear_commands.h"
 #include "app/inch_width.h"
 #include "app/main_window.h"
-#include "app/speed_chart.h"
 #include "app/teeth_ratios.h"
 #include "gui/event_loop.h"
 #include "gui/event_queue.h"
@@ -47,7 +47,7 @@ void FieldChanged(std::int64_t gadget) {
     }
 }
 
-void UseGadget(std::int64_t gadget, std::int64_t type) {
+void UseGadget(std::int64_t gadget, std::int64_t type, SpeedChart& chart) {
     if (type == Change) {
         FieldChanged(gadget);
     }
@@ -56,28 +56,28 @@ void UseGadget(std::int64_t gadget, std::int64_t type) {
     } else if (gadget == CalcSpeedButton) {
         CalcSpeeds();
     } else if (gadget == GraphicButton) {
-        ShowSpeedChart();
+        ShowSpeedChart(chart);
     }
 }
 
 }  // namespace
 
-void RunMainLoop(const std::vector<MakerRecord>& makers) {
+void RunMainLoop(Program& program) {
     bool QuitRequested = false;
     while (!QuitRequested) {
         const std::int64_t kind = WaitForEventBlocking();
         // A session that ends asks for the same as "Quit", but names no window.
         const bool sessionEnds = kind == MenuChosen && CurrentEventObject() == QuitItem;
         if (kind > 0 && CurrentEventWindow() != MainWindow && !sessionEnds) {
-            HandleChartEvent();
+            HandleChartEvent(program.Chart);
             continue;
         }
         switch (kind) {
             case MenuChosen:
-                ChooseMenuItem(CurrentEventObject(), makers);
+                ChooseMenuItem(CurrentEventObject(), program.Makers);
                 break;
             case GadgetActivity:
-                UseGadget(CurrentEventObject(), CurrentEventType());
+                UseGadget(CurrentEventObject(), CurrentEventType(), program.Chart);
                 break;
             case CloseRequested:
                 QuitRequested = true;

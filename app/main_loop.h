@@ -1,12 +1,10 @@
 #pragma once
 
-#include <vector>
-
-#include "app/motorcycle_records.h"
+#include "app/program.h"
 
 namespace rotavel {
 
 // Waits for events and carries out the commands they stand for, until the main window is to close.
-void RunMainLoop(const std::vector<MakerRecord>& makers);
+void RunMainLoop(Program& program);
 
 }  // namespace rotavel

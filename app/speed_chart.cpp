@@ -1,21 +1,20 @@
 #include "app/speed_chart.h"
 
 #include <string>
+#include <string_view>
 
 #include "app/chart_plot.h"
 #include "app/chart_top_speed.h"
 #include "app/current_motorcycle.h"
-#include "app/gear_calculation.h"
 #include "app/gear_commands.h"
+#include "app/magnifier.h"
 #include "app/main_window.h"
-#include "draw/colour.h"
 #include "draw/image.h"
 #include "draw/raster_drawing.h"
 #include "draw/vector_drawing.h"
 #include "gui/canvas_gadget.h"
 #include "gui/event_queue.h"
 #include "gui/gadget.h"
-#include "gui/image_gadget.h"
 #include "gui/status_bar.h"
 #include "gui/window.h"
 #include "runtime/numbered_objects.h"
@@ -26,27 +25,13 @@ namespace rotavel {
 namespace {
 
 constexpr std::int64_t ChartWindow = 1;
-constexpr std::int64_t MagnifierWindow = 2;
 constexpr std::int64_t ChartStatusBar = 1;
 constexpr std::int64_t HeadingField = 0;
 constexpr std::int64_t ReadOutField = 1;
 constexpr std::int64_t Canvas = 63;
-constexpr std::int64_t MagnifierImage = 64;
 
 constexpr std::int64_t CanvasMargin = 10;  // of the canvas to the window's edges
 constexpr std::int64_t StatusBarMargin = 5;
-constexpr std::int64_t MagnifierSide = 100;
-constexpr std::int64_t MagnifiedSide = 20;
-constexpr Colour CrossHairColour = 0;
-
-// Both are kept for the whole run: what one chart leaves behind, the next one finds.
-GearInputs keptInputs;
-std::int64_t TopGearIndex = 0;
-
-// Of the open chart.
-std::int64_t ChartImage = 0;
-std::int64_t ChartMaxRpm = 0;
-std::int64_t ChartTopSpeed = 0;
 
 bool OpenChartWindow(const PlotSize& plot, std::u16string_view heading) {
     const std::int64_t width = plot.Width + PlotSize::ImageMarginX;
@@ -90,46 +75,9 @@ std::int64_t MakePlotImage(const GearInputs& inputs, const PlotSize& plot, std::
     return image;
 }
 
-std::int64_t MagnifierLeft() {
-    return WindowGetX(ChartWindow, OuterFrame) + WindowGetWidth(ChartWindow, OuterFrame);
-}
-
-void OpenMagnifier() {
-    if (WindowCreate(MagnifierWindow, MagnifierLeft(), WindowGetY(ChartWindow, OuterFrame),
-                     MagnifierSide, MagnifierSide, u"", WindowHidden | WindowBorderless,
-                     WindowNativeHandle(ChartWindow)) != 0) {
-        ImageGadgetCreate(MagnifierImage, 0, 0, MagnifierSide, MagnifierSide);
-    }
-}
-
-void ClearReadOut() {
-    StatusBarSetText(ChartStatusBar, ReadOutField, u"");
-    WindowShow(MagnifierWindow, Hidden);
-}
-
-void CloseChart() {
-    WindowDestroy(MagnifierWindow);
-    WindowDestroy(ChartWindow);
-    ImageFree(ChartImage);
-    ChartImage = 0;
-    WindowDisable(MainWindow, 0);
-    WindowActivate(MainWindow);
-}
-
-}  // namespace
-
-void ShowSpeedChart() {
-    const GearMask mask = ReadGearInputs(keptInputs);
-    const std::int64_t maxRpm = TextToInteger(GetGadgetText(MaxRpmField));
-    const auto topSpeed = TopSpeedForChart(keptInputs, mask, maxRpm, UnitOnShow(), TopGearIndex);
-    if (!topSpeed || WindowExists(ChartWindow)) {
-        return;
-    }
-    ChartImage = OpenSpeedChart(CurrentManufacturer() + u"- " + CurrentModel(), maxRpm, *topSpeed);
-    ChartMaxRpm = maxRpm;
-    ChartTopSpeed = *topSpeed;
-}
-
+// Opens the chart with a heading. Returns the number of the image with the plot; 0 when there is
+// none, because the inputs are of no use, the window cannot be made (nothing is open then) or the
+// image cannot (the window is open, empty).
 std::int64_t OpenSpeedChart(std::u16string_view heading, std::int64_t maxRpm,
                             std::int64_t topSpeed) {
     GearInputs inputs;
@@ -141,10 +89,16 @@ std::int64_t OpenSpeedChart(std::u16string_view heading, std::int64_t maxRpm,
         return 0;
     }
     const std::int64_t image = MakePlotImage(inputs, plot, maxRpm, topSpeed);
-    OpenMagnifier();
+    OpenMagnifier(ChartWindow);
     return image;
 }
 
+void ClearReadOut() {
+    StatusBarSetText(ChartStatusBar, ReadOutField, u"");
+    HideMagnifier();
+}
+
+// Reads out and magnifies the point under the pointer, where that lies in the plot.
 void ChartMouseMove(std::int64_t image, std::int64_t maxRpm, std::int64_t topSpeed) {
     const std::int64_t x = GetGadgetAttribute(Canvas, CanvasMouseX);
     const std::int64_t y = GetGadgetAttribute(Canvas, CanvasMouseY);
@@ -158,47 +112,60 @@ void ChartMouseMove(std::int64_t image, std::int64_t maxRpm, std::int64_t topSpe
                          GetGadgetText(SpeedUnitBox),
                      StatusCentred);
     ChartMagnify(image, x, y);
-}
-
-void ChartMagnify(std::int64_t image, std::int64_t x, std::int64_t y) {
-    WindowShow(MagnifierWindow, Shown);
-    constexpr std::int64_t middle = MagnifiedSide / 2;
-    const std::int64_t grabbed =
-        ImageGrab(image, AnyNumber, x - middle, y - middle, MagnifiedSide, MagnifiedSide);
-    if (grabbed != 0) {
-        if (RasterBegin(ImageRasterTarget(grabbed))) {
-            RasterLine(middle, 0, middle, MagnifiedSide, CrossHairColour);
-            RasterLine(0, middle, MagnifiedSide, middle, CrossHairColour);
-            RasterEnd();
-        }
-        ImageResize(grabbed, MagnifierSide, MagnifierSide, ResizeNearestPixel);
-        SetGadgetState(MagnifierImage, reinterpret_cast<std::intptr_t>(ImageHandle(grabbed)));
-        ImageFree(grabbed);
-    }
     WindowActivate(ChartWindow);
 }
 
-void HandleChartEvent() {
+void UseCanvas(const SpeedChart& chart, std::int64_t type) {
+    if (type == CanvasMouseMove) {
+        ChartMouseMove(chart.ChartImage, chart.ChartMaxRpm, chart.ChartTopSpeed);
+    } else if (type == CanvasMouseLeave) {
+        ClearReadOut();
+    }
+}
+
+void CloseChart(SpeedChart& chart) {
+    CloseMagnifier();
+    WindowDestroy(ChartWindow);
+    ImageFree(chart.ChartImage);
+    chart.ChartImage = 0;
+    WindowDisable(MainWindow, 0);
+    WindowActivate(MainWindow);
+}
+
+}  // namespace
+
+void ShowSpeedChart(SpeedChart& chart) {
+    const GearMask mask = ReadGearInputs(chart.Inputs);
+    const std::int64_t maxRpm = TextToInteger(GetGadgetText(MaxRpmField));
+    const auto topSpeed =
+        TopSpeedForChart(chart.Inputs, mask, maxRpm, UnitOnShow(), chart.TopGearIndex);
+    if (!topSpeed || WindowExists(ChartWindow)) {
+        return;
+    }
+    chart.ChartImage =
+        OpenSpeedChart(CurrentManufacturer() + u"- " + CurrentModel(), maxRpm, *topSpeed);
+    chart.ChartMaxRpm = maxRpm;
+    chart.ChartTopSpeed = *topSpeed;
+}
+
+void HandleChartEvent(SpeedChart& chart) {
     if (CurrentEventWindow() != ChartWindow) {
         return;
     }
     switch (CurrentEventKind()) {
         case GadgetActivity:
-            if (CurrentEventObject() == Canvas && CurrentEventType() == CanvasMouseMove) {
-                ChartMouseMove(ChartImage, ChartMaxRpm, ChartTopSpeed);
-            } else if (CurrentEventObject() == Canvas && CurrentEventType() == CanvasMouseLeave) {
-                ClearReadOut();
+            if (CurrentEventObject() == Canvas) {
+                UseCanvas(chart, CurrentEventType());
             }
             break;
         case WindowMoved:
-            WindowSetBounds(MagnifierWindow, MagnifierLeft(), WindowGetY(ChartWindow, OuterFrame),
-                            IgnoreValue, IgnoreValue);
+            MoveMagnifier(ChartWindow);
             break;
         case WindowDeactivated:
             ClearReadOut();  // nothing of the chart may lie above another program's windows
             break;
         case CloseRequested:
-            CloseChart();
+            CloseChart(chart);
             break;
         default:
             break;

@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
-#include <vector>
 
 #include "app/current_motorcycle.h"
 #include "app/default_settings.h"
@@ -34,15 +33,6 @@ namespace {
 constexpr double ProgramFontPoints = 8;
 constexpr std::int64_t StatusBarMargin = 5;
 
-std::u16string SettingsPath() {
-    const std::u16string program = ProgramFilename();
-    std::u16string path(DirectoryPart(program));
-    path += u"../Resources/";
-    path += FilePart(program, 0);
-    path += u".ini";
-    return path;
-}
-
 // A file that is missing, or cannot be opened, is replaced without a word; where that fails too,
 // opening it for the run tells.
 void WriteDefaultSettingsIfMissing(const std::u16string& path) {
@@ -66,37 +56,57 @@ void AddStatusBar() {
     ShowCurrentMotorcycle();
 }
 
-void RunWithSettings() {
-    std::vector<MakerRecord> makers = ReadMotorcycles();
+void OpenWithSettings(Program& program) {
+    program.Makers = ReadMotorcycles();
     SettingsSelectGroup(LastValuesGroup);
     FontLoad(ProgramFont, u"Arial", ProgramFontPoints);
     SetGadgetFont(AnyNumber, ProgramFont);
-    OpenMainWindow(makers);
+    OpenMainWindow(program.Makers);
     RestoreLastValues();
     // Lets the percent field be enabled or disabled to suit the restored width.
     PostProgramEvent(GadgetActivity, MainWindow, TyreWidthField, Change);
     AddStatusBar();
     ActivateGadget(TyreWidthField);
-    RunMainLoop(makers);
-    SaveLastValues();
 }
 
 }  // namespace
 
+std::u16string SettingsPath(std::u16string_view executable) {
+    std::u16string path(DirectoryPart(executable));
+    path += u"../Resources/";
+    path += FilePart(executable, 0);
+    path += u".ini";
+    return path;
+}
+
+bool StartUp(Program& program, const std::u16string& settingsPath) {
+    SetUpLocale();  // after the toolkit, which takes the decimal point from the user's locale
+    WriteDefaultSettingsIfMissing(settingsPath);
+    if (!SettingsOpen(settingsPath, GroupSpacing)) {
+        SettingsClose();
+        MessageRequester(u"Error", u"No ini file found");
+        return false;
+    }
+    OpenWithSettings(program);
+    return true;
+}
+
+void ShutDown(const std::u16string& settingsPath) {
+    SaveLastValues();
+    CloseSettings(settingsPath);
+    ImageFree(AnyNumber);
+}
+
 int RunProgram() {
     GuiStart();
-    SetUpLocale();  // after the toolkit, which takes the decimal point from the user's locale
     BringToFront();
     EnterBundleContents();
-    const std::u16string path = SettingsPath();
-    WriteDefaultSettingsIfMissing(path);
-    if (SettingsOpen(path, GroupSpacing)) {
-        RunWithSettings();
-    } else {
-        MessageRequester(u"Error", u"No ini file found");
+    Program program;
+    const std::u16string settingsPath = SettingsPath(ProgramFilename());
+    if (StartUp(program, settingsPath)) {
+        RunMainLoop(program);
+        ShutDown(settingsPath);
     }
-    CloseSettings(path);
-    ImageFree(AnyNumber);
     GuiStop();
     return 0;
 }

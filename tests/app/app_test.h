@@ -1,21 +1,16 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
+#include <QApplication>
 #include <QLabel>
+#include <QMessageBox>
+#include <QTimer>
 
-#include "app/current_motorcycle.h"
 #include "app/main_loop.h"
 #include "app/main_window.h"
-#include "app/settings_group.h"
-#include "gui/font.h"
+#include "app/start_up.h"
 #include "gui/gadget.h"
-#include "gui/status_bar.h"
-#include "gui/window.h"
-#include "gui/windows/qz_views.h"
-#include "gui/windows/qz_window.h"
-#include "settings/settings_flags.h"
 #include "settings/settings_store.h"
 #include "tests/support/pixels.h"
 #include "tests/support/temporary_folder.h"
@@ -23,54 +18,81 @@
 
 namespace rotavel::tests {
 
-// The program from its settings file to its main loop, with a file of the test's own.
+// FNV-1a, to check a long text that was put together elsewhere.
+inline std::uint64_t HashOf(std::string_view text) {
+    std::uint64_t hash = 0xcbf29ce484222325;
+    for (const char byte : text) {
+        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3;
+    }
+    return hash;
+}
+
+// The program from its start to its end, with a settings file of the test's own.
 class AppTest : public DrawTest {
   protected:
     void TearDown() override {
         SettingsClose();
-        ForgetCurrentMotorcycle();
         DrawTest::TearDown();
     }
 
-    void Start(const std::string& settings) {
+    void Start(std::string_view settings) {
         SettingsClose();
-        WriteFile(file, settings);
-        ASSERT_TRUE(SettingsOpen(ToUtf16(file), GroupSpacing));
-        makers = ReadMotorcycles();
-        SettingsSelectGroup(u"Settings");
-        FontLoad(ProgramFont, u"Arial", 8);
-        OpenMainWindow(makers);
-        RestoreLastValues();
-        StatusBarCreate(MainStatusBar, WindowNativeHandle(MainWindow));
-        StatusBarAddField(WindowGetWidth(MainWindow) - 5);
-        ShowCurrentMotorcycle();
-        ForgetEvents();
+        WriteFile(file, std::string(settings));
+        program = {};
+        ASSERT_TRUE(StartUp(program, ToUtf16(file)));
+        Run();
     }
-
     // Lets the program do what the input so far asks for, and its windows come and go.
-    void Run() const {
-        PostProgramEvent(CloseRequested, MainWindow);
-        RunMainLoop(makers);
+    void Run() {
+        for (int turns = 0; turns < 2; ++turns) {
+            QCoreApplication::processEvents();
+            PostProgramEvent(CloseRequested, MainWindow);
+            RunMainLoop(program);
+        }
         ForgetEvents();
     }
-    void Push(std::int64_t button) const {
+    void Push(std::int64_t button) {
         Click(button);
         Run();
     }
-    // What a window's status bar shows in a field.
-    static std::u16string StatusText(std::int64_t window, std::size_t field = 0) {
-        std::vector<std::u16string> texts;
-        for (const QLabel* const label : Native(window)->findChildren<QLabel*>()) {
-            if (label->parentWidget() != Native(window)->ContentView()) {
-                texts.push_back(label->text().toStdU16String());
-            }
+
+    static std::u16string Texts(std::initializer_list<std::int64_t> gadgets) {
+        std::u16string texts;
+        for (const std::int64_t gadget : gadgets) {
+            texts += GetGadgetText(gadget) + u"|";
         }
-        return field < texts.size() ? texts[field] : u"";
+        return texts;
+    }
+    // A field of the status bar of the window that a gadget lies in; null before its first text.
+    static const QLabel* StatusField(std::int64_t gadget, int field = 0) {
+        const QWidget* const content = View(gadget)->parentWidget();
+        QList<QLabel*> labels = content->window()->findChildren<QLabel*>();
+        labels.removeIf([content](QLabel* label) { return label->parentWidget() == content; });
+        return labels.value(field);
+    }
+    static std::u16string StatusText(std::int64_t gadget, int field = 0) {
+        const QLabel* const label = StatusField(gadget, field);
+        return label == nullptr ? u"" : label->text().toStdU16String();
+    }
+    // Title and text of the message that is shown meanwhile, which is answered with "OK".
+    template <typename Action>
+    static std::u16string MessageDuring(Action action) {
+        QString message;
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, &timer, [&message] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                message = box->windowTitle() + "|" + box->informativeText();
+                box->accept();
+            }
+        });
+        timer.start(1);
+        action();
+        return message.toStdU16String();
     }
 
     const TemporaryFolder folder;
     const std::string file = folder.File("Rotavel.ini");
-    std::vector<MakerRecord> makers;
+    Program program;
 };
 
 }  // namespace rotavel::tests

@@ -1,10 +1,18 @@
 #include "app/speed_chart.h"
 
-#include <QApplication>
+#include <algorithm>
+#include <cmath>
+#include <malloc.h>
+
 #include <QTest>
 #include <QWindow>
 
+#include "app/current_motorcycle.h"
+#include "app/default_settings.h"
+#include "app/gear_commands.h"
 #include "app_test.h"
+#include "gui/window.h"
+#include "text/number_text.h"
 
 namespace rotavel {
 namespace {
@@ -26,30 +34,43 @@ class SpeedChartTest : public AppTest {
             "PrimaryRatio = 2.33\nFinalDriveRatio = 2.6\nGear1Ratio = 3\nGear6Ratio = 0.94\n");
     }
 
-    void Open() const { Push(GraphicButton); }
-    void Close() const {
+    void Open() { Push(GraphicButton); }
+    void Close() {
         AskToClose(chart);
         Run();
     }
-    void PointAt(int x, int y) const {
-        const QPoint place = View(canvas)->mapTo(Native(chart), QPoint(x, y));
-        QTest::mouseMove(Native(chart)->windowHandle(), place);
+    static QPoint OnWindow(int x, int y) {
+        return View(canvas)->mapTo(View(canvas)->window(), QPoint(x, y));
+    }
+    void PointAt(int x, int y) {
+        QTest::mouseMove(View(canvas)->window()->windowHandle(), OnWindow(x, y));
         Run();
     }
+    static bool MagnifierIsVisible() { return View(magnifierImage)->window()->isVisible(); }
 };
 
 TEST_F(SpeedChartTest, OpensOverTheMainWindowAndGivesItBack) {
     Open();
     ASSERT_TRUE(WindowExists(chart));
-    EXPECT_EQ(Native(chart)->windowTitle(), "Rotavel V1.55 Graphic");
+    const QWidget& window = *View(canvas)->window();
+    EXPECT_EQ(window.windowTitle(), "Rotavel V1.55 Graphic");
     EXPECT_EQ(WindowGetWidth(chart), 820);
     EXPECT_EQ(WindowGetHeight(chart), 490 + 24);
+    EXPECT_EQ(window.windowFlags() & (Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint),
+              Qt::WindowCloseButtonHint);
     EXPECT_EQ(View(canvas)->geometry(), QRect(10, 10, 800, 470));
-    EXPECT_EQ(StatusText(chart), u"Maker- Model 5");
+    EXPECT_EQ(View(canvas)->cursor().shape(), Qt::CrossCursor);
+    EXPECT_EQ(StatusText(canvas), u"Maker- Model 5");
+    EXPECT_EQ(StatusField(canvas)->alignment(), Qt::AlignCenter);
+    EXPECT_EQ(StatusField(canvas)->width(), 450);
     EXPECT_TRUE(WindowIsDisabled(MainWindow));
-    EXPECT_FALSE(Native(magnifier)->isVisible());
-    EXPECT_EQ(PixelOf(View(canvas)->grab().toImage(), 400, 420), Black) << "the rpm axis";
+    EXPECT_FALSE(MagnifierIsVisible());
+    EXPECT_EQ(PixelOf(View(canvas)->grab().toImage(), 20, 420), Black) << "the rpm axis";
+    ShowSpeedChart(program.Chart);
+    const std::int64_t plot = program.Chart.ChartImage;
+    EXPECT_TRUE(ImageExists(plot)) << "still that of the open chart";
     Close();
+    EXPECT_FALSE(ImageExists(plot));
     EXPECT_FALSE(WindowExists(chart));
     EXPECT_FALSE(WindowExists(magnifier));
     EXPECT_FALSE(WindowIsDisabled(MainWindow));
@@ -73,19 +94,23 @@ TEST_F(SpeedChartTest, ReadsOutWhatIsUnderThePointer) {
     Open();
     for (const auto& [x, y, text] : cases) {
         PointAt(200, 200);
-        EXPECT_TRUE(Native(magnifier)->isVisible());
+        EXPECT_TRUE(MagnifierIsVisible());
         PointAt(x, y);
-        EXPECT_EQ(StatusText(chart, 1), text) << x << ", " << y;
-        EXPECT_EQ(Native(magnifier)->isVisible(), *text != 0) << x << ", " << y;
+        EXPECT_EQ(StatusText(canvas, 1), text) << x << ", " << y;
+        EXPECT_EQ(MagnifierIsVisible(), *text != 0) << x << ", " << y;
     }
+    EXPECT_EQ(StatusField(canvas, 1)->alignment(), Qt::AlignCenter);
+    EXPECT_EQ(StatusField(canvas, 1)->geometry().right() + 1, 815);
     PointAt(200, 200);
+    EXPECT_EQ(KeyWindowNumber(), chart);
     WindowCreate(3, 0, 0, 50, 50);
     WindowGetX(3);  // which brings it to the screen
     Run();
-    EXPECT_FALSE(Native(magnifier)->isVisible()) << "another window has the keyboard";
+    EXPECT_FALSE(MagnifierIsVisible()) << "another window has the keyboard";
+    EXPECT_EQ(StatusText(canvas, 1), u"");
 }
 
-TEST_F(SpeedChartTest, MagnifierShowsThePlotFiveTimesEnlarged) {
+TEST_F(SpeedChartTest, MagnifierShowsThePlotFiveTimesEnlargedBesideTheChart) {
     Open();
     PointAt(200, 415);
     const QImage plot = View(canvas)->grab().toImage();
@@ -99,6 +124,15 @@ TEST_F(SpeedChartTest, MagnifierShowsThePlotFiveTimesEnlarged) {
                   onCross ? Black : PixelOf(plot, 200 + x, 415 + y))
             << x << ", " << y;
     }
+    for (const std::int64_t by : {0, 30}) {
+        WindowSetBounds(chart, WindowGetX(chart) - by, WindowGetY(chart) + by, IgnoreValue,
+                        IgnoreValue);
+        Run();
+        EXPECT_EQ(WindowGetX(magnifier), WindowGetX(chart) + WindowGetWidth(chart, OuterFrame));
+        EXPECT_EQ(WindowGetY(magnifier), WindowGetY(chart));
+        EXPECT_EQ(WindowGetWidth(magnifier), 100);
+        EXPECT_EQ(WindowGetHeight(magnifier), 100);
+    }
 }
 
 TEST_F(SpeedChartTest, OddValuesLeaveNothingDisabled) {
@@ -110,14 +144,14 @@ TEST_F(SpeedChartTest, OddValuesLeaveNothingDisabled) {
         {u"9223372036854775807", u"2.6", u"0.94", false},
         {u"9000", u"0.0000000000000005", u"0.94", false},  // 10^18 km/h
         {u"250", u"0.001", u"0.94", true},  // as high as a window can be, and hardly wide
-        {u"9000", u"2.6", u"", true},  // the remembered top gear has no ratio any more
+        {u"9000", u"2.6", u"", true},       // the remembered top gear has no ratio any more
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(&each - cases);
         SetGadgetText(MaxRpmField, each.MaxRpm);
         SetGadgetText(FinalRatioField, each.FinalDrive);
         SetGadgetText(GearRatioField + 5, each.SixthGear);
-        ShowSpeedChart();
+        ShowSpeedChart(program.Chart);
         ASSERT_EQ(WindowExists(chart), each.Opens);
         EXPECT_EQ(WindowIsDisabled(MainWindow), each.Opens);
         if (each.Opens) {
@@ -127,18 +161,57 @@ TEST_F(SpeedChartTest, OddValuesLeaveNothingDisabled) {
     }
 }
 
+// Six-speeds and five-speeds in turn: the top gear that one chart leaves behind is not the next
+// one's.
+TEST_F(SpeedChartTest, ShowsEveryMotorcycleAfterEveryOther) {
+    const auto openFor = [this](const MakerRecord& maker, const MotorcycleRecord& motorcycle) {
+        SCOPED_TRACE(ToUtf8(motorcycle.Model));
+        ChooseMotorcycle({&maker, &motorcycle});
+        SetGadgetState(SpeedUnitBox, 0);
+        CalcSpeeds();
+        std::int64_t fastest = 0;
+        for (std::int64_t field = GearSpeedField; field < GearSpeedField + 6; ++field) {
+            fastest = std::max(fastest, TextToInteger(GetGadgetText(field)));
+        }
+        for (const std::int64_t unit : {0, 1}) {
+            SetGadgetState(SpeedUnitBox, unit);
+            ShowSpeedChart(program.Chart);
+            ASSERT_TRUE(WindowExists(chart)) << unit;
+            const std::int64_t top =
+                unit == 0 ? fastest : std::lrint(static_cast<double>(fastest) * 0.621375);
+            EXPECT_EQ(WindowGetHeight(chart), (top / 10 + 1) * 20 + 134);
+            Close();
+        }
+    };
+    for (const std::size_t first : {33, 0}) {  // a five-speed, a six-speed
+        Start(DefaultSettingsText);
+        const MakerRecord& guzzi = program.Makers[0];
+        for (const MakerRecord& maker : program.Makers) {
+            for (const MotorcycleRecord& motorcycle : maker.Models) {
+                openFor(guzzi, guzzi.Models[first]);
+                openFor(maker, motorcycle);
+            }
+        }
+    }
+}
+
 TEST_F(SpeedChartTest, OpeningManyTimesLeavesNothingBehind) {
     const auto openAndClose = [this](int times) {
         for (int i = 0; i < times; ++i) {
             Open();
-            PointAt(300, 300);
+            for (int x = 300; x < 310; ++x) {
+                PointAt(x, 300);
+            }
             Close();
         }
     };
-    openAndClose(1);
+    openAndClose(2);
     const auto widgets = QApplication::allWidgets().size();
-    openAndClose(100);
+    const std::size_t memory = mallinfo2().uordblks + mallinfo2().hblkhd;
+    openAndClose(20);
     EXPECT_EQ(QApplication::allWidgets().size(), widgets);
+    // A plot takes 1.5 million bytes, a magnified piece of it 40 thousand.
+    EXPECT_LT(mallinfo2().uordblks + mallinfo2().hblkhd, memory + 1'000'000);
 }
 
 }  // namespace
