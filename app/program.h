@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "app/motorcycle_records.h"
@@ -9,6 +10,7 @@ namespace rotavel {
 
 // What the program holds from start-up to shutdown.
 struct Program {
+    std::u16string SettingsPath;  // of the settings file
     std::vector<MakerRecord> Makers;
     SpeedChart Chart;
 };

@@ -87,13 +87,14 @@ bool StartUp(Program& program, const std::u16string& settingsPath) {
         MessageRequester(u"Error", u"No ini file found");
         return false;
     }
+    program.SettingsPath = settingsPath;
     OpenWithSettings(program);
     return true;
 }
 
-void ShutDown(const std::u16string& settingsPath) {
+void ShutDown(const Program& program) {
     SaveLastValues();
-    CloseSettings(settingsPath);
+    CloseSettings(program.SettingsPath);
     ImageFree(AnyNumber);
 }
 
@@ -102,10 +103,9 @@ int RunProgram() {
     BringToFront();
     EnterBundleContents();
     Program program;
-    const std::u16string settingsPath = SettingsPath(ProgramFilename());
-    if (StartUp(program, settingsPath)) {
+    if (StartUp(program, SettingsPath(ProgramFilename()))) {
         RunMainLoop(program);
-        ShutDown(settingsPath);
+        ShutDown(program);
     }
     GuiStop();
     return 0;

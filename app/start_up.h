@@ -19,7 +19,7 @@ bool StartUp(Program& program, const std::u16string& settingsPath);
 
 // Saves the values on show and closes the settings file, which rewrites it. Where that fails, path
 // and reason go to standard error.
-void ShutDown(const std::u16string& settingsPath);
+void ShutDown(const Program& program);
 
 // The path of an executable's settings file.
 std::u16string SettingsPath(std::u16string_view executable);

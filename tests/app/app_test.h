@@ -27,6 +27,13 @@ inline std::uint64_t HashOf(std::string_view text) {
     return hash;
 }
 
+// A settings file of a motorcycle whose decimals are typed with commas here and there.
+inline const std::string FiveSpeed =
+    "[Settings]\nManufacturer = Moto\nModell = Old\nMaxRPM = 4000\nRearWheelWidth = 130\n"
+    "RearWheelPercentHeight = 80 \nRearWheelDiameter = 17\nGear1Ratio = 2,3636\n"
+    "Gear2Ratio = 1.6429\nGear3Ratio = 1.2778\nGear4Ratio = 1.0556\nGear5Ratio = 0.9000\n"
+    "Gear6Ratio = \nPrimaryRatio = 1,3125\nFinalDriveRatio = 4.125\nSpeedType = km/h\n";
+
 // The program from its start to its end, with a settings file of the test's own.
 class AppTest : public DrawTest {
   protected:
@@ -63,16 +70,26 @@ class AppTest : public DrawTest {
         }
         return texts;
     }
-    // A field of the status bar of the window that a gadget lies in; null before its first text.
-    static const QLabel* StatusField(std::int64_t gadget, int field = 0) {
+    // Width and percent height, and "off" when that cannot be entered.
+    static std::u16string TyreSize() {
+        return Texts({TyreWidthField, PercentHeightField}) +
+               (View(PercentHeightField)->isEnabled() ? u"" : u"off");
+    }
+    // All that a motorcycle sets.
+    static std::u16string Motorcycle() {
+        return StatusText(TyreWidthField) + u"|" +
+               Texts({1, 3, 5, 30, 31, 32, 33, 34, 35, 51, 55, 57, 60});
+    }
+    static std::u16string Speeds() { return Texts({36, 37, 38, 39, 40, 41}); }
+    // A field of the status bar of the window that a gadget lies in, once it has had a text.
+    static const QLabel& StatusField(std::int64_t gadget, int field = 0) {
         const QWidget* const content = View(gadget)->parentWidget();
         QList<QLabel*> labels = content->window()->findChildren<QLabel*>();
         labels.removeIf([content](QLabel* label) { return label->parentWidget() == content; });
-        return labels.value(field);
+        return *labels.at(field);
     }
     static std::u16string StatusText(std::int64_t gadget, int field = 0) {
-        const QLabel* const label = StatusField(gadget, field);
-        return label == nullptr ? u"" : label->text().toStdU16String();
+        return StatusField(gadget, field).text().toStdU16String();
     }
     // Title and text of the message that is shown meanwhile, which is answered with "OK".
     template <typename Action>

@@ -11,20 +11,7 @@ namespace {
 
 using namespace tests;
 
-const std::string LastValues =
-    "[Settings]\nManufacturer = Moto\nModell = Old\nMaxRPM = 4000\nRearWheelWidth = 130\n"
-    "RearWheelPercentHeight = 80 \nRearWheelDiameter = 17\nGear1Ratio = 2,3636\n"
-    "Gear2Ratio = 1.6429\nGear3Ratio = 1.2778\nGear4Ratio = 1.0556\nGear5Ratio = 0.9000\n"
-    "Gear6Ratio = 0.8\nPrimaryRatio = 1,3125\nFinalDriveRatio = 4.125\nSpeedType = km/h\n";
-
-class StartUpTest : public AppTest {
-  protected:
-    // All that [Settings] gives, and what it makes of the percent field and the status bar.
-    static std::u16string Shown() {
-        return Texts({11, 1, 3, 5, 30, 31, 32, 33, 34, 35, 51, 55, 57, 60}) +
-               (View(PercentHeightField)->isEnabled() ? u"" : u"off|") + StatusText(MaxRpmField);
-    }
-};
+using StartUpTest = AppTest;
 
 TEST_F(StartUpTest, FirstStartWritesTheDefaultFile) {
     EXPECT_EQ(SettingsPath(u"/opt/Ro.tavel/bin/Ro.tavel"),
@@ -34,9 +21,9 @@ TEST_F(StartUpTest, FirstStartWritesTheDefaultFile) {
     EXPECT_TRUE(View(TyreWidthField)->hasFocus());
     EXPECT_EQ(ReadFile(file), DefaultSettingsText);
     EXPECT_EQ(HashOf(DefaultSettingsText), 0xbb082e841f833008);
-    EXPECT_EQ(Shown(), u"km/h||||||||||||0|0| - ");
-    EXPECT_EQ(StatusField(MaxRpmField)->width(), 445);
-    EXPECT_EQ(StatusField(MaxRpmField)->alignment(), Qt::AlignCenter);
+    EXPECT_EQ(Motorcycle() + GetGadgetText(SpeedUnitBox), u" - ||||||||||||0|0|km/h");
+    EXPECT_EQ(StatusField(MaxRpmField).width(), 445);
+    EXPECT_EQ(StatusField(MaxRpmField).alignment(), Qt::AlignCenter);
 }
 
 TEST_F(StartUpTest, WithoutAPlaceForItsSettingsItSaysSo) {
@@ -60,19 +47,20 @@ TEST_F(StartUpTest, WithoutAPlaceForItsSettingsItSaysSo) {
 
 TEST_F(StartUpTest, ValuesLastFromRunToRun) {
     const std::string rest = "\n[A - one]\nMaxRPM = 1\n";
-    Start(LastValues + rest);
-    EXPECT_EQ(Shown(),
-              u"km/h|130|80 |17|2,3636|1.6429|1.2778|1.0556|0.9000|0.8|1,3125|4.125|4000|"
-              u"4000|Moto - Old");
+    Start(FiveSpeed + rest);
+    EXPECT_EQ(Motorcycle(),
+              u"Moto - Old|130|80 |17|2,3636|1.6429|1.2778|1.0556|0.9000||1,3125|"
+              u"4.125|4000|4000|");
+    EXPECT_EQ(GetGadgetState(SpeedUnitBox), 0);
     SettingsSelectGroup(u"A - one");
-    ShutDown(path);
-    EXPECT_EQ(ReadFile(file), "\xEF\xBB\xBF\n" + LastValues + rest);
+    ShutDown(program);
+    EXPECT_EQ(ReadFile(file), "\xEF\xBB\xBF\n" + FiveSpeed + rest);
 
     Start("[Settings]\nSpeedType = MPH\nRearWheelWidth = 3.25\nRearWheelPercentHeight = 80\n");
-    EXPECT_EQ(Shown(), u"mph|3.25|||||||||||8750|8750|off| - ");
+    EXPECT_EQ(Motorcycle() + TyreSize(), u" - |3.25|||||||||||8750|8750|3.25||off");
     SetGadgetText(GearRatioField + 1, u"\u00BD x");
     SetGadgetText(MaxRpmField, u"");
-    ShutDown(path);
+    ShutDown(program);
     EXPECT_EQ(ReadFile(file),
               "\xEF\xBB\xBF\n[Settings]\nSpeedType = mph\nRearWheelWidth = 3.25\n"
               "RearWheelPercentHeight = \nManufacturer = \nModell = \nMaxRPM = 0\n"
