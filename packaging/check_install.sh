@@ -9,7 +9,7 @@ cmake=$1 build=$2
 here=$(dirname "${BASH_SOURCE[0]}")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-prefix="$work/a prefix"
+prefix="$work/a root/usr"
 share=$prefix/share
 export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=$work
 unset XDG_DATA_HOME
@@ -42,7 +42,7 @@ starts() {
 
 install_program
 desktop-file-validate "$share/applications/Rotavel.desktop"
-appstreamcli validate --no-net --pedantic "$share/metainfo/Rotavel.metainfo.xml"
+appstreamcli validate-tree --no-net "${prefix%/usr}"
 command=$(sed -n 's/^Exec=//p' "$share/applications/Rotavel.desktop")
 for icon in "$share"/icons/hicolor/[0-9]*/apps/Rotavel.png; do
     side=$(cut -d x -f 1 <<<"${icon#"$share/icons/hicolor/"}")
