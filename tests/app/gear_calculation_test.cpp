@@ -113,6 +113,7 @@ TEST(GearCalculation, ChartTopIsTheNextTenAbove) {
         EXPECT_EQ(TopSpeedForChart(Plain({8, 1}), 0b11, maxRpm, unit, topGearIndex), top);
         EXPECT_EQ(topGearIndex, 1);
     }
+    EXPECT_EQ(GearTopSpeed(Plain({3}), 0, 9325, SpeedUnit::Kmh), 186);  // 186.5
     EXPECT_EQ(GearTopSpeed(Plain({0}), 0, -1, SpeedUnit::Kmh), -Largest - 1);
     EXPECT_EQ(GearTopSpeed(Plain({0}), 0, 1, SpeedUnit::Kmh), Largest);
     EXPECT_EQ(GearTopSpeed(Plain({0}), 0, 0, SpeedUnit::Kmh), 0);

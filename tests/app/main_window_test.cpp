@@ -158,6 +158,7 @@ TEST_F(MainWindowTest, TeethGiveRatios) {
         EXPECT_EQ(GetGadgetText(ratio), u"2.3636");
     }
     TypeOver(PrimaryRatioField, "1");
+    Push(GearRatioField);  // the keyboard alone changes nothing
     EXPECT_EQ(StatusText(TyreWidthField), u"Moto - Old");
     for (const std::int64_t ratio : {GearRatioField, GearRatioField + 5}) {
         SetCurrentMotorcycle(u"Moto", u"Old");
@@ -169,6 +170,7 @@ TEST_F(MainWindowTest, TeethGiveRatios) {
 
 TEST_F(MainWindowTest, CalculatesSpeedsAndEngineSpeeds) {
     Start(FiveSpeed);
+    SetGadgetText(MaxRpmField, u"9000");
     Push(CalcSpeedButton);
     EXPECT_EQ(Speeds(), u"38|54|70|84|99|----|");
     Click(SpeedUnitBox);

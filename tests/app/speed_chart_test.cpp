@@ -53,6 +53,8 @@ TEST_F(SpeedChartTest, OpensOverTheMainWindowAndGivesItBack) {
     EXPECT_EQ(window.windowTitle(), "Rotavel V1.55 Graphic");
     EXPECT_EQ(View(canvas)->parentWidget()->size(), QSize(820, 490 + 24));
     EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+    EXPECT_NEAR(window.geometry().center().y(),
+                View(GraphicButton)->window()->geometry().center().y(), 20);
     EXPECT_EQ(View(canvas)->geometry(), QRect(10, 10, 800, 470));
     EXPECT_EQ(View(canvas)->cursor().shape(), Qt::CrossCursor);
     EXPECT_EQ(StatusText(canvas), u"Maker- Model 5");
