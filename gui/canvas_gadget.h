@@ -8,8 +8,11 @@
 namespace rotavel {
 
 // A bitmap of the gadget's size that the program draws on (draw/raster_drawing.h), white at first
-// and cleared to its BackColour whenever that is set.
-// The pointer over it posts GadgetActivity with one of these types.
+// and cleared to its GadgetBackColor whenever that is set.
+//
+// While its window has the keyboard, the pointer posts GadgetActivity with one of these types:
+// first that it entered, at last that it left, which is also posted when the window loses the
+// keyboard or the canvas is hidden. A press that began elsewhere enters nothing.
 
 inline constexpr std::int64_t CanvasMouseEnter = 65537;
 inline constexpr std::int64_t CanvasMouseLeave = 65538;

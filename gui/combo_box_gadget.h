@@ -15,7 +15,7 @@ namespace rotavel {
 // The editable form adds a field. Typing posts Change too, and Focus and LostFocus come as from a
 // string field. Text is the field's; setting it selects the item with exactly that text or, without
 // one, deselects the row while the state stays. The state follows the last item that the list
-// showed or the user chose.
+// showed or the user chose. Drops, once enabled, come from the whole of it.
 
 inline constexpr std::uint32_t ComboBoxEditable = 1;
 inline constexpr std::uint32_t ComboBoxLowerCase = 2;  // item and set texts are folded; wins

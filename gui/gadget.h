@@ -16,18 +16,29 @@ namespace rotavel {
 //
 // A creation function takes a number (0 and up, or AnyNumber; a gadget that holds the number is
 // freed first), a position in the current container and a size, all in pixels, and returns the
-// automatic number, else non-zero; 0 when there is no window to put the gadget in.
+// automatic number, else non-zero; 0 when there is no window to put the gadget in, or a callback to
+// what freeing posts has taken the number.
+//
+// A gadget belongs to the window that is current when it is created (gadget_list.h), also when the
+// container lies in another: its events name that window, and it is freed when that one closes.
+// Freeing a gadget frees those that it contains.
+//
+// Each operation may post events, whose callbacks run at once (BindEvent). A callback may free any
+// gadget, its own too, close any window, create gadgets under numbers just freed, wait for events
+// and open a requester: the operation that posted then finds what is left, and does nothing to what
+// is not. Native objects of what is gone are deleted by the program's outermost wait.
 
 bool GadgetExists(GadgetNumber number);
 
 // Frees a gadget; AnyNumber frees all.
 void FreeGadget(GadgetNumber number);
 
-// Gives a gadget's window and then the gadget the keyboard, unless the window is disabled;
-// AnyNumber takes the keyboard from every gadget of the key window.
+// Gives a gadget's window and then the gadget the keyboard, unless the window is disabled; a gadget
+// that takes no keys leaves it where it is in the window. AnyNumber takes the keyboard from every
+// gadget of the key window.
 void ActivateGadget(GadgetNumber number);
 
-// `state` true disables, or hides.
+// `state` true disables, or hides. A gadget that is disabled with the keyboard gives it to none.
 void DisableGadget(GadgetNumber number, bool state);
 void HideGadget(GadgetNumber number, bool state);
 void GadgetToolTip(GadgetNumber number, std::u16string_view text);
@@ -57,10 +68,10 @@ void SetGadgetFont(GadgetNumber number, std::int64_t font);
 // The number of the font set, AnyNumber for none or when the number is not open.
 std::int64_t GetGadgetFont(GadgetNumber number);
 
-// Colours are 32-bit RGBA, red in the lowest byte; NoColour stands for the kind's own.
-inline constexpr std::int64_t NoColour = -1;
-inline constexpr std::int64_t FrontColour = 1;
-inline constexpr std::int64_t BackColour = 2;
+// Colours are 32-bit RGBA, red in the lowest byte; NoGadgetColor stands for the kind's own.
+inline constexpr std::int64_t NoGadgetColor = -1;
+inline constexpr std::int64_t GadgetFrontColor = 1;
+inline constexpr std::int64_t GadgetBackColor = 2;
 void SetGadgetColor(GadgetNumber number, std::int64_t type, std::int64_t colour);
 std::int64_t GetGadgetColor(GadgetNumber number, std::int64_t type);
 

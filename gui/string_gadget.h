@@ -8,10 +8,11 @@
 
 namespace rotavel {
 
-// A one-line field. Each edit of the user's posts GadgetActivity with type Change; becoming and
+// A one-line field. Each edit of the user's posts one GadgetActivity with type Change; becoming and
 // ceasing to be the gadget that keys go to posts Focus and LostFocus (not a password field's, nor
 // when only the window lost the keyboard). A text that the program sets posts nothing and is bound
-// by neither maximum length nor the digits-only rule.
+// by neither maximum length nor the digits-only rule. Undo goes back to what was shown before an
+// edit, but not beyond the program's text or to one that the user could not type.
 
 inline constexpr std::uint32_t StringPassword = 1;
 inline constexpr std::uint32_t StringReadOnly = 2;   // still selectable

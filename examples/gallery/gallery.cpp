@@ -128,8 +128,8 @@ void CreateFields() {
         y += 28;
     }
     SetGadgetAttribute(9, StringMaximumLength, 3);
-    SetGadgetColor(1, BackColour, ColourRGBA(255, 255, 200, 255));
-    SetGadgetColor(1, FrontColour, ColourRGBA(0, 0, 160, 255));
+    SetGadgetColor(1, GadgetBackColor, ColourRGBA(255, 255, 200, 255));
+    SetGadgetColor(1, GadgetFrontColor, ColourRGBA(0, 0, 160, 255));
     GadgetToolTip(1, u"Drop a text here");
     EnableGadgetDrop(1, 1);
 }

@@ -1,7 +1,9 @@
 #include "gui/button_gadget.h"
 
+#include <QKeyEvent>
 #include <QPushButton>
 
+#include "gui/gadgets/gadget_creation.h"
 #include "gui/gadgets/gadget_view.h"
 #include "gui/toolkit/text.h"
 
@@ -18,12 +20,25 @@ class QzButtonGadgetView final : public QzGadgetView<QPushButton>, public QzCont
     void SetIntValue(int value) override { state = value != 0 ? 1 : 0; }
     int IntValue() const override { return state; }
 
+  protected:
+    // Return presses the button as the space bar does.
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (!isReturn) {
+            QzGadgetView::keyPressEvent(event);
+        } else if (!event->isAutoRepeat()) {
+            click();
+        }
+    }
+
   private:
     int state = 0;
 };
 
 class QzButtonGadgetFunctions final : public QzGadgetFunctions {
   public:
+    void EventHandler() override { SendEvent(ButtonPressed); }
+
     void SetGadgetText(std::u16string_view text) override {
         title = text;
         // The toolkit takes "&" for the mark of a mnemonic.
@@ -42,18 +57,14 @@ class QzButtonGadgetFunctions final : public QzGadgetFunctions {
 std::int64_t ButtonGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                 std::int64_t width, std::int64_t height, std::u16string_view text,
                                 std::uint32_t flags) {
-    QWidget* const container = ContainerForNewGadget(number);
-    if (container == nullptr) {
-        return 0;
-    }
-    auto* const view = new QzButtonGadgetView(container);
-    auto owned = std::make_unique<QzButtonGadgetFunctions>();
-    QzButtonGadgetFunctions* const functions = owned.get();
-    const std::int64_t result =
-        PlaceGadget(std::move(owned), number, ButtonKind, view, {x, y, width, height}, flags);
-    functions->SetGadgetText(text);
-    QObject::connect(view, &QPushButton::clicked, view, [view] { RunEventHandler(*view); });
-    return result;
+    return CreateGadget<QzButtonGadgetFunctions>(
+        {number, ButtonKind, x, y, width, height, flags},
+        [](QWidget* container) { return new QzButtonGadgetView(container); },
+        [text](QzButtonGadgetView& view, QzButtonGadgetFunctions& functions) {
+            functions.SetGadgetText(text);
+            QObject::connect(&view, &QPushButton::clicked, &view,
+                             [&view] { RunEventHandler(view); });
+        });
 }
 
 }  // namespace rotavel

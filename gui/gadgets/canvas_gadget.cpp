@@ -1,10 +1,15 @@
 #include "gui/canvas_gadget.h"
 
+#include <utility>
+
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWindow>
 
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
+#include "gui/gadgets/gadget_creation.h"
 #include "gui/gadgets/gadget_view.h"
 #include "gui/toolkit/colour.h"
 #include "gui/toolkit/handle.h"
@@ -20,7 +25,6 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
   public:
     explicit Qz_CanvasView(QWidget* container) : QzGadgetView(container) {
         setAttribute(Qt::WA_OpaquePaintEvent);
-        setMouseTracking(true);
     }
     ~Qz_CanvasView() override {
         if (bitmap.paintingActive() && lostCanvasNotifier != nullptr) {
@@ -46,14 +50,36 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     QColor Background() const { return background; }
 
   protected:
-    void enterEvent(QEnterEvent* event) override {
-        mouse = PixelAt(event->position());
-        SendEventFor(Tag(), CanvasMouseEnter);
+    bool event(QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::Show:
+                // The toolkit tells a view of places that it has rounded to whole pixels, which at
+                // a screen scale other than 1 may be the next one, or beyond the view.
+                window()->windowHandle()->installEventFilter(this);
+                break;
+            case QEvent::Hide:
+            case QEvent::WindowDeactivate:
+                MouseLeft();
+                break;
+            default:
+                break;
+        }
+        return QzGadgetView::event(event);
     }
-    void leaveEvent(QEvent*) override { SendEventFor(Tag(), CanvasMouseLeave); }
-    void mouseMoveEvent(QMouseEvent* event) override {
-        mouse = PixelAt(event->position());
-        SendEventFor(Tag(), CanvasMouseMove);
+    // Of the native window.
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::MouseMove) {
+            const auto& move = static_cast<QMouseEvent&>(*event);
+            FollowMouse(move.position(), move.buttons() != Qt::NoButton);
+            if (hasMouse) {
+                SendEventOf(*this, CanvasMouseMove);
+            }
+        } else if (event->type() == QEvent::Enter) {
+            FollowMouse(static_cast<QEnterEvent*>(event)->position(), false);
+        } else if (event->type() == QEvent::Leave) {
+            MouseLeft();
+        }
+        return false;
     }
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
@@ -61,8 +87,35 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     }
 
   private:
-    // The pointer lies in a pixel, not at the corner nearest to it.
-    static QPoint PixelAt(QPointF place) { return {qFloor(place.x()), qFloor(place.y())}; }
+    void FollowMouse(QPointF place, bool isPressed) {
+        if (!IsUnder(place)) {
+            MouseLeft();
+            return;
+        }
+        // A press that began elsewhere is not this gadget's business.
+        if (!hasMouse && isPressed) {
+            return;
+        }
+        const QPointF inside = mapFrom(window(), place);
+        mouse = {qFloor(inside.x()), qFloor(inside.y())};
+        if (!std::exchange(hasMouse, true)) {
+            SendEventOf(*this, CanvasMouseEnter);
+        }
+    }
+    void MouseLeft() {
+        if (std::exchange(hasMouse, false)) {
+            SendEventOf(*this, CanvasMouseLeave);
+        }
+    }
+    // Whether a place in the window is in a pixel of this gadget that can be seen, while its window
+    // has the keyboard and no menu is open.
+    bool IsUnder(QPointF place) const {
+        if (!isEnabled() || QApplication::activeWindow() != window() ||
+            QApplication::activePopupWidget() != nullptr) {
+            return false;
+        }
+        return isAncestorOf(window()->childAt(qFloor(place.x()), qFloor(place.y())));
+    }
 
     QImage CreateImage(int width, int height) const {
         QImage image = MakeBitmap(width, height);
@@ -84,6 +137,7 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
 
     QImage bitmap;
     QPoint mouse;
+    bool hasMouse = false;
     QColor background = Qt::white;
 };
 
@@ -110,13 +164,14 @@ class QzCanvasGadgetFunctions final : public QzGadgetFunctions {
     }
 
     void SetGadgetColor(std::int64_t type, std::int64_t colour) override {
-        if (type == BackColour) {
-            View().SetBackground(colour == NoColour ? QColor(Qt::white)
-                                                    : ToQColor(static_cast<std::uint32_t>(colour)));
+        if (type == GadgetBackColor) {
+            View().SetBackground(colour == NoGadgetColor
+                                     ? QColor(Qt::white)
+                                     : ToQColor(static_cast<std::uint32_t>(colour)));
         }
     }
     std::int64_t GetGadgetColor(std::int64_t type) const override {
-        return type == BackColour ? FromQColor(View().Background()) : 0;
+        return type == GadgetBackColor ? FromQColor(View().Background()) : 0;
     }
 
     void OpenGadgetList(std::int64_t) override {
@@ -154,12 +209,10 @@ void NotifyOfLostCanvas(void (*notify)(const NativeImage* bitmap)) {
 
 std::int64_t CanvasGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                 std::int64_t width, std::int64_t height, std::uint32_t flags) {
-    QWidget* const container = ContainerForNewGadget(number);
-    if (container == nullptr) {
-        return 0;
-    }
-    return PlaceGadget(std::make_unique<QzCanvasGadgetFunctions>(), number, CanvasKind,
-                       new Qz_CanvasView(container), {x, y, width, height}, flags);
+    return CreateGadget<QzCanvasGadgetFunctions>(
+        {number, CanvasKind, x, y, width, height, flags},
+        [](QWidget* container) { return new Qz_CanvasView(container); },
+        [](Qz_CanvasView&, QzCanvasGadgetFunctions&) {});
 }
 
 }  // namespace rotavel

@@ -1,13 +1,11 @@
 #include "gui/combo_box_gadget.h"
 
-#include <QComboBox>
 #include <QIcon>
 #include <QPixmap>
 #include <QStandardItemModel>
 
-#include "gui/event_queue.h"
+#include "gui/gadgets/combo_box_view.h"
 #include "gui/gadgets/edit_combo_box.h"
-#include "gui/gadgets/gadget_view.h"
 #include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
 #include "gui/toolkit/text.h"
@@ -18,18 +16,12 @@ namespace {
 
 constexpr int BlankImageSide = 16;
 
-class Qz_NSPopUpButton final : public QzGadgetView<QComboBox>, public QzControl {
+class Qz_NSPopUpButton final : public QzComboBoxView {
   public:
-    explicit Qz_NSPopUpButton(QWidget* container) : QzGadgetView(container) {
-        PrepareComboBox(*this);
-    }
+    using QzComboBoxView::QzComboBoxView;
 
     // The plain form has no text of its own.
     void SetStringValue(const QString&) override {}
-    QString StringValue() const override { return currentText(); }
-
-  protected:
-    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
 
 const QIcon& BlankImage() {
@@ -41,17 +33,15 @@ const QIcon& BlankImage() {
     return blank;
 }
 
-class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
+class QzComboBoxGadgetFunctions final : public QzListFunctions {
   public:
-    void EventHandler() override { SendEvent(Change); }
-
     std::int64_t AddGadgetItem(std::int64_t position, std::u16string_view text, NativeImage* image,
                                std::uint32_t) override {
         QComboBox& view = View();
         const bool inserts = position >= 0 && position < view.count();
         const int index = inserts ? static_cast<int>(position) : view.count();
         const bool hadSelection = view.currentIndex() >= 0;
-        view.insertItem(index, ItemImage(image), FoldedItem(text, Gadget->Flags));
+        view.insertItem(index, ItemImage(image), FoldedItem(text));
         if (!hadSelection) {
             view.setCurrentIndex(-1);  // the toolkit selects the first item of a list by itself
         }
@@ -78,8 +68,8 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
     std::int64_t GetGadgetState() const override { return View().currentIndex(); }
 
     void SetGadgetText(std::u16string_view text) override {
-        const int index = View().findText(FoldedItem(text, Gadget->Flags),
-                                          Qt::MatchExactly | Qt::MatchCaseSensitive);
+        const int index =
+            View().findText(FoldedItem(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
         if (index >= 0) {
             View().setCurrentIndex(index);
         }
@@ -87,7 +77,7 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
 
     void SetGadgetItemText(std::int64_t item, std::u16string_view text, std::int64_t) override {
         if (IsItem(item)) {
-            View().setItemText(static_cast<int>(item), FoldedItem(text, Gadget->Flags));
+            View().setItemText(static_cast<int>(item), FoldedItem(text));
         }
     }
     std::u16string GetGadgetItemText(std::int64_t item, std::int64_t) override {
@@ -125,19 +115,13 @@ class QzComboBoxGadgetFunctions final : public QzGadgetFunctions {
 
 std::int64_t ComboBoxGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                   std::int64_t width, std::int64_t height, std::uint32_t flags) {
+    const NewGadget gadget = {number, ComboBoxKind, x, y, width, height, flags};
     if ((flags & ComboBoxEditable) != 0) {
-        return EditComboBoxGadgetCreate(number, {x, y, width, height}, flags);
+        return EditComboBoxGadgetCreate(gadget);
     }
-    QWidget* const container = ContainerForNewGadget(number);
-    if (container == nullptr) {
-        return 0;
-    }
-    auto* const view = new Qz_NSPopUpButton(container);
-    const std::int64_t result = PlaceGadget(std::make_unique<QzComboBoxGadgetFunctions>(), number,
-                                            ComboBoxKind, view, {x, y, width, height}, flags);
-    // Also when the item chosen was selected already, and never when the program selects.
-    QObject::connect(view, &QComboBox::activated, view, [view] { RunEventHandler(*view); });
-    return result;
+    return CreateGadget<QzComboBoxGadgetFunctions>(
+        gadget, [](QWidget* container) { return new Qz_NSPopUpButton(container); },
+        [](Qz_NSPopUpButton& view, QzComboBoxGadgetFunctions&) { view.NotifyOfChoices(); });
 }
 
 }  // namespace rotavel

@@ -1,20 +1,14 @@
 #include "gui/gadgets/edit_combo_box.h"
 
 #include <algorithm>
-#include <limits>
 #include <optional>
 #include <vector>
 
 #include <QAbstractListModel>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QWheelEvent>
 
-#include "gui/combo_box_gadget.h"
 #include "gui/event_queue.h"
-#include "gui/gadgets/formatters.h"
-#include "gui/gadgets/gadget_view.h"
-#include "gui/gadgets/undo_key.h"
+#include "gui/gadgets/combo_box_view.h"
+#include "gui/gadgets/text_entry.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/first_responder.h"
 
@@ -72,46 +66,36 @@ class DataSource final : public QAbstractListModel {
     mutable std::int32_t SelectedIndex = -1;
 };
 
-class Qz_NSComboBox final : public QzGadgetView<QComboBox>,
-                            public QzControl,
-                            public FirstResponderView {
+class Qz_NSComboBox final : public QzComboBoxView, public FirstResponderView {
   public:
-    explicit Qz_NSComboBox(QWidget* container) : QzGadgetView(container) {
-        setEditable(true);
+    explicit Qz_NSComboBox(QWidget* container)
+        : QzComboBoxView(container), entry(new QzTextEntry(nullptr)) {
+        setLineEdit(entry);
         setInsertPolicy(NoInsert);
         setCompleter(nullptr);
-        PrepareComboBox(*this);
         setModel(&source);
         // At the end of editing the toolkit would look the text up, asking for every row.
-        QObject::disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
-        QObject::disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
-        lineEdit()->setValidator(&formatter);
-        lineEdit()->setMaxLength(std::numeric_limits<int>::max());
+        QObject::disconnect(entry, &QLineEdit::returnPressed, this, nullptr);
+        QObject::disconnect(entry, &QLineEdit::editingFinished, this, nullptr);
+        entry->NotifyOfEdits([this] { RunEventHandler(*this); });
     }
 
     DataSource& Source() { return source; }
 
-    void SetStringValue(const QString& value) override {
-        // The program's own text is not judged.
-        lineEdit()->setValidator(nullptr);
-        setEditText(value);
-        lineEdit()->setValidator(&formatter);
-    }
-    QString StringValue() const override { return currentText(); }
+    void SetStringValue(const QString& value) override { entry->ShowText(value); }
 
-    void BecomeFirstResponder() override { SendEventFor(Tag(), Focus); }
-    void TextDidEndEditing() override { SendEventFor(Tag(), LostFocus); }
-
-  protected:
-    bool event(QEvent* event) override {
-        return (lineEdit() != nullptr && UndoKey::Takes(*lineEdit(), event)) ||
-               QzGadgetView::event(event);
+    // The field lies over the whole of the box.
+    void TakeGadgetDrops(bool takes) override {
+        QzComboBoxView::TakeGadgetDrops(takes);
+        entry->setAcceptDrops(!takes);
     }
-    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+    void BecomeFirstResponder() override { SendEventOf(*this, Focus); }
+    void TextDidEndEditing() override { SendEventOf(*this, LostFocus); }
 
   private:
+    QzTextEntry* const entry;  // the box owns it
     DataSource source;
-    QzMaximumLengthFormatter formatter;  // keeps what is typed and pasted on one line
 };
 
 // Keeps field and selection as they are while the list changes: the toolkit would select a
@@ -144,16 +128,14 @@ class ListChange {
     std::int32_t selectedIndex;
 };
 
-class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
+class QzEditComboBoxGadgetFunctions final : public QzListFunctions {
   public:
-    void EventHandler() override { SendEvent(Change); }
-
     std::int64_t AddGadgetItem(std::int64_t position, std::u16string_view text, NativeImage*,
                                std::uint32_t) override {
         const ListChange change(View());
         DataSource& source = View().Source();
         source.Insert(source.IsItem(position) ? position : source.NumberOfItemsInComboBox(),
-                      FoldedItem(text, Gadget->Flags));
+                      FoldedItem(text));
         return 1;
     }
     void RemoveGadgetItem(std::int64_t item) override {
@@ -177,7 +159,7 @@ class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
     std::int64_t GetGadgetState() const override { return View().Source().SelectedIndex; }
 
     void SetGadgetText(std::u16string_view text) override {
-        const QString folded = FoldedItem(text, Gadget->Flags);
+        const QString folded = FoldedItem(text);
         const auto& items = View().Source().Items;
         const auto found = std::find(items.begin(), items.end(), folded);
         if (found == items.end()) {
@@ -194,7 +176,7 @@ class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
 
     void SetGadgetItemText(std::int64_t item, std::u16string_view text, std::int64_t) override {
         if (View().Source().IsItem(item)) {
-            View().Source().Items[static_cast<std::size_t>(item)] = FoldedItem(text, Gadget->Flags);
+            View().Source().Items[static_cast<std::size_t>(item)] = FoldedItem(text);
         }
     }
     std::u16string GetGadgetItemText(std::int64_t item, std::int64_t) override {
@@ -228,31 +210,10 @@ class QzEditComboBoxGadgetFunctions final : public QzGadgetFunctions {
 
 }  // namespace
 
-void PrepareComboBox(QComboBox& box) {
-    box.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box.setFocusPolicy(Qt::StrongFocus);
-}
-
-QString FoldedItem(std::u16string_view text, std::uint32_t flags) {
-    const bool isUpper = (flags & ComboBoxUpperCase) != 0;
-    return Folded(ToQString(text), (flags & ComboBoxLowerCase) != 0 ? LetterCase::Lower
-                                   : isUpper                        ? LetterCase::Upper
-                                                                    : LetterCase::AsItIs);
-}
-
-std::int64_t EditComboBoxGadgetCreate(GadgetNumber number, const GadgetBounds& bounds,
-                                      std::uint32_t flags) {
-    QWidget* const container = ContainerForNewGadget(number);
-    if (container == nullptr) {
-        return 0;
-    }
-    auto* const view = new Qz_NSComboBox(container);
-    const std::int64_t result = PlaceGadget(std::make_unique<QzEditComboBoxGadgetFunctions>(),
-                                            number, ComboBoxKind, view, bounds, flags);
-    const auto changed = [view] { RunEventHandler(*view); };
-    QObject::connect(view->lineEdit(), &QLineEdit::textEdited, view, changed);
-    QObject::connect(view, &QComboBox::activated, view, changed);
-    return result;
+std::int64_t EditComboBoxGadgetCreate(const NewGadget& gadget) {
+    return CreateGadget<QzEditComboBoxGadgetFunctions>(
+        gadget, [](QWidget* container) { return new Qz_NSComboBox(container); },
+        [](Qz_NSComboBox& view, QzEditComboBoxGadgetFunctions&) { view.NotifyOfChoices(); });
 }
 
 }  // namespace rotavel

@@ -21,15 +21,12 @@ QString OneLine(QString text) {
 
 }  // namespace
 
-QValidator::State QzMaximumLengthFormatter::validate(QString& text, int& cursor) const {
-    const QString proposed = OneLine(text);
-    if (!IsPartialStringValid(proposed)) {
-        return Invalid;
-    }
-    // A replacement may be longer or shorter than what it replaces.
-    cursor = static_cast<int>(Replacement(proposed.left(cursor)).size());
-    text = Replacement(proposed);
-    return Acceptable;
+QValidator::State QzMaximumLengthFormatter::Judge(const QString& proposed) const {
+    return IsPartialStringValid(OneLine(proposed)) ? Acceptable : Invalid;
+}
+
+QString QzMaximumLengthFormatter::Replacement(const QString& proposed) const {
+    return Folded(OneLine(proposed));
 }
 
 bool QzNumericFormatter::IsPartialStringValid(const QString& text) const {

@@ -5,10 +5,12 @@
 
 #include <QValidator>
 
+#include "gui/toolkit/text.h"
+
 namespace rotavel {
 
-// The formatter of a string field judges every edit of the user's by the whole text that the field
-// would then hold, and may put another text in its place. This one limits the length. Line ends,
+// The formatter of a text field judges every edit of the user's by the whole text that the field
+// would then hold, and may want another text in its place. This one limits the length. Line ends,
 // which a paste can bring along, are none of the formatters' business: a field has one line, so
 // they become blanks, and vanish at the text's end.
 class QzMaximumLengthFormatter : public QValidator {
@@ -17,14 +19,18 @@ class QzMaximumLengthFormatter : public QValidator {
     void SetMaximumLength(std::int32_t length) { maxLength = length; }
     std::int32_t MaximumLength() const { return maxLength; }
 
-    // Whether an edit may leave the field with `text`.
+    // Whether an edit may leave the field with `text`, which has one line.
     virtual bool IsPartialStringValid(const QString& text) const {
         return text.size() <= maxLength;
     }
-    // What the field then shows.
-    virtual QString Replacement(const QString& text) const { return text; }
+    // A part of the text as it is to be shown.
+    virtual QString Folded(const QString& part) const { return part; }
 
-    State validate(QString& text, int& cursor) const final;
+    State Judge(const QString& proposed) const;
+    // What the field is to show for a proposed text that was found valid.
+    QString Replacement(const QString& proposed) const;
+
+    State validate(QString& text, int&) const final { return Judge(text); }
 
   private:
     std::int32_t maxLength = std::numeric_limits<std::int32_t>::max();
@@ -32,12 +38,16 @@ class QzMaximumLengthFormatter : public QValidator {
 
 class QzUpperCaseFormatter final : public QzMaximumLengthFormatter {
   public:
-    QString Replacement(const QString& text) const override { return text.toUpper(); }
+    QString Folded(const QString& part) const override {
+        return rotavel::Folded(part, LetterCase::Upper);
+    }
 };
 
 class QzLowerCaseFormatter final : public QzMaximumLengthFormatter {
   public:
-    QString Replacement(const QString& text) const override { return text.toLower(); }
+    QString Folded(const QString& part) const override {
+        return rotavel::Folded(part, LetterCase::Lower);
+    }
 };
 
 // Digits only: no sign, point or blank.

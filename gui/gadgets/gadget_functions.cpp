@@ -1,5 +1,7 @@
 #include "gui/gadgets/gadget_functions.h"
 
+#include <QPointer>
+
 #include "gui/events/event_posting.h"
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
@@ -72,12 +74,14 @@ void QzGadgetFunctions::SendEvent(std::int64_t type) const {
 void QzGadgetFunctions::ActivateGadget() {
     // A binding to what this posts may free the gadget, and these functions with it.
     const GadgetNumber number = GadgetID;
-    QWidget* const view = Gadget->View;
+    const QPointer<QWidget> view = Gadget->View;
     QzWindow* const window = QzWindow::Of(view);
     if (window->IsShown()) {
         window->MakeKeyAndOrderFront();
     }
-    if (GadgetExists(number)) {
+    const GadgetRecord* const record = GadgetRegistry().Find(number);
+    const bool isPresent = record != nullptr && view != nullptr && record->View == view;
+    if (isPresent && view->focusPolicy() != Qt::NoFocus) {
         window->MakeFirstResponder(view);
     }
 }
@@ -94,8 +98,15 @@ void QzGadgetFunctions::HideGadget(bool state) {
 }
 
 void QzGadgetFunctions::DisableGadget(bool state) {
-    if (isNSControl) {
-        Gadget->View->setEnabled(!state);
+    if (!isNSControl) {
+        return;
+    }
+    const QPointer<QWidget> view = Gadget->View;
+    if (state) {
+        TakeKeyboardFrom(*view);  // the toolkit would pass it on to the next view
+    }
+    if (view != nullptr) {
+        view->setEnabled(!state);
     }
 }
 
@@ -165,24 +176,12 @@ std::u16string QzGadgetFunctions::GetGadgetText() const {
     return isNSControl ? FromQString(AsControl(*Gadget)->StringValue()) : std::u16string();
 }
 
-QWidget* ContainerForNewGadget(GadgetNumber number) {
-    if (number < AnyNumber) {
-        return nullptr;
+void TakeKeyboardFrom(const QWidget& view) {
+    QzWindow* const window = QzWindow::Of(&view);
+    const QWidget* const focus = window == nullptr ? nullptr : window->focusWidget();
+    if (view.isAncestorOf(focus)) {
+        window->MakeFirstResponder(nullptr);
     }
-    if (number != AnyNumber && QzGadgetList::CurrentView() != nullptr) {
-        FreeGadget(number);
-    }
-    return FromHandle(QzGadgetList::CurrentView());
-}
-
-std::int64_t PlaceGadget(std::unique_ptr<QzGadgetFunctions> functions, GadgetNumber number,
-                         GadgetKind kind, QWidget* view, const GadgetBounds& bounds,
-                         std::uint32_t flags) {
-    QzGadgetFunctions::Setup(std::move(functions), number, kind, view, view, flags);
-    view->setGeometry(ToCoordinate(bounds.X), ToCoordinate(bounds.Y), ToSide(bounds.Width),
-                      ToSide(bounds.Height));
-    view->show();
-    return CreationResult(number, dynamic_cast<QzTaggedView&>(*view).Tag(), view);
 }
 
 }  // namespace rotavel

@@ -15,14 +15,6 @@ namespace rotavel {
 enum GadgetKind : std::int32_t;
 struct GadgetRecord;
 
-// Where a gadget is to stand.
-struct GadgetBounds {
-    std::int64_t X;
-    std::int64_t Y;
-    std::int64_t Width;
-    std::int64_t Height;
-};
-
 // The operations of one gadget. Each kind derives a class that overrides what it does differently;
 // what it does not serve falls back to here, where it does nothing and returns 0.
 class QzGadgetFunctions {
@@ -39,7 +31,7 @@ class QzGadgetFunctions {
 
     // Posts GadgetActivity for this gadget.
     void SendEvent(std::int64_t type) const;
-    // The control's action.
+    // The control's action: an event of type 0 where a kind has no other.
     virtual void EventHandler() { SendEvent(0); }
 
     virtual void FreeGadget() {}
@@ -104,14 +96,8 @@ class QzGadgetFunctions {
     std::int64_t fontNumber = -1;
 };
 
-// The container that new gadgets go into, once `number` is free: a gadget that holds it is freed.
-// Null when there is no window or the number cannot be used.
-QWidget* ContainerForNewGadget(GadgetNumber number);
-
-// Enters a new view as a gadget, puts it in its place and shows it. Returns what the creation
-// function returns.
-std::int64_t PlaceGadget(std::unique_ptr<QzGadgetFunctions> functions, GadgetNumber number,
-                         GadgetKind kind, QWidget* view, const GadgetBounds& bounds,
-                         std::uint32_t flags);
+// Takes the keyboard from a view, or from one that it holds, and gives it to none. Bindings run and
+// may do anything, so that the view may be gone afterwards.
+void TakeKeyboardFrom(const QWidget& view);
 
 }  // namespace rotavel

@@ -1,5 +1,7 @@
 #include "gui/gadgets/gadget_registry.h"
 
+#include <QPointer>
+
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
 #include "gui/gadgets/gadget_view.h"
@@ -32,17 +34,22 @@ void FreeWhere(Predicate matches) {
     }
 }
 
-void FreeOne(GadgetNumber number, GadgetRecord& record) {
-    QWidget* const container = record.Container;
-    FreeRecord(number, record);
-    FreeWhere(
-        [container](const GadgetRecord& other) { return container->isAncestorOf(other.View); });
-    // Hiding the focus would pass it on, as if the user had moved it.
-    QzWindow* const window = QzWindow::Of(container);
-    QWidget* const focus = window == nullptr ? nullptr : window->focusWidget();
-    if (focus != nullptr && (focus == container || container->isAncestorOf(focus))) {
-        window->MakeFirstResponder(nullptr);
+void FreeOne(GadgetNumber number, const GadgetRecord& record) {
+    // A binding to a LostFocus that this posts may free the gadget, create another under its number
+    // or close the window.
+    const QPointer<QWidget> container = record.Container;
+    TakeKeyboardFrom(*container);
+    FreeWhere([&container](const GadgetRecord& other) {
+        return container != nullptr && container != other.Container &&
+               container->isAncestorOf(other.View);
+    });
+    GadgetRecord* const present = registry.Find(number);
+    if (container == nullptr || present == nullptr || present->Container != container) {
+        return;
     }
+    FreeRecord(number, *present);
+    // A binding may have given it the keyboard back, and hiding would pass that on.
+    TakeKeyboardFrom(*container);
     container->hide();
     Retire(container);
 }
@@ -74,12 +81,6 @@ NumberedObjects<GadgetRecord>& GadgetRegistry() {
 WindowObserver& GadgetsAsObserver() {
     static GadgetObserver observer;
     return observer;
-}
-
-void SendEventFor(GadgetNumber gadget, std::int64_t type) {
-    if (const GadgetRecord* const record = registry.Find(gadget)) {
-        record->Functions->SendEvent(type);
-    }
 }
 
 void FreeGadgetRecord(GadgetNumber number) {

@@ -37,9 +37,6 @@ NumberedObjects<GadgetRecord>& GadgetRegistry();
 // Frees the gadgets of windows that close, and keeps the list of where new ones go.
 WindowObserver& GadgetsAsObserver();
 
-// Posts GadgetActivity for a gadget that is still there.
-void SendEventFor(GadgetNumber gadget, std::int64_t type);
-
 // Frees the record of a gadget whose view is being destroyed by somebody else.
 void FreeGadgetRecord(GadgetNumber number);
 

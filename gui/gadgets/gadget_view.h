@@ -35,6 +35,7 @@ class QzTaggedView {
     virtual ~QzTaggedView() = default;
     void SetTag(std::int64_t tag) { Qz_tag = tag; }
     void SetAlreadyDestroyed(bool destroyed) { Qz_alreadyDestroyed = destroyed; }
+    bool IsAlreadyDestroyed() const { return Qz_alreadyDestroyed; }
     std::int64_t Tag() const { return Qz_tag; }
     virtual void TakeGadgetDrops(bool takes) = 0;
 
@@ -60,16 +61,24 @@ class QzGadgetView : public QzDropTarget<Base>, public QzTaggedView {
     std::int64_t DropWindow() const override { return AcceptingWindowOf(this); }
 };
 
-// The functions of the gadget that a view belongs to, or null when that is gone already.
-template <typename Functions>
-Functions* FunctionsOf(const QzTaggedView& view) {
-    const GadgetRecord* const record = GadgetRegistry().Find(view.Tag());
-    return record == nullptr ? nullptr : dynamic_cast<Functions*>(record->Functions.get());
+// The functions of the gadget that a view belongs to. Null when that is gone: the view lives on for
+// a while, and its number may be another's by then.
+inline QzGadgetFunctions* FunctionsOf(const QzTaggedView& view) {
+    const GadgetRecord* const record =
+        view.IsAlreadyDestroyed() ? nullptr : GadgetRegistry().Find(view.Tag());
+    return record == nullptr ? nullptr : record->Functions.get();
+}
+
+// Posts GadgetActivity for the gadget of a view.
+inline void SendEventOf(const QzTaggedView& view, std::int64_t type) {
+    if (const QzGadgetFunctions* const functions = FunctionsOf(view)) {
+        functions->SendEvent(type);
+    }
 }
 
 // The control's action: runs the gadget's event handler.
 inline void RunEventHandler(const QzTaggedView& view) {
-    if (auto* const functions = FunctionsOf<QzGadgetFunctions>(view)) {
+    if (QzGadgetFunctions* const functions = FunctionsOf(view)) {
         functions->EventHandler();
     }
 }

@@ -6,7 +6,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "gui/gadgets/gadget_creation.h"
 #include "gui/gadgets/gadget_view.h"
+#include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
 #include "gui/windows/click_count.h"
 
@@ -32,7 +34,7 @@ class Qz_NSImageView final : public QzGadgetView<QFrame>, public QzControl {
     void mouseReleaseEvent(QMouseEvent* event) override {
         const int count = clicks.Of(event->button());
         if (event->button() == Qt::RightButton && count <= 2) {
-            SendEventFor(Tag(), count == 1 ? ImageRightClick : ImageRightDoubleClick);
+            SendEventOf(*this, count == 1 ? ImageRightClick : ImageRightDoubleClick);
         }
     }
     void paintEvent(QPaintEvent* event) override {
@@ -59,15 +61,19 @@ class Qz_NSImageView final : public QzGadgetView<QFrame>, public QzControl {
 
 class QzImageGadgetFunctions final : public QzGadgetFunctions {
   public:
-    void SetGadgetState(std::int64_t state) override {
-        shown = state;
-        const auto* const image = std::bit_cast<const QImage*>(static_cast<std::intptr_t>(state));
-        View().SetImage(image == nullptr ? QImage() : *image);
-        if (image != nullptr) {
-            ResizeToFit(*image);
+    void Show(NativeImage* image) {
+        shown = image;
+        const QImage* const present = FromHandle(image);
+        View().SetImage(present == nullptr ? QImage() : *present);
+        if (present != nullptr) {
+            ResizeToFit(*present);
         }
     }
-    std::int64_t GetGadgetState() const override { return shown; }
+
+    void SetGadgetState(std::int64_t state) override {
+        Show(std::bit_cast<NativeImage*>(static_cast<std::intptr_t>(state)));
+    }
+    std::int64_t GetGadgetState() const override { return reinterpret_cast<std::intptr_t>(shown); }
 
   private:
     Qz_NSImageView& View() const { return static_cast<Qz_NSImageView&>(*Gadget->View); }
@@ -77,7 +83,7 @@ class QzImageGadgetFunctions final : public QzGadgetFunctions {
         View().resize(image.deviceIndependentSize().toSize() + QSize(frame, frame));
     }
 
-    std::int64_t shown = 0;
+    NativeImage* shown = nullptr;  // only ever passed on: the image itself is copied
 };
 
 }  // namespace
@@ -85,21 +91,29 @@ class QzImageGadgetFunctions final : public QzGadgetFunctions {
 std::int64_t ImageGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                std::int64_t width, std::int64_t height, NativeImage* image,
                                std::uint32_t flags) {
-    QWidget* const container = ContainerForNewGadget(number);
-    if (container == nullptr) {
-        return 0;
+    return CreateGadget<QzImageGadgetFunctions>(
+        {number, ImageKind, x, y, width, height, flags},
+        [flags](QWidget* container) {
+            auto* const view = new Qz_NSImageView(container);
+            view->setFrameStyle((flags & ImageSunken) != 0 ? QFrame::Panel | QFrame::Sunken
+                                                           : QFrame::NoFrame);
+            return view;
+        },
+        [image](Qz_NSImageView&, QzImageGadgetFunctions& functions) {
+            if (image != nullptr) {
+                functions.Show(image);
+            }
+        });
+}
+
+void SetGadgetImage(GadgetNumber gadget, NativeImage* image) {
+    const GadgetRecord* const record = GadgetRegistry().Find(gadget);
+    auto* const functions = record == nullptr
+                                ? nullptr
+                                : dynamic_cast<QzImageGadgetFunctions*>(record->Functions.get());
+    if (functions != nullptr) {
+        functions->Show(image);
     }
-    auto* const view = new Qz_NSImageView(container);
-    view->setFrameStyle((flags & ImageSunken) != 0 ? QFrame::Panel | QFrame::Sunken
-                                                   : QFrame::NoFrame);
-    auto owned = std::make_unique<QzImageGadgetFunctions>();
-    QzImageGadgetFunctions* const functions = owned.get();
-    const std::int64_t result =
-        PlaceGadget(std::move(owned), number, ImageKind, view, {x, y, width, height}, flags);
-    if (image != nullptr) {
-        functions->SetGadgetState(reinterpret_cast<std::intptr_t>(image));
-    }
-    return result;
 }
 
 }  // namespace rotavel

@@ -3,17 +3,14 @@
 #include <algorithm>
 #include <limits>
 
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QPointer>
-#include <QSignalBlocker>
 
 #include "gui/event_queue.h"
 #include "gui/gadget.h"
-#include "gui/gadgets/formatters.h"
 #include "gui/gadgets/gadget_colours.h"
+#include "gui/gadgets/gadget_creation.h"
 #include "gui/gadgets/gadget_view.h"
-#include "gui/gadgets/undo_key.h"
+#include "gui/gadgets/text_entry.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/first_responder.h"
 
@@ -22,60 +19,12 @@ namespace rotavel {
 namespace {
 
 // What the two views of a string field share.
-class QzStringField : public QzGadgetView<QLineEdit>, public QzControl {
+class QzStringField : public QzGadgetView<QzTextEntry>, public QzControl {
   public:
-    explicit QzStringField(QWidget* container) : QzGadgetView(container) {
-        // The toolkit's limit would cut the program's own texts; the formatter knows the real one.
-        setMaxLength(std::numeric_limits<int>::max());
-        UndoKey::InstallOn(*this);
-    }
+    using QzGadgetView::QzGadgetView;
 
-    void SetFormatter(std::unique_ptr<QzMaximumLengthFormatter> newFormatter) {
-        formatter = std::move(newFormatter);
-        setValidator(formatter.get());
-    }
-    QzMaximumLengthFormatter& Formatter() const { return *formatter; }
-
-    void SetStringValue(const QString& value) override {
-        const QSignalBlocker silence(this);
-        // Without its validator the toolkit neither judges nor replaces the text, and takes the
-        // next edit for one of a valid text, which it undoes when the formatter refuses it.
-        setValidator(nullptr);
-        setText(value);
-        setCursorPosition(0);
-        setValidator(formatter.get());
-        judged = text();
-    }
+    void SetStringValue(const QString& value) override { ShowText(value); }
     QString StringValue() const override { return text(); }
-
-    // Whether the user's edit stands. The toolkit does not judge what undo and redo bring back.
-    bool EditStands() {
-        if (!formatter->IsPartialStringValid(text())) {
-            const int cursor = cursorPosition();
-            SetStringValue(judged);
-            setCursorPosition(cursor);
-            return false;
-        }
-        judged = text();
-        return true;
-    }
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        // The toolkit forgets what can be undone when a formatter replaces the text, so it gets to
-        // see a letter folded already where that changes no length.
-        const QString typed = event->text();
-        const QString folded = formatter->Replacement(typed);
-        QKeyEvent key(event->type(), event->key(), event->modifiers(),
-                      folded.size() == typed.size() ? folded : typed, event->isAutoRepeat(),
-                      static_cast<quint16>(event->count()));
-        QzGadgetView::keyPressEvent(&key);
-        event->setAccepted(key.isAccepted());
-    }
-
-  private:
-    std::unique_ptr<QzMaximumLengthFormatter> formatter;
-    QString judged;  // the text before the edit at hand
 };
 
 class QzSecureTextField final : public QzStringField {
@@ -89,8 +38,8 @@ class QzStringGadgetTextField final : public QzStringField, public FirstResponde
   public:
     using QzStringField::QzStringField;
 
-    void BecomeFirstResponder() override { SendEventFor(Tag(), Focus); }
-    void TextDidEndEditing() override { SendEventFor(Tag(), LostFocus); }
+    void BecomeFirstResponder() override { SendEventOf(*this, Focus); }
+    void TextDidEndEditing() override { SendEventOf(*this, LostFocus); }
 };
 
 LetterCase SetTextCase(std::uint32_t flags) {
@@ -114,12 +63,6 @@ class QzStringGadgetFunctions final : public QzGadgetFunctions {
     // Pressing Return is no event.
     void EventHandler() override {}
 
-    void ControlTextDidChange() {
-        if (View().EditStands()) {
-            SendEvent(Change);
-        }
-    }
-
     void SetGadgetText(std::u16string_view text) override {
         View().SetStringValue(Folded(ToQString(text), SetTextCase(Gadget->Flags)));
     }
@@ -136,17 +79,17 @@ class QzStringGadgetFunctions final : public QzGadgetFunctions {
     }
 
     void SetGadgetColor(std::int64_t type, std::int64_t colour) override {
-        if (type == FrontColour) {
+        if (type == GadgetFrontColor) {
             colours.SetFront(View(), GivenColour(colour));
-        } else if (type == BackColour) {
+        } else if (type == GadgetBackColor) {
             colours.SetBack(View(), GivenColour(colour));
         }
     }
     std::int64_t GetGadgetColor(std::int64_t type) const override {
-        if (type == FrontColour) {
+        if (type == GadgetFrontColor) {
             return FromQColor(colours.Front(View()));
         }
-        return type == BackColour ? FromQColor(colours.Back(View())) : 0;
+        return type == GadgetBackColor ? FromQColor(colours.Back(View())) : 0;
     }
 
   private:
@@ -169,10 +112,16 @@ std::unique_ptr<QzMaximumLengthFormatter> FormatterFor(std::uint32_t flags) {
 }
 
 QzStringField* MakeView(QWidget* container, std::uint32_t flags) {
+    QzStringField* view = nullptr;
     if ((flags & StringPassword) != 0) {
-        return new QzSecureTextField(container);
+        view = new QzSecureTextField(container);
+    } else {
+        view = new QzStringGadgetTextField(container);
     }
-    return new QzStringGadgetTextField(container);
+    view->setReadOnly((flags & StringReadOnly) != 0);
+    view->setFrame((flags & StringBorderless) == 0);
+    view->SetFormatter(FormatterFor(flags));
+    return view;
 }
 
 }  // namespace
@@ -180,25 +129,13 @@ QzStringField* MakeView(QWidget* container, std::uint32_t flags) {
 std::int64_t StringGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                 std::int64_t width, std::int64_t height, std::u16string_view text,
                                 std::uint32_t flags) {
-    QWidget* const container = ContainerForNewGadget(number);
-    if (container == nullptr) {
-        return 0;
-    }
-    QzStringField* const view = MakeView(container, flags);
-    view->setReadOnly((flags & StringReadOnly) != 0);
-    view->setFrame((flags & StringBorderless) == 0);
-    view->SetFormatter(FormatterFor(flags));
-    auto owned = std::make_unique<QzStringGadgetFunctions>();
-    QzStringGadgetFunctions* const functions = owned.get();
-    const std::int64_t result =
-        PlaceGadget(std::move(owned), number, StringKind, view, {x, y, width, height}, flags);
-    functions->SetGadgetText(text);
-    QObject::connect(view, &QLineEdit::textChanged, view, [view] {
-        if (auto* const present = FunctionsOf<QzStringGadgetFunctions>(*view)) {
-            present->ControlTextDidChange();
-        }
-    });
-    return result;
+    return CreateGadget<QzStringGadgetFunctions>(
+        {number, StringKind, x, y, width, height, flags},
+        [flags](QWidget* container) { return MakeView(container, flags); },
+        [text](QzStringField& view, QzStringGadgetFunctions& functions) {
+            functions.SetGadgetText(text);
+            view.NotifyOfEdits([&view] { SendEventOf(view, Change); });
+        });
 }
 
 }  // namespace rotavel

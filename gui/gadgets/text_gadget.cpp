@@ -6,6 +6,7 @@
 
 #include "gui/gadget.h"
 #include "gui/gadgets/gadget_colours.h"
+#include "gui/gadgets/gadget_creation.h"
 #include "gui/gadgets/gadget_view.h"
 
 namespace rotavel {
@@ -26,19 +27,19 @@ class QzTextGadgetFunctions final : public QzGadgetFunctions {
   public:
     void SetGadgetColor(std::int64_t type, std::int64_t colour) override {
         const std::optional<QColor> given = GivenColour(colour);
-        if (type == FrontColour) {
+        if (type == GadgetFrontColor) {
             FrontColor = given ? given : FrontColor;
             colours.SetFront(View(), given);
-        } else if (type == BackColour) {
+        } else if (type == GadgetBackColor) {
             View().setAutoFillBackground(given.has_value());
             colours.SetBack(View(), given);
         }
     }
     std::int64_t GetGadgetColor(std::int64_t type) const override {
-        if (type == FrontColour) {
+        if (type == GadgetFrontColor) {
             return FromQColor(colours.Front(View()));
         }
-        return type == BackColour ? FromQColor(colours.Back(View())) : 0;
+        return type == GadgetBackColor ? FromQColor(colours.Back(View())) : 0;
     }
 
     void DisableGadget(bool state) override {
@@ -68,19 +69,17 @@ Qt::Alignment AlignmentFor(std::uint32_t flags) {
 std::int64_t TextGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                               std::int64_t width, std::int64_t height, std::u16string_view text,
                               std::uint32_t flags) {
-    QWidget* const container = ContainerForNewGadget(number);
-    if (container == nullptr) {
-        return 0;
-    }
-    auto* const view = new Qz_NSTextField(container);
-    view->setFrameShape((flags & TextBordered) != 0 ? QFrame::Box : QFrame::NoFrame);
-    view->setAlignment(AlignmentFor(flags));
-    auto owned = std::make_unique<QzTextGadgetFunctions>();
-    QzTextGadgetFunctions* const functions = owned.get();
-    const std::int64_t result =
-        PlaceGadget(std::move(owned), number, TextKind, view, {x, y, width, height}, flags);
-    functions->SetGadgetText(text);
-    return result;
+    return CreateGadget<QzTextGadgetFunctions>(
+        {number, TextKind, x, y, width, height, flags},
+        [flags](QWidget* container) {
+            auto* const view = new Qz_NSTextField(container);
+            view->setFrameShape((flags & TextBordered) != 0 ? QFrame::Box : QFrame::NoFrame);
+            view->setAlignment(AlignmentFor(flags));
+            return view;
+        },
+        [text](Qz_NSTextField&, QzTextGadgetFunctions& functions) {
+            functions.SetGadgetText(text);
+        });
 }
 
 }  // namespace rotavel

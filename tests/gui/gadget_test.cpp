@@ -46,12 +46,12 @@ TEST_F(GadgetTest, LivesFromItsCreationUntilItIsFreed) {
     SetGadgetState(5, 1);
     SetGadgetItemState(5, 0, 1);
     SetGadgetItemAttribute(5, 0, 1, 1);
-    SetGadgetItemColor(5, 0, FrontColour, 1);
+    SetGadgetItemColor(5, 0, GadgetFrontColor, 1);
     EXPECT_EQ(AddGadgetItem(5, -1, u"item") + AddGadgetColumn(5, 0, u"column", 50), 0);
     RemoveGadgetColumn(5, 0);
     EXPECT_EQ(GetGadgetText(5), u"");
     EXPECT_EQ(GetGadgetState(5) + CountGadgetItems(5) + GetGadgetItemState(5, 0), 0);
-    EXPECT_EQ(GetGadgetItemAttribute(5, 0, 1) + GetGadgetItemColor(5, 0, FrontColour), 0);
+    EXPECT_EQ(GetGadgetItemAttribute(5, 0, 1) + GetGadgetItemColor(5, 0, GadgetFrontColor), 0);
     FreeGadget(AnyNumber);
     EXPECT_FALSE(GadgetExists(5));
 }
@@ -169,20 +169,21 @@ TEST_F(GadgetTest, HasColours) {
     TextGadgetCreate(2, 0, 30, 100, 20);
     for (const std::int64_t gadget : {1, 2}) {
         const auto middle = [gadget] { return View(gadget)->grab().toImage().pixelColor(50, 10); };
-        for (const std::int64_t type : {FrontColour, BackColour}) {
+        for (const std::int64_t type : {GadgetFrontColor, GadgetBackColor}) {
             const std::int64_t own = GetGadgetColor(gadget, type);
             SetGadgetColor(gadget, type, 0xFF00FF00);
             EXPECT_EQ(GetGadgetColor(gadget, type), 0xFF00FF00);
-            EXPECT_EQ(middle() == QColor(Qt::green), type == BackColour);
-            SetGadgetColor(gadget, type, NoColour);
+            EXPECT_EQ(middle() == QColor(Qt::green), type == GadgetBackColor);
+            SetGadgetColor(gadget, type, NoGadgetColor);
             EXPECT_EQ(GetGadgetColor(gadget, type), own);
             EXPECT_NE(middle(), QColor(Qt::green));
         }
     }
     DisableGadget(2, 1);
-    EXPECT_NE(GetGadgetColor(2, FrontColour), 0xFF00FF00);
+    EXPECT_NE(GetGadgetColor(2, GadgetFrontColor), 0xFF00FF00);
     DisableGadget(2, 0);
-    EXPECT_EQ(GetGadgetColor(2, FrontColour), 0xFF00FF00) << "a label keeps the colour set last";
+    EXPECT_EQ(GetGadgetColor(2, GadgetFrontColor), 0xFF00FF00)
+        << "a label keeps the colour set last";
 }
 
 }  // namespace

@@ -23,6 +23,7 @@ constexpr char All = '\x01';
 constexpr char Cut = '\x18';
 constexpr char Paste = '\x16';
 constexpr char Undo = '\x1A';
+constexpr char Redo = '\x19';
 constexpr char Commit = '\x03';  // what could be pasted comes from an input method
 
 void Play(const std::string& script) {
@@ -35,6 +36,8 @@ void Play(const std::string& script) {
             QInputMethodEvent event;
             event.setCommitString(QGuiApplication::clipboard()->text());
             QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
+        } else if (key == Redo) {
+            Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         } else if (key < ' ') {
             Press(Qt::Key(Qt::Key_A + key - 1), Qt::ControlModifier);
         } else {
@@ -81,6 +84,18 @@ TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
         {StringNumeric, 0, u"1", u"2.3", {Commit}, u"1", 0},
         {StringNumeric, 0, u"1", u"23", {Commit}, u"123", 1},
         {0, 3, u"a", u"bcd", {Commit}, u"a", 0},
+        {0, 0, u"ab", u"x\ny\n", {Left, Paste, 'z'}, u"ax y zb", 2},
+        {0, 0, u"ab", u"x\n", {Left, Paste, Undo}, u"ab", 2},
+        {0, 0, u"ab", u"x\ny", {Paste, 'z', Undo, Undo, Redo}, u"abx y", 5},
+        {StringNumeric, 0, u"1", u"23\n", {Paste, Undo, Redo}, u"123", 3},
+        {StringUpperCase, 0, u"aB", u"\u00DF", {Left, Paste, 'x'}, u"ASSXB", 2},
+        {StringUpperCase, 0, u"A", u"\u00DF", {Commit, Undo}, u"A", 2},
+        {StringUpperCase, 0, u"A", u"\u00DF", {Commit, Left, 'b', Undo, Undo, Redo}, u"ASS", 5},
+        {StringUpperCase, 0, u"A", u"", {'b', 'c', Undo, Redo}, u"ABC", 4},
+        {StringUpperCase, 0, u"AB", u"", {All, 'a', Undo}, u"AB", 2},
+        {StringUpperCase, 0, u"A", u"", {All, 'a', Undo, Undo}, u"A", 2},
+        {StringUpperCase, 2, u"A", u"\u00DF", {Paste, 'x', Undo}, u"A", 2},
+        {StringUpperCase | StringLowerCase, 0, u"aBc", u"", {Left, 'd', Undo}, u"abc", 2},
         {StringLowerCase, 0, u"AB", u"CD", {Paste, 'E'}, u"abcde", 2},
         {StringUpperCase | StringLowerCase, 0, u"aBc", u"", {}, u"abc", 0},
         {StringUpperCase | StringLowerCase, 0, u"aBc", u"", {'d'}, u"ABCD", 1},

@@ -1,0 +1,158 @@
+#include "gui/gadgets/text_entry.h"
+
+#include <algorithm>
+#include <limits>
+
+#include <QKeyEvent>
+#include <QSignalBlocker>
+
+namespace rotavel {
+
+namespace {
+
+// The modifiers that make a letter a command; where AltGr is reported as two of them, both
+// together do not.
+bool AreOfCommand(Qt::KeyboardModifiers modifiers) {
+#if defined(Q_OS_MACOS)
+    return (modifiers & (Qt::ControlModifier | Qt::MetaModifier)) != 0;  // Alt types there
+#else
+#if defined(Q_OS_WIN)
+    constexpr Qt::KeyboardModifiers altGr = Qt::ControlModifier | Qt::AltModifier;
+    if ((modifiers & altGr) == altGr) {
+        return false;
+    }
+#endif
+    return (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+#endif
+}
+
+}  // namespace
+
+bool IsCommandKey(const QKeyEvent& key) {
+    const QString text = key.text();
+    const bool hasLetter =
+        !text.isEmpty() && (text.front().isPrint() || text.front().isSurrogate());
+    return hasLetter && (key.modifiers() & Qt::GroupSwitchModifier) == 0 &&
+           AreOfCommand(key.modifiers());
+}
+
+QzTextEntry::QzTextEntry(QWidget* parent) : QLineEdit(parent) {
+    // The toolkit's limit would cut the program's own texts; the formatter knows the real one.
+    setMaxLength(std::numeric_limits<int>::max());
+    setDragEnabled(true);
+    SetFormatter(std::make_unique<QzMaximumLengthFormatter>());
+    QObject::connect(this, &QLineEdit::textEdited, this, [this] { TextDidChange(); });
+}
+
+void QzTextEntry::SetFormatter(std::unique_ptr<QzMaximumLengthFormatter> newFormatter) {
+    setValidator(newFormatter.get());
+    formatter = std::move(newFormatter);
+}
+
+void QzTextEntry::ShowText(const QString& shown) {
+    // Without its validator the toolkit takes the next edit for one of a valid text, which it
+    // undoes when the formatter refuses it.
+    setValidator(nullptr);
+    setText(shown);
+    setCursorPosition(0);
+    setValidator(formatter.get());
+    judged = text();
+}
+
+bool QzTextEntry::event(QEvent* event) {
+    const bool isKey =
+        event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+    if (!isKey || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
+        return QLineEdit::event(event);
+    }
+    // The undo key acts as everywhere in the program: the field undoes its last edit and the key
+    // goes on to a menu item that has it as its shortcut. The toolkit asks first whether the field
+    // wants such a key, and then presents the key itself, which has done its work by then.
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->ignore();
+        if (!isReadOnly() && echoMode() == Normal) {
+            isUndoing = true;
+            undo();
+            isUndoing = false;
+        }
+    }
+    return true;
+}
+
+void QzTextEntry::keyPressEvent(QKeyEvent* event) {
+    // What cannot be copied would be lost.
+    if (echoMode() != Normal && event->matches(QKeySequence::Cut)) {
+        return;
+    }
+    if (!IsCommandKey(*event)) {
+        QLineEdit::keyPressEvent(event);
+        return;
+    }
+    // Without its text it edits nothing; what no field serves is left to the window.
+    QKeyEvent command(event->type(), event->key(), event->modifiers());
+    QLineEdit::keyPressEvent(&command);
+    event->setAccepted(command.isAccepted());
+}
+
+void QzTextEntry::TextDidChange() {
+    SkipProposals();
+    // The toolkit does not judge what undo and redo bring back.
+    if (formatter->Judge(text()) == QValidator::Invalid) {
+        const int cursor = cursorPosition();
+        ShowText(judged);
+        setCursorPosition(cursor);
+        return;
+    }
+    if (!isRedoAvailable()) {  // after an undo the text is as it was shown before
+        Replace(formatter->Replacement(text()));
+    }
+    judged = text();
+    if (edited) {
+        edited();
+    }
+}
+
+bool QzTextEntry::IsProposal() const {
+    return isUndoAvailable() && isRedoAvailable() && formatter->Replacement(text()) != text();
+}
+
+void QzTextEntry::SkipProposals() {
+    if (!IsProposal()) {
+        return;
+    }
+    const QSignalBlocker silence(this);
+    setValidator(nullptr);
+    while (IsProposal()) {
+        undo();
+    }
+    if (!isUndoing && text() == judged) {  // it is a redo that came from here
+        do {
+            redo();
+        } while (IsProposal());
+    }
+    setValidator(formatter.get());
+}
+
+void QzTextEntry::Replace(const QString& replacement) {
+    const QString typed = text();
+    if (replacement == typed) {
+        return;
+    }
+    const auto shorter = std::min(typed.size(), replacement.size());
+    const auto start =
+        std::mismatch(typed.begin(), typed.begin() + shorter, replacement.begin()).first -
+        typed.begin();
+    const auto end =
+        std::mismatch(typed.rbegin(), typed.rbegin() + (shorter - start), replacement.rbegin())
+            .first -
+        typed.rbegin();
+    const auto cursor = formatter->Folded(typed.left(cursorPosition())).size();
+    const QSignalBlocker silence(this);
+    setValidator(nullptr);  // what a formatter wants itself it does not judge
+    setSelection(static_cast<int>(start), static_cast<int>(typed.size() - start - end));
+    insert(replacement.mid(start, replacement.size() - start - end));
+    setCursorPosition(static_cast<int>(std::min(cursor, replacement.size())));
+    setValidator(formatter.get());
+}
+
+}  // namespace rotavel
