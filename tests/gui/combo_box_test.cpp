@@ -1,10 +1,19 @@
+#include <QClipboard>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMimeData>
 #include <QWidget>
+#include <QWindow>
 
 #include "gui/combo_box_gadget.h"
+#include "gui/drag_and_drop.h"
+#include "gui/event_loop.h"
 #include "gui/gadget.h"
 #include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
 #include "gui/window.h"
+#include "gui/windows/qz_window.h"
 #include "tests/support/gui_test.h"
 
 namespace rotavel {
@@ -134,6 +143,54 @@ TEST_F(ComboBoxTest, PostsEveryChoiceOfTheUser) {
         Press(Qt::Key_Return);
         EXPECT_EQ(Taken(), "Change 1") << "also of the item selected already";
         EXPECT_EQ(GetGadgetState(1), 1);
+    }
+}
+
+TEST_F(ComboBoxTest, EditableFormReportsEditsAndDrops) {
+    Create({u"a", u"b"}, ComboBoxEditable);
+    ActivateGadget(1);
+    ForgetEvents();
+    QGuiApplication::clipboard()->setText("x\ny\n");
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(GetGadgetText(1), u"x y");
+    EXPECT_EQ(Taken(), "Change 1");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(GetGadgetText(1), u"");
+    EXPECT_EQ(Taken(), "Change 1");
+    const auto dropped = [] {
+        QMimeData data;
+        data.setText("dropped");
+        QObject* const window = Native(0)->windowHandle();
+        const QPoint place = View(1)->mapTo(Native(0), View(1)->rect().center());
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window, &enter);
+        QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window, &drop);
+        while (WaitForEvent(0) != 0 && CurrentEventKind() != DropOnGadget) {
+        }
+        return EventDropText();
+    };
+    EXPECT_EQ(dropped(), u"");
+    EXPECT_EQ(GetGadgetText(1), u"dropped");
+    EnableGadgetDrop(1, true);
+    EXPECT_EQ(dropped(), u"dropped");
+    EXPECT_EQ(GetGadgetText(1), u"dropped") << "the field did not take it";
+    EnableGadgetDrop(1, false);
+    EXPECT_EQ(dropped(), u"");
+}
+
+TEST_F(ComboBoxTest, LeavesCommandKeysToTheWindow) {
+    for (const std::uint32_t flags : {0U, ComboBoxEditable}) {
+        Create({u"a", u"file"}, flags);
+        ActivateGadget(1);
+        ForgetEvents();
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_F, Qt::AltModifier, "f");
+        QCoreApplication::sendEvent(QGuiApplication::focusObject(), &key);
+        EXPECT_FALSE(key.isAccepted());
+        EXPECT_EQ(GetGadgetText(1), u"");
+        EXPECT_EQ(Taken(), "");
+        Press(Qt::Key_F);
+        EXPECT_EQ(Taken(), "Change 1");
     }
 }
 

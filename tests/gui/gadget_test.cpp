@@ -1,11 +1,17 @@
 #include "gui/gadget.h"
 
+#include <QTest>
 #include <QWidget>
+#include <QWindow>
 
 #include "gui/button_gadget.h"
+#include "gui/canvas_gadget.h"
+#include "gui/event_loop.h"
+#include "gui/events/event_posting.h"
 #include "gui/font.h"
 #include "gui/gadget_list.h"
 #include "gui/gadgets/gadget_registry.h"
+#include "gui/image_gadget.h"
 #include "gui/string_gadget.h"
 #include "gui/text_gadget.h"
 #include "gui/toolkit/handle.h"
@@ -86,10 +92,84 @@ TEST_F(GadgetTest, CanBeTakenOverUnderAnotherKind) {
     EXPECT_EQ(record.Kind, CanvasKind);
 }
 
+TEST_F(GadgetTest, NumberThatACallbackReopensIsLeftToIt) {
+    static std::int64_t reopened;
+    static constexpr auto reopen = [] {
+        UnbindWindowEvents(0);
+        WaitForEvent(0);  // of which there is none around this one: what is freed is deleted
+        reopened = StringGadgetCreate(1, 0, 0, 50, 20, u"callback's");
+    };
+    const auto focusField = [] {
+        StringGadgetCreate(1, 0, 0, 50, 20, u"first");
+        ActivateGadget(1);
+        ForgetEvents();
+        reopened = 0;
+    };
+    focusField();
+    BindEvent(reopen, GadgetActivity, 0, 1, LostFocus);
+    EXPECT_EQ(StringGadgetCreate(1, 0, 0, 50, 20, u"second"), 0);
+    EXPECT_NE(reopened, 0);
+    EXPECT_EQ(GetGadgetText(1), u"callback's");
+    focusField();
+    BindEvent(reopen, GadgetActivity, 0, 1, LostFocus);
+    FreeGadget(1);
+    ForgetEvents();
+    EXPECT_EQ(GetGadgetText(1), u"callback's");
+    focusField();
+    BindEvent(reopen, GadgetActivity, 0, 1, LostFocus);
+    DisableGadget(1, true);
+    EXPECT_TRUE(View(1)->isEnabled());
+
+    // A view that is gone to the program does not speak for the gadget that has its number.
+    BindEvent(reopen, GadgetActivity, 0, 1, Change);
+    ActivateGadget(1);
+    QWidget* const gone = View(1);
+    Type("x");
+    ForgetEvents();
+    ActivateGadget(1);
+    EXPECT_EQ(Taken(), "Focus 1");
+    EXPECT_NE(View(1), gone);
+}
+
+TEST_F(GadgetTest, FreesWhatItContains) {
+    const auto createBox = [] {
+        CanvasGadgetCreate(5, 0, 0, 100, 50);
+        OpenGadgetList(5);
+        StringGadgetCreate(6, 0, 0, 50, 20);
+        StringGadgetCreate(4, 0, 25, 50, 20);
+        CloseGadgetList();
+        ActivateGadget(6);
+        ForgetEvents();
+    };
+    createBox();
+    StringGadgetCreate(7, 0, 60, 50, 20);
+    BindEvent([] { ActivateGadget(6); }, GadgetActivity, 0, 6, LostFocus);
+    OpenGadgetList(5);
+    FreeGadget(5);
+    EXPECT_FALSE(GadgetExists(4) || GadgetExists(5) || GadgetExists(6));
+    EXPECT_EQ(Taken(), "LostFocus 6, Focus 6, LostFocus 6, Focus 6") << "nobody got the keyboard";
+    TextGadgetCreate(1, 0, 0, 10, 10);
+    EXPECT_EQ(View(1)->parentWidget(), Native(0)->ContentView());
+    UnbindWindowEvents(0);
+    createBox();
+    BindEvent(
+        [] {
+            WindowDestroy(0);
+            WaitForEvent(0);
+        },
+        GadgetActivity, 0, 6, LostFocus);
+    FreeGadget(5);
+    EXPECT_FALSE(WindowExists(0) || GadgetExists(5));
+}
+
 TEST_F(GadgetTest, DisabledWithTheKeyboardGivesItUp) {
     StringGadgetCreate(1, 0, 0, 50, 20);
+    StringGadgetCreate(3, 60, 0, 50, 20);
+    TextGadgetCreate(4, 120, 0, 50, 20);
     ActivateGadget(1);
     ForgetEvents();
+    ActivateGadget(4);
+    EXPECT_EQ(Taken(), "") << "a label takes no keys";
     DisableGadget(1, 1);
     EXPECT_EQ(Taken(), "LostFocus 1");
     WindowDisable(0, 1);
@@ -184,6 +264,73 @@ TEST_F(GadgetTest, HasColours) {
     DisableGadget(2, 0);
     EXPECT_EQ(GetGadgetColor(2, GadgetFrontColor), 0xFF00FF00)
         << "a label keeps the colour set last";
+}
+
+TEST_F(GadgetTest, ButtonIsPressedByKeys) {
+    ButtonGadgetCreate(1, 0, 0, 50, 20, u"B");
+    ActivateGadget(1);
+    ForgetEvents();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_B}) {
+        Press(key);
+        EXPECT_EQ(Taken(), key == Qt::Key_B ? "" : "Press 1");
+    }
+}
+
+TEST_F(GadgetTest, CanvasFollowsThePointerWhileItsWindowHasTheKeyboard) {
+    static std::string told;
+    CanvasGadgetCreate(1, 10, 10, 50, 40);
+    ForgetEvents();
+    BindEvent([] { told += " ELM"[CurrentEventType() - CanvasMouseEnter + 1]; }, GadgetActivity, 0,
+              1);
+    const struct {
+        QPointF To;  // in the content
+        Qt::MouseButtons Pressed;
+        void (*Before)();
+        std::string Told;
+        int X, Y;
+    } steps[] = {
+        {{5, 5}, {}, nullptr, "", 0, 0},
+        {{10.75, 12.5}, {}, nullptr, "EM", 0, 2},
+        {{59.75, 49.75}, Qt::LeftButton, nullptr, "M", 49, 39},
+        {{60, 49}, {}, nullptr, "L", 49, 39},
+        {{20, 20}, Qt::LeftButton, nullptr, "", 49, 39},
+        {{20, 21}, {}, nullptr, "EM", 10, 11},
+        {{21, 20}, {}, [] { WindowCreate(1, 500, 400, 50, 50); }, "L", 10, 11},
+        {{22, 20}, {}, [] { WindowActivate(0); }, "EM", 12, 10},
+        {{23, 20}, {}, [] { DisableGadget(1, true); }, "L", 12, 10},
+        {{24, 20}, {}, [] { DisableGadget(1, false); }, "EM", 14, 10},
+        {{25, 20}, {}, [] { HideGadget(1, true); }, "L", 14, 10},
+        {{26, 20}, {}, [] { HideGadget(1, false); }, "EM", 16, 10},
+    };
+    for (const auto& step : steps) {
+        told.clear();
+        if (step.Before != nullptr) {
+            step.Before();
+            ForgetEvents();
+        }
+        const QPointF place = step.To + Native(0)->ContentView()->pos();
+        qt_handleMouseEvent(Native(0)->windowHandle(), place, place, step.Pressed, Qt::NoButton,
+                            QEvent::MouseMove, {}, 0);
+        ForgetEvents();
+        EXPECT_EQ(told, step.Told) << step.To.x();
+        EXPECT_EQ(GetGadgetAttribute(1, CanvasMouseX), step.X);
+        EXPECT_EQ(GetGadgetAttribute(1, CanvasMouseY), step.Y);
+    }
+}
+
+TEST_F(GadgetTest, ImageGadgetTakesTheImagesSize) {
+    QImage red(30, 20, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    ImageGadgetCreate(1, 0, 0, 10, 10);
+    SetGadgetImage(1, ToHandle<NativeImage>(&red));
+    EXPECT_EQ(View(1)->size(), QSize(30, 20));
+    red.fill(Qt::blue);
+    EXPECT_EQ(View(1)->grab().toImage().pixelColor(15, 10), QColor(Qt::red)) << "it is copied";
+    SetGadgetImage(1, nullptr);
+    EXPECT_NE(View(1)->grab().toImage().pixelColor(15, 10), QColor(Qt::red));
+    ButtonGadgetCreate(2, 0, 0, 10, 10, u"B");
+    SetGadgetImage(2, ToHandle<NativeImage>(&red));
+    EXPECT_EQ(GetGadgetState(2), 0);
 }
 
 }  // namespace

@@ -24,6 +24,9 @@ constexpr char Cut = '\x18';
 constexpr char Paste = '\x16';
 constexpr char Undo = '\x1A';
 constexpr char Redo = '\x19';
+constexpr char AltF = '\x06';
+constexpr char ControlAltF = '\x07';
+constexpr char AltGrF = '\x05';
 constexpr char Commit = '\x03';  // what could be pasted comes from an input method
 
 void Play(const std::string& script) {
@@ -36,6 +39,12 @@ void Play(const std::string& script) {
             QInputMethodEvent event;
             event.setCommitString(QGuiApplication::clipboard()->text());
             QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
+        } else if (key == AltF) {
+            Press(Qt::Key_F, Qt::AltModifier);
+        } else if (key == ControlAltF) {
+            Press(Qt::Key_F, Qt::ControlModifier | Qt::AltModifier);
+        } else if (key == AltGrF) {
+            Press(Qt::Key_F, Qt::GroupSwitchModifier);
         } else if (key == Redo) {
             Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         } else if (key < ' ') {
@@ -100,6 +109,9 @@ TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
         {StringUpperCase | StringLowerCase, 0, u"aBc", u"", {}, u"abc", 0},
         {StringUpperCase | StringLowerCase, 0, u"aBc", u"", {'d'}, u"ABCD", 1},
         {StringReadOnly, 0, u"abc", u"d", {'d', Back, Paste, All, Cut}, u"abc", 0},
+        {0, 0, u"130", u"", {AltF, ControlAltF, All, AltF}, u"130", 0},
+        {0, 0, u"a", u"", {AltGrF}, u"af", 1},
+        {StringPassword, 0, u"secret", u"", {All, Cut}, u"secret", 0},
         {StringPassword | StringUpperCase, 0, u"a", u"", {'b', Back, 'c'}, u"AC", 3},
         {0, 0, std::u16string(40'000, u'x'), u"", {Back}, std::u16string(39'999, u'x'), 1},
     };
