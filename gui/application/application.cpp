@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include <QIcon>
 #include <QtGlobal>
 
 #include "gui/application/qz_application.h"
@@ -22,6 +23,11 @@
 #include "gui/windows/window_list.h"
 #include "runtime/numbered_objects.h"
 
+// The toolkit's macro names a function of no namespace.
+static void LoadIcons() {
+    Q_INIT_RESOURCE(icons);
+}
+
 namespace rotavel {
 
 namespace {
@@ -37,6 +43,15 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&
     }
 }
 
+QIcon ProgramIcon() {
+    LoadIcons();
+    QIcon icon;
+    for (const char* const side : {"16", "32", "48"}) {
+        icon.addFile(QString(":/icons/%1.png").arg(side));
+    }
+    return icon;
+}
+
 }  // namespace
 
 void GuiStart() {
@@ -44,9 +59,12 @@ void GuiStart() {
     static std::array<char, 8> name = {"Rotavel"};
     static std::array<char*, 2> arguments = {name.data(), nullptr};
     static int argumentCount = 1;
+    // The desktop entry, by which some desktops find name and icon; the others get the icon itself.
+    QGuiApplication::setDesktopFileName("Rotavel");
     const QtMessageHandler standard = qInstallMessageHandler(EndWithoutDisplay);
     application = std::make_unique<QzApplication>(argumentCount, arguments.data());
     qInstallMessageHandler(standard);
+    QApplication::setWindowIcon(ProgramIcon());
     SetWakeHook(&WakeNativeLoop);
     // Gadgets go before the menus of a window that closes.
     SetWindowObservers({&GadgetsAsObserver(), &MenusAsObserver()});
