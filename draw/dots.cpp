@@ -16,12 +16,15 @@ namespace {
 // What is less than this, in pixels of the bitmap, antialiasing does not show.
 constexpr double Precision = 1.0 / 16;
 
+constexpr double LongestPiece = 64;
+
 constexpr double Half = std::numbers::pi;  // of a turn
 
 // The visible dots of one line.
 struct DotRow {
     QPointF First;
     QPointF Direction;  // of length 1
+    double Distance;    // of their middles
     double Steps;       // from the first to the last, a whole number
 };
 
@@ -68,7 +71,7 @@ void AddRow(std::vector<DotRow>& rows, const QLineF& line, double lead, double d
         // Steps of a unit vector keep dots of upright and level lines on whole coordinates.
         const QPointF direction(line.dx() / length, line.dy() / length);
         rows.push_back(
-            {line.p1() + direction * (lead + first * distance), direction, last - first});
+            {line.p1() + direction * (lead + first * distance), direction, distance, last - first});
     }
 }
 
@@ -97,24 +100,44 @@ QTransform Placed(QPointF place, QPointF direction) {
     return {direction.x(), direction.y(), -direction.y(), direction.x(), place.x(), place.y()};
 }
 
-// The outline of discs that overlap or touch, along the x axis from the origin on.
-QPolygonF JoinedDiscs(double diameter, double distance, int count, double precision) {
+// The outline of discs of one row that overlap or touch, along the x axis with disc 0 at the
+// origin: those from one to another, without what reaches into their neighbours.
+QPolygonF JoinedDiscs(const DotRow& row, double diameter, double first, double last,
+                      double precision) {
     const double widest = std::sqrt(8 * precision / diameter);  // angle between two corners
-    const double meeting = std::acos(distance / diameter);      // where a disc meets the next
+    const double meeting = std::acos(row.Distance / diameter);  // where a disc meets the next
     QPolygonF outline;
-    // The walk goes along one side and comes back on the other.
-    for (int i = 0; i < 2 * count; ++i) {
-        const bool isBack = i >= count;
-        const QPointF middle((isBack ? 2 * count - 1 - i : i) * distance, 0);
-        const double start = i % count == 0 ? Half : Half - meeting;
-        const double end = i % count == count - 1 ? 0 : meeting;
-        const double corners = std::ceil((start - end) / widest);
+    const auto addArc = [&](double disc, double start, double end) {
+        const double corners = std::max(std::ceil(std::abs(end - start) / widest), 1.0);
         for (double corner = 0; corner <= corners; ++corner) {
-            const double angle = start + (end - start) * corner / corners - (isBack ? Half : 0);
-            outline.append(middle + diameter / 2 * QPointF(std::cos(angle), std::sin(angle)));
+            const double angle = start + (end - start) * corner / corners;
+            outline.append(QPointF(disc * row.Distance, 0) +
+                           diameter / 2 * QPointF(std::cos(angle), std::sin(angle)));
         }
+    };
+    const auto behind = [&](double disc) { return disc == 0 ? Half : Half - meeting; };
+    const auto ahead = [&](double disc) { return disc == row.Steps ? 0 : meeting; };
+    for (double disc = first; disc <= last; ++disc) {
+        addArc(disc, behind(disc), ahead(disc));
+    }
+    for (double disc = last; disc >= first; --disc) {
+        addArc(disc, -ahead(disc), -behind(disc));
     }
     return outline;
+}
+
+// Adds a row of discs that overlap or touch. The toolkit looks for each pixel of an edge from the
+// left, so they come in pieces that are not much longer than high, and from right to left.
+void AddJoinedDiscs(QPainterPath& outline, const DotRow& row, double diameter, double precision) {
+    const double most = std::ceil(std::max(diameter, LongestPiece) / row.Distance);
+    const double pieces = std::ceil((row.Steps + 1) / most);
+    for (double i = 0; i < pieces; ++i) {
+        const double first = (row.Direction.x() > 0 ? pieces - 1 - i : i) * most;
+        const double last = std::min(first + most - 1, row.Steps);
+        outline.addPolygon(Placed(row.First, row.Direction)
+                               .map(JoinedDiscs(row, diameter, first, last, precision)));
+        outline.closeSubpath();
+    }
 }
 
 QPolygonF JoinedSquares(double side, double length) {
@@ -128,14 +151,17 @@ void PaintJoined(QPainter& painter, const std::vector<DotRow>& rows, const DotSt
     const double closest = std::min(std::sqrt(4 * style.Size * precision), style.Size);
     QPainterPath outline;
     outline.setFillRule(Qt::WindingFill);
-    for (const auto& [first, direction, steps] : rows) {
-        const double length = steps * style.Distance;
-        const double seen = std::min(steps, std::ceil(length / closest));
-        const QPolygonF row = style.Round ? JoinedDiscs(style.Size, seen == 0 ? 0 : length / seen,
-                                                        static_cast<int>(seen) + 1, precision)
-                                          : JoinedSquares(style.Size, length);
-        outline.addPolygon(Placed(first, direction).map(row));
-        outline.closeSubpath();
+    for (DotRow row : rows) {
+        const double length = row.Steps * row.Distance;
+        if (style.Round) {
+            row.Steps = std::min(row.Steps, std::ceil(length / closest));
+            row.Distance = row.Steps == 0 ? style.Size : length / row.Steps;
+            AddJoinedDiscs(outline, row, style.Size, precision);
+        } else {
+            outline.addPolygon(
+                Placed(row.First, row.Direction).map(JoinedSquares(style.Size, length)));
+            outline.closeSubpath();
+        }
     }
     painter.drawPath(outline);
 }
@@ -169,10 +195,10 @@ QPointF InFirstQuarter(QPointF direction) {
 void PaintApart(QPainter& painter, const std::vector<DotRow>& rows, const DotStyle& style,
                 double precision) {
     std::vector<Dot> dots;
-    for (const auto& [first, direction, steps] : rows) {
+    for (const auto& [first, direction, distance, steps] : rows) {
         const QPointF turn = style.Round ? QPointF(1, 0) : InFirstQuarter(direction);
         for (double i = 0; i <= steps; ++i) {
-            dots.push_back({first + direction * (i * style.Distance), turn});
+            dots.push_back({first + direction * (i * distance), turn});
         }
     }
     // Where lines cross, a dot painted twice would have darker edges than the others.

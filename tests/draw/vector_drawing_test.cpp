@@ -167,7 +167,7 @@ TEST_F(VectorDrawingTest, DotsStandWhereTheirDistancePutsThem) {
         {{{-95, 30}, {305, 30}}, 9, 100, 0, {{5, 30}}},
         {{{60, -4}, {60, 66}}, 9, 35, 0, {{60, -4}, {60, 31}, {60, 66}}},
         // The distance goes round corners, over lines shorter than it and past places taken before.
-        {{{3, 2}, {10, 2}, {10, 5}, {10, 30}}, 1, 10, 0, {{3, 2}, {10, 5}, {10, 15}, {10, 25}}},
+        {{{3, 2}, {10, 2}, {10, 4}, {10, 30}}, 1, 10, 0, {{3, 2}, {10, 5}, {10, 15}, {10, 25}}},
         {{{5, 5}, {25, 5}, {5, 5}}, 7, 10, StrokeRoundEnd, {{5, 5}, {15, 5}, {25, 5}}},
         {{{5, 5}, {25, 5}, {15, 5}, {15, 25}},
          5,
@@ -175,6 +175,8 @@ TEST_F(VectorDrawingTest, DotsStandWhereTheirDistancePutsThem) {
          0,
          {{5, 5}, {15, 5}, {25, 5}, {15, 15}, {15, 25}}},
         {{{30, 30}, {30, 30}}, 40, 7, StrokeRoundEnd, {{30, 30}}},
+        // A distance that is none leaves no gaps.
+        {{{10, 20}, {34, 20}}, 9, -1, 0, {{10, 20}, {18, 20}, {26, 20}, {34, 20}}},
         {{{30, 30}, {30, 30}}, 4, 7, 0, {{30, 30}}},
     };
     for (const auto& each : cases) {
@@ -218,16 +220,17 @@ TEST_F(VectorDrawingTest, DotsDoNotDrift) {
 }
 
 TEST_F(VectorDrawingTest, DotsTakeNoLongerThanALine) {
-    Start(1000, 1000);
+    Start(9000, 1000);
     const auto millisecondsFor = [](const char* stroke) {
         const std::clock_t start = std::clock();
         Draw(stroke);
         return static_cast<double>(std::clock() - start) * 1000 / CLOCKS_PER_SEC;
     };
     for (const char* const drawing :
-         {"M 50 100 L 950 800 D 700 0.001 16", "M 50 100 L 950 800 D 700 0 0",
-          "M 50 100 L 950 800 D 40 3 16", "M -999999 500 L 999999 501 D 2 2.5 16",
-          "M -999999 500 L 999999 501 D 90 1 16", "M 500 500 L 500 500 D 999999 0.1 16"}) {
+         {"M 50 100 L 8950 800 D 2000 0.001 16", "M 50 100 L 950 800 D 700 0 0",
+          "M 50 100 L 950 800 D 40 3 16", "M 0 50 L 8999 51 D 2 1.5 16",
+          "M -999999 500 L 999999 501 D 2 2.5 16", "M -999999 500 L 999999 501 D 90 1 16",
+          "M 500 500 L 500 500 D 999999 0.1 16"}) {
         EXPECT_LT(millisecondsFor(drawing), 60) << drawing;
     }
 }
