@@ -66,7 +66,8 @@ double Across(QPointF from, QPointF along) {
 // Whether each of an image's own pixels is as dark as the part of it that is covered, as far as 16
 // by 16 places in it tell.
 template <typename Covers>
-testing::AssertionResult HasCoverage(std::int64_t image, double tolerance, Covers covers) {
+testing::AssertionResult HasCoverage(std::int64_t image, double tolerance, Covers covers,
+                                     double opacity = 1) {
     const QImage& bitmap = *FromHandle(ImageHandle(image));
     for (int y = 0; y < bitmap.height(); ++y) {
         for (int x = 0; x < bitmap.width(); ++x) {
@@ -75,7 +76,7 @@ testing::AssertionResult HasCoverage(std::int64_t image, double tolerance, Cover
                 const QPointF place(x + (i % 16 + 0.5) / 16, y + (i / 16 + 0.5) / 16);
                 covered += covers(place / bitmap.devicePixelRatio()) ? 1 : 0;
             }
-            const double found = 1 - qGray(bitmap.pixel(x, y)) / 255.0;
+            const double found = (1 - qGray(bitmap.pixel(x, y)) / 255.0) / opacity;
             if (std::abs(found - covered / 256.0) > tolerance) {
                 return testing::AssertionFailure() << "at " << x << ", " << y << ": " << found
                                                    << " instead of " << covered / 256.0;
@@ -120,20 +121,21 @@ TEST_F(VectorDrawingTest, PathsCoverTheirPixelsWhole) {
 TEST_F(VectorDrawingTest, LinesCoverWhatTheyAreWide) {
     for (const auto& line : {QLineF(5, 5, 45, 45), QLineF(5, 30, 55, 31), QLineF(3, 57, 57, 20),
                              QLineF(-900, -640, 90, 70)}) {
-        for (const double width : {0.4, 1.0, 2.0}) {
+        for (const auto& [width, alpha] : {std::pair(0.4, 255), {1.0, 255}, {2.0, 102}}) {
             const std::int64_t image = Start();
+            VectorSetColour(ColourRGBA(0, 0, 0, static_cast<std::uint8_t>(alpha)));
             PathMoveTo(line.x1(), line.y1());
             PathLineTo(line.x2(), line.y2());
             PathStroke(width);
             const QPointF along = (line.p2() - line.p1()) / line.length();
             const double end = width <= 1 ? width / 2 : 0;
-            EXPECT_TRUE(HasCoverage(image, 1.0 / 16,
-                                    [&](QPointF place) {
-                                        const QPointF from = place - line.p1() - MiddleFor(width);
-                                        const double distance = QPointF::dotProduct(from, along);
-                                        return std::abs(Across(from, along)) <= width / 2 &&
-                                               distance >= -end && distance <= line.length() + end;
-                                    }))
+            const auto covers = [&, width = width](QPointF place) {
+                const QPointF from = place - line.p1() - MiddleFor(width);
+                const double distance = QPointF::dotProduct(from, along);
+                return std::abs(Across(from, along)) <= width / 2 && distance >= -end &&
+                       distance <= line.length() + end;
+            };
+            EXPECT_TRUE(HasCoverage(image, 1.0 / 16, covers, alpha / 255.0))
                 << line.x1() << " by " << width;
         }
     }
@@ -221,17 +223,21 @@ TEST_F(VectorDrawingTest, DotsDoNotDrift) {
 
 TEST_F(VectorDrawingTest, DotsTakeNoLongerThanALine) {
     Start(9000, 1000);
-    const auto millisecondsFor = [](const char* stroke) {
-        const std::clock_t start = std::clock();
-        Draw(stroke);
-        return static_cast<double>(std::clock() - start) * 1000 / CLOCKS_PER_SEC;
+    const auto millisecondsFor = [](const char* drawing) {
+        double least = 1e9;
+        for (int i = 0; i < 3; ++i) {
+            const std::clock_t start = std::clock();
+            Draw(drawing);
+            least = std::min(least, static_cast<double>(std::clock() - start));
+        }
+        return least * 1000 / CLOCKS_PER_SEC;
     };
     for (const char* const drawing :
-         {"M 50 100 L 8950 800 D 2000 0.001 16", "M 50 100 L 950 800 D 700 0 0",
+         {"M 50 100 L 8950 800 D 9000 0.001 16", "M 50 100 L 950 800 D 700 0 0",
           "M 50 100 L 950 800 D 40 3 16", "M 0 50 L 8999 51 D 2 1.5 16",
           "M -999999 500 L 999999 501 D 2 2.5 16", "M -999999 500 L 999999 501 D 90 1 16",
           "M 500 500 L 500 500 D 999999 0.1 16"}) {
-        EXPECT_LT(millisecondsFor(drawing), 60) << drawing;
+        EXPECT_LT(millisecondsFor(drawing), 150) << drawing;
     }
 }
 
@@ -249,8 +255,9 @@ TEST_F(VectorDrawingTest, TranslucentColoursBlendOnce) {
             darkest = std::min(darkest, PixelOf(image, pixel % 60, pixel / 60));
         }
         EXPECT_NEAR(qGray(darkest), 153, 1) << drawing;
+        VectorSetColour(ColourRGBA(0, 0, 0, 255));
         Draw("B 50 50 9 9 F");
-        EXPECT_NEAR(qGray(PixelOf(image, 55, 55)), 153, 1) << "nor is the next one thinner";
+        EXPECT_EQ(PixelOf(image, 55, 55), Black) << "the next one is not thinner";
     }
 }
 
