@@ -97,6 +97,8 @@ TEST_F(VectorDrawingTest, PathsCoverTheirPixelsWhole) {
         {"M 2 5 L 9 5 M 7 30 L 7 10 S 1 0", {2, 5, 8, 26}, 29},
         {"B 3 4 9 6 S 1 0", {3, 4, 10, 7}, 30},
         {"B 0 0 60 60 F", {0, 0, 60, 60}, 3600},
+        {"B 0 0 20 20 B 10 10 20 20 F", {0, 0, 30, 30}, 700},
+        {"M 9 20 L 9 20 L 9 30 S 2 0 M 9 5 L 9 5 L 9 5 S 1 0", {8, 5, 2, 25}, 21},
         // A new path begins at the corner, and the one before is gone unless it is kept.
         {"M 2 5 L 9 5 S 1 0 L 0 4 S 1 0", {0, 0, 10, 6}, 13},
         {"M 2 5 L 9 5 D 1 99 0 L 0 4 S 1 0", {0, 0, 3, 6}, 6},
