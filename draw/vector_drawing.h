@@ -10,8 +10,10 @@
 namespace rotavel {
 
 // Drawing with paths, in pixels of the target as doubles: origin at the top left, y downwards. A
-// stroke along whole coordinates covers just the pixels of those numbers. All operations work on
-// the current drawing and do nothing without one. Coordinates beyond a million are cut to it.
+// stroke along whole coordinates covers whole pixels: one wide just those of these numbers, two
+// wide the ones before them too. Where one stroke or fill meets itself, its colour counts once. All
+// operations work on the current drawing and do nothing without one. Coordinates beyond a million
+// are cut to it.
 
 inline constexpr std::uint32_t StrokeKeepPath = 8;  // stroke again, or fill, afterwards
 inline constexpr std::uint32_t StrokeRoundEnd = 16;
