@@ -3,6 +3,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QTest>
 
 #include "gui/events/event_posting.h"
 #include "gui/gadget.h"
@@ -44,7 +46,7 @@ void Play(const std::string& script) {
         } else if (key == ControlAltF) {
             Press(Qt::Key_F, Qt::ControlModifier | Qt::AltModifier);
         } else if (key == AltGrF) {
-            Press(Qt::Key_F, Qt::GroupSwitchModifier);
+            Press(Qt::Key_F, Qt::GroupSwitchModifier | Qt::AltModifier);
         } else if (key == Redo) {
             Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         } else if (key < ' ') {
@@ -166,6 +168,16 @@ TEST_F(StringGadgetTest, TellsWhenTheKeyboardComesAndGoes) {
     ForgetEvents();
     WindowActivate(0);
     EXPECT_EQ(Taken(), "") << "no field had the keyboard";
+}
+
+TEST_F(StringGadgetTest, PressOnWhatIsSelectedBeginsADrag) {
+    WindowCreate(0, 0, 0, 200, 100);
+    StringGadgetCreate(1, 0, 0, 90, 20, u"abcdefgh");
+    ActivateGadget(1);
+    ForgetEvents();
+    QTest::mousePress(View(1), Qt::LeftButton, {}, {10, 10});
+    EXPECT_EQ(static_cast<QLineEdit*>(View(1))->selectedText(), "abcdefgh");
+    QTest::mouseRelease(View(1), Qt::LeftButton, {}, {10, 10});
 }
 
 }  // namespace
