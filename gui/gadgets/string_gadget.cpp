@@ -63,6 +63,8 @@ class QzStringGadgetFunctions final : public QzGadgetFunctions {
     // Pressing Return is no event.
     void EventHandler() override {}
 
+    void ControlTextDidChange() const { SendEvent(Change); }
+
     void SetGadgetText(std::u16string_view text) override {
         View().SetStringValue(Folded(ToQString(text), SetTextCase(Gadget->Flags)));
     }
@@ -134,7 +136,13 @@ std::int64_t StringGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_
         [flags](QWidget* container) { return MakeView(container, flags); },
         [text](QzStringField& view, QzStringGadgetFunctions& functions) {
             functions.SetGadgetText(text);
-            view.NotifyOfEdits([&view] { SendEventOf(view, Change); });
+            view.NotifyOfEdits([&view] {
+                const auto* const present =
+                    dynamic_cast<QzStringGadgetFunctions*>(FunctionsOf(view));
+                if (present != nullptr) {
+                    present->ControlTextDidChange();
+                }
+            });
         });
 }
 

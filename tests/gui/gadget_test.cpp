@@ -295,11 +295,11 @@ TEST_F(GadgetTest, CanvasFollowsThePointerWhileItsWindowHasTheKeyboard) {
         {{60, 49}, {}, nullptr, "L", 49, 39},
         {{20, 20}, Qt::LeftButton, nullptr, "", 49, 39},
         {{20, 21}, {}, nullptr, "EM", 10, 11},
-        {{21, 20}, {}, [] { WindowCreate(1, 500, 400, 50, 50); }, "L", 10, 11},
+        {{20, 21}, {}, [] { WindowCreate(1, 500, 400, 50, 50); }, "L", 10, 11},
         {{22, 20}, {}, [] { WindowActivate(0); }, "EM", 12, 10},
         {{23, 20}, {}, [] { DisableGadget(1, true); }, "L", 12, 10},
         {{24, 20}, {}, [] { DisableGadget(1, false); }, "EM", 14, 10},
-        {{25, 20}, {}, [] { HideGadget(1, true); }, "L", 14, 10},
+        {{24, 20}, {}, [] { HideGadget(1, true); }, "L", 14, 10},
         {{26, 20}, {}, [] { HideGadget(1, false); }, "EM", 16, 10},
     };
     for (const auto& step : steps) {
