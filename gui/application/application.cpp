@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
+#include <utility>
 
 #include <QIcon>
 #include <QtGlobal>
@@ -32,7 +32,8 @@ namespace rotavel {
 
 namespace {
 
-std::unique_ptr<QzApplication> application;
+// Left alone by a program that ends without GuiStop: at exit the toolkit's own globals go first.
+QzApplication* application = nullptr;
 
 // The toolkit ends a program that finds no display as if it had crashed, with a page of advice for
 // its makers. The user gets one line, and whoever started the program a status.
@@ -62,7 +63,7 @@ void GuiStart() {
     // The desktop entry, by which some desktops find name and icon; the others get the icon itself.
     QGuiApplication::setDesktopFileName("Rotavel");
     const QtMessageHandler standard = qInstallMessageHandler(EndWithoutDisplay);
-    application = std::make_unique<QzApplication>(argumentCount, arguments.data());
+    application = new QzApplication(argumentCount, arguments.data());
     qInstallMessageHandler(standard);
     QApplication::setWindowIcon(ProgramIcon());
     SetWakeHook(&WakeNativeLoop);
@@ -81,7 +82,7 @@ void GuiStop() {
     ReleaseTerminationSignals();
     ReleaseEventQueue();
     SetWakeHook(nullptr);
-    application.reset();
+    delete std::exchange(application, nullptr);
 }
 
 void BringToFront() {
