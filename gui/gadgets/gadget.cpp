@@ -40,7 +40,7 @@ bool GadgetExists(GadgetNumber number) {
 
 void ActivateGadget(GadgetNumber number) {
     if (number == AnyNumber) {
-        if (QzWindow* const window = QzWindow::KeyWindow()) {
+        if (QzWindow* const window = QzWindow::ChosenKeyWindow()) {
             window->MakeFirstResponder(nullptr);
         }
         return;

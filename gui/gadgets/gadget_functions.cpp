@@ -11,8 +11,8 @@
 #include "gui/toolkit/font.h"
 #include "gui/toolkit/handle.h"
 #include "gui/toolkit/text.h"
-#include "gui/windows/frame_placement.h"
 #include "gui/windows/qz_views.h"
+#include "gui/windows/window_frame.h"
 #include "gui/windows/window_record.h"
 
 namespace rotavel {
@@ -76,7 +76,7 @@ void QzGadgetFunctions::ActivateGadget() {
     const GadgetNumber number = GadgetID;
     const QPointer<QWidget> view = Gadget->View;
     QzWindow* const window = QzWindow::Of(view);
-    if (window->IsShown()) {
+    if (window->IsVisibleOrPending()) {
         window->MakeKeyAndOrderFront();
     }
     const GadgetRecord* const record = GadgetRegistry().Find(number);

@@ -154,7 +154,7 @@ std::int64_t MenuCreate(std::int64_t number, NativeWindow* handle) {
     const auto [id, record] = registry.Create(number);
     QMenuBar* const bar = MakeBar(window);
     *record = {window, bar, AddApplicationMenu(*bar), std::make_unique<QzMenuObject>(bar, record)};
-    const bool isKey = window == QzWindow::KeyWindow();
+    const bool isKey = window == QzWindow::ChosenKeyWindow();
     if (isKey || FirstOf(window).second == record) {
         window->Layout().SetMenuBar(bar);
     }

@@ -90,7 +90,7 @@ void DismissMessageBoxes() {
 std::int64_t MessageRequester(std::u16string_view title, std::u16string_view text,
                               std::uint32_t flags) {
     PresentPendingWindows();
-    const QPointer<QzWindow> keyWindow = QzWindow::KeyWindow();
+    const QPointer<QzWindow> keyWindow = QzWindow::ChosenKeyWindow();
     // The window that the box stands over may be destroyed under it, and the box with it.
     const QPointer<QMessageBox> box = new QMessageBox(keyWindow);
     SetTexts(*box, title, text);

@@ -10,7 +10,7 @@ namespace rotavel {
 namespace {
 
 // Larger than any screen.
-constexpr int DisabledViewSide = 4096;
+constexpr QSize DisabledViewSize(4096, 4096);
 
 }  // namespace
 
@@ -49,7 +49,7 @@ QzDisabledView::QzDisabledView(QWidget* contentView, Qt::WindowFlags windowFlags
       CloseButtonEnabled((windowFlags & Qt::WindowCloseButtonHint) != 0),
       MinimizeButtonEnabled((windowFlags & Qt::WindowMinimizeButtonHint) != 0),
       MaximizeButtonEnabled((windowFlags & Qt::WindowMaximizeButtonHint) != 0) {
-    setGeometry(0, 0, DisabledViewSide, DisabledViewSide);
+    resize(DisabledViewSize);
     setContextMenuPolicy(Qt::PreventContextMenu);
 }
 

@@ -1,20 +1,15 @@
 #include "gui/windows/qz_window.h"
 
-#include <algorithm>
+#include <utility>
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QScreen>
 #include <QWindow>
 
 #include "gui/toolkit/native_events.h"
 #include "gui/window.h"
-#include "gui/windows/frame_placement.h"
-#include "gui/windows/key_views.h"
 #include "gui/windows/qz_views.h"
-#include "gui/windows/qz_window_events.h"
-#include "gui/windows/status_bars.h"
-#include "gui/windows/toolkit_flags.h"
+#include "gui/windows/window_frame.h"
 #include "gui/windows/window_list.h"
 
 namespace rotavel {
@@ -24,20 +19,23 @@ namespace {
 // How long a window manager may take to frame a window before its frame is taken as it is.
 constexpr int FramingPatienceMs = 1000;
 
-QPointer<QzWindow> keyWindow;
+constexpr std::uint32_t ResizableFlags = WindowResizable | WindowMaximizeBox | WindowStartZoomed;
+constexpr std::uint32_t CentringFlags = WindowScreenCentred | WindowOwnerCentred;
+
+QPointer<QzWindow> chosenKeyWindow;
 QPointer<QzWindow> lastKeyWindow;  // also while another program has the keyboard
 
 }  // namespace
 
 QzWindow::QzWindow(std::uint32_t creationFlags, QzWindow* parent, QSize contentSize)
     : borderless((creationFlags & WindowBorderless) != 0),
-      resizable(!borderless &&
-                (creationFlags & (WindowResizable | WindowMaximizeBox | WindowStartZoomed)) != 0),
+      resizable(!borderless && (creationFlags & ResizableFlags) != 0),
       flags(creationFlags),
       parentWindow(parent),
-      placementOwner(parent != nullptr ? parent : keyWindow.data()),
+      placementOwner(parent != nullptr ? parent : chosenKeyWindow.data()),
       contentView(new QzFlippedWindowView(this)),
-      layout(*this, *contentView, resizable) {
+      layout(*this, *contentView, resizable),
+      focus(*this, *contentView) {
     setWindowFlags(ToolkitFlags(flags, parent != nullptr));
     setFocusPolicy(Qt::NoFocus);
     layout.SetContentSize(contentSize);
@@ -52,80 +50,97 @@ QzWindow* QzWindow::Of(const QWidget* widget) {
     return dynamic_cast<QzWindow*>(widget->window());
 }
 
-QzWindow* QzWindow::KeyWindow() {
-    return keyWindow;
+QzWindow* QzWindow::ChosenKeyWindow() {
+    return chosenKeyWindow;
 }
 
 QzWindow* QzWindow::LastKeyWindow() {
     return lastKeyWindow;
 }
 
-void QzWindow::FixPlace() {
-    if (presentPending) {
-        Place();
+void QzWindow::SetCorner(QPoint corner) {
+    SetFrameCorner(*this, corner);
+}
+
+void QzWindow::TakePlace() {
+    if ((flags & WindowScreenCentred) != 0) {
+        CentreFrameOnScreen(*this);
+    } else if ((flags & WindowOwnerCentred) != 0 && placementOwner != nullptr &&
+               placementOwner != this) {
+        CentreFrameOver(*this, *placementOwner);
     }
-    flags &= ~(WindowScreenCentred | WindowOwnerCentred);
+    if (delegate != nullptr) {
+        delegate->WindowWillShow();
+    }
+    stands = stands && isVisible();
+}
+
+void QzWindow::KeepPlace() {
+    if (showPending) {
+        TakePlace();
+    }
+    flags &= ~CentringFlags;
 }
 
 void QzWindow::Show(std::uint32_t showFlags) {
-    constexpr std::uint32_t placement = WindowScreenCentred | WindowOwnerCentred;
-    const bool isPopup = windowType() == Qt::ToolTip;
-    if (!presentPending) {
-        flags &= ~placement;
+    constexpr std::uint32_t taken = CentringFlags | WindowNotActivated;
+    if (!showPending) {
+        flags &= ~CentringFlags;
     }
-    flags = (flags & ~WindowNotActivated) | (showFlags & (placement | WindowNotActivated));
+    flags = (flags & ~WindowNotActivated) | (showFlags & taken);
     const bool activates =
-        (flags & (WindowNotActivated | WindowStartMiniaturized)) == 0 && !isPopup;
-    if (isVisible() && (flags & placement) == 0) {
+        (flags & (WindowNotActivated | WindowStartMiniaturized)) == 0 && !IsPopup();
+    if (isVisible() && (flags & CentringFlags) == 0) {
         Deminiaturize();
         if (activates) {
             MakeKeyAndOrderFront();
-        } else if (!isPopup) {
+        } else if (!IsPopup()) {
             raise();
         }
         return;
     }
-    presentPending = true;
-    framed = false;
-    placementOwner = parentWindow != nullptr ? parentWindow : keyWindow;
+    showPending = true;
+    placementOwner = parentWindow != nullptr ? parentWindow : chosenKeyWindow;
     if (activates && CanBecomeKeyWindow()) {
-        keyWindow = this;
+        chosenKeyWindow = this;
     }
 }
 
 void QzWindow::PresentIfPending() {
-    if (presentPending) {
+    if (showPending) {
         Present();
     }
 }
 
 void QzWindow::Hide() {
-    presentPending = false;
+    showPending = false;
     hide();
-    if (keyWindow == this) {
+    if (chosenKeyWindow == this) {
         auto* const active = dynamic_cast<QzWindow*>(QApplication::activeWindow());
-        keyWindow = active == this ? nullptr : active;
+        chosenKeyWindow = active == this ? nullptr : active;
     }
 }
 
 void QzWindow::Present() {
-    presentPending = false;
+    showPending = false;
     if ((flags & WindowOwnerCentred) != 0 && placementOwner != nullptr) {
         placementOwner->EnsureFramed();
     }
     // A timer or binding of the program's may close it meanwhile.
     if (delegate != nullptr) {
-        Place();
+        TakePlace();
     }
     if (delegate == nullptr) {
         return;
     }
+    winId();  // makes the native window
     AttachToParent();
     setAttribute(Qt::WA_ShowWithoutActivating, (flags & WindowNotActivated) != 0);
     Deminiaturize();
+    framePatience.setRemainingTime(FramingPatienceMs);
     if ((flags & WindowStartMiniaturized) != 0) {
         showMinimized();
-        reports.Settle();  // nothing is painted that would tell
+        ContentPainted();  // nothing is painted that would tell
     } else if ((flags & WindowStartZoomed) != 0) {
         showMaximized();
     } else {
@@ -133,7 +148,7 @@ void QzWindow::Present() {
     }
     // The state asked for at creation is the window's first state only.
     flags &= ~(WindowStartMiniaturized | WindowStartZoomed);
-    if (keyWindow == this) {
+    if (chosenKeyWindow == this) {
         MakeKeyAndOrderFront();
     }
 }
@@ -144,64 +159,53 @@ void QzWindow::Deminiaturize() {
     }
 }
 
-void QzWindow::Place() {
-    if ((flags & WindowScreenCentred) != 0) {
-        CentreFrameOnScreen(*this);
-    } else if ((flags & WindowOwnerCentred) != 0 && placementOwner != nullptr &&
-               placementOwner != this) {
-        CentreFrameOver(*this, *placementOwner);
-    }
-    reports.Begin();
-}
-
 void QzWindow::AttachToParent() {
-    if (parentWindow == nullptr) {
-        return;
+    if (parentWindow != nullptr) {
+        parentWindow->winId();  // makes the native window, if there is none yet
+        windowHandle()->setTransientParent(parentWindow->windowHandle());
     }
-    parentWindow->winId();  // makes the native windows that are to be tied together
-    winId();
-    windowHandle()->setTransientParent(parentWindow->windowHandle());
 }
 
 void QzWindow::EnsureFramed() {
     PresentIfPending();
-    if (framed || !isVisible()) {
-        return;
-    }
     // The window manager frames a window at its own pace; the true frame is known once the window
     // is on the screen.
-    const QDeadlineTimer patience(FramingPatienceMs);
     const QPointer<QzWindow> self = this;  // a timer of the program's may destroy it meanwhile
-    while (self != nullptr && windowHandle() != nullptr && !windowHandle()->isExposed() &&
-           !isMinimized() && !patience.hasExpired()) {
-        ProcessNativeEvents(patience, NativeInput::Postpone);
+    while (self != nullptr && IsAwaited() && !framePatience.hasExpired()) {
+        ProcessNativeEvents(framePatience, NativeInput::Postpone);
     }
-    if (self != nullptr) {
-        framed = true;
+    if (self == nullptr) {
+        return;
     }
+    if (AwaitsFrame(*this)) {
+        RememberNoFrame();
+    }
+    RememberFrame(*this);
+}
+
+bool QzWindow::IsAwaited() const {
+    const bool isExposed = windowHandle() != nullptr && windowHandle()->isExposed();
+    return isVisible() && ((!isExposed && !isMinimized()) || AwaitsFrame(*this));
 }
 
 void QzWindow::MakeKeyAndOrderFront() {
-    if (keyWindow == this && isActiveWindow()) {
+    if (chosenKeyWindow == this && isActiveWindow()) {
         return;
     }
     raise();
     if (!CanBecomeKeyWindow() || (windowFlags() & Qt::WindowDoesNotAcceptFocus) != 0) {
         return;
     }
-    keyWindow = this;
+    chosenKeyWindow = this;
     activateWindow();
 }
 
 void QzWindow::Disable() {
-    if (overlay == nullptr) {
-        responderBeforeDisabling = firstResponder.View();
-    }
     RemoveOverlay();
     overlay = new QzDisabledView(contentView, windowFlags());
     overlay->show();
-    MakeFirstResponder(nullptr);
-    layout.EnableMenuBar(false);
+    focus.Suspend();
+    layout.Enable(false);
     SetTitleBarButtons(*this, {});
 }
 
@@ -210,10 +214,8 @@ void QzWindow::Enable() {
         return;
     }
     RemoveOverlay();
-    layout.EnableMenuBar(true);
-    if (responderBeforeDisabling != nullptr) {
-        MakeFirstResponder(responderBeforeDisabling);
-    }
+    layout.Enable(true);
+    focus.Resume();
     if (isActiveWindow() && !isKey && delegate != nullptr) {
         BecameActive();
     }
@@ -233,66 +235,40 @@ void QzWindow::KeepOverlayOnTop() {
 }
 
 void QzWindow::FocusArrived(QWidget* widget) {
-    if (contentView->isAncestorOf(widget)) {
-        firstResponder.Pass(widget);
-    }
-}
-
-void QzWindow::FocusVanished() {
-    if (!IsDisabled()) {
-        firstResponder.Pass(nullptr);
-    }
-}
-
-void QzWindow::MakeFirstResponder(QWidget* view) {
-    if (view != nullptr && !(view->isEnabled() && view->isVisibleTo(this))) {
-        return;
-    }
-    if (view != nullptr) {
-        view->setFocus(Qt::OtherFocusReason);
-    } else {
-        setFocus();  // keys go to the window itself; without a focus the toolkit would choose a
-                     // field
-    }
-    firstResponder.Pass(view);
-}
-
-bool QzWindow::focusNextPrevChild(bool next) {
-    QWidget* const view = IsDisabled() ? nullptr : NextKeyView(*contentView, focusWidget(), next);
-    if (view == nullptr) {
-        return false;
-    }
-    view->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-    return true;
+    focus.Arrived(widget);
 }
 
 void QzWindow::ContentPainted() {
-    if (reports.IsSettled()) {
+    if (stands) {
         return;
     }
-    reports.Settle();
-    framed = true;
-    AdjustStatusBarsOf(this);
-    RememberFrameMargins(*this);
+    stands = true;
+    if (delegate != nullptr) {
+        delegate->WindowDidShow();
+    }
+    RememberFrame(*this);
 }
 
 void QzWindow::resizeEvent(QResizeEvent*) {
     layout.Apply();
-    reports.ReportLater();
+    if (delegate != nullptr) {
+        delegate->WindowFrameDidChange();
+    }
 }
 
 void QzWindow::moveEvent(QMoveEvent*) {
-    reports.ReportLater();
+    if (delegate != nullptr) {
+        delegate->WindowFrameDidChange();
+    }
 }
 
 void QzWindow::closeEvent(QCloseEvent* event) {
-    const bool closes = delegate != nullptr && !IsDisabled() && delegate->WindowShouldClose();
-    event->setAccepted(closes);
+    event->setAccepted(delegate != nullptr && !IsDisabled() && delegate->WindowShouldClose());
 }
 
 void QzWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::WindowStateChange || delegate == nullptr || !reports.IsSettled()) {
+    if (event->type() != QEvent::WindowStateChange || delegate == nullptr || !stands) {
         return;
     }
     const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
@@ -302,7 +278,7 @@ void QzWindow::changeEvent(QEvent* event) {
     } else if (!isMinimized() && wasMiniaturized) {
         delegate->WindowDidDeminiaturize();
     } else {
-        reports.ReportLater();
+        delegate->WindowDidZoom((before & Qt::WindowMaximized) != 0);
     }
 }
 
@@ -322,8 +298,8 @@ void QzWindow::ResignKey() {
     if (!std::exchange(isKey, false)) {
         return;
     }
-    if (keyWindow == this) {
-        keyWindow = nullptr;
+    if (chosenKeyWindow == this) {
+        chosenKeyWindow = nullptr;
     }
     if (delegate != nullptr) {
         delegate->WindowDidResignKey();
@@ -340,7 +316,7 @@ void QzWindow::BecameActive() {
             return;
         }
         isKey = true;
-        keyWindow = this;
+        chosenKeyWindow = this;
         lastKeyWindow = this;
         delegate->WindowDidBecomeKey();
         return;

@@ -2,18 +2,18 @@
 
 #include <cstdint>
 
+#include <QDeadlineTimer>
 #include <QPointer>
 #include <QWidget>
 
-#include "gui/windows/first_responder.h"
-#include "gui/windows/geometry_reports.h"
+#include "gui/windows/window_delegate.h"
+#include "gui/windows/window_focus.h"
 #include "gui/windows/window_layout.h"
 
 namespace rotavel {
 
 class QzDisabledView;
 class QzFlippedWindowView;
-class QzWindowEvents;
 
 // A native top-level window: the menu bar on top and, below it, the content view at exactly the
 // size asked for. Reports to its delegate; knows nothing of numbers or queues.
@@ -25,31 +25,37 @@ class QzWindow final : public QWidget {
 
     // The window that a widget lies in, or null.
     static QzWindow* Of(const QWidget* widget);
-    // The window that has the keyboard or has just been given it, or null; and the last that had.
-    static QzWindow* KeyWindow();
+    // The window that the keyboard was given to: it has it, or gets it as soon as the windowing
+    // system agrees. Null when another program has it.
+    static QzWindow* ChosenKeyWindow();
+    // The last window that had the keyboard, or null.
     static QzWindow* LastKeyWindow();
 
-    void SetDelegate(QzWindowEvents* newDelegate) { delegate = newDelegate; }
-    QzWindowEvents* Delegate() const { return delegate; }
+    void SetDelegate(WindowDelegate* newDelegate) { delegate = newDelegate; }
+    WindowDelegate* Delegate() const { return delegate; }
     QzFlippedWindowView* ContentView() const { return contentView; }
     WindowLayout& Layout() { return layout; }
 
     QzWindow* ParentWindow() const { return parentWindow; }
     bool IsBorderless() const { return borderless; }
+    // A borderless window beside its parent.
+    bool IsPopup() const { return windowType() == Qt::ToolTip; }
     bool IsResizable() const { return resizable; }
-    // On the screen, or about to be.
-    bool IsShown() const { return presentPending || isVisible(); }
+    bool IsVisibleOrPending() const { return showPending || isVisible(); }
+    // On the screen and painted.
+    bool Stands() const { return stands; }
 
-    QSize ContentSize() const { return layout.ContentSize(); }
     // Puts a window that is to be shown on the screen and waits until its frame is the true one.
     void EnsureFramed();
-    // A window that is to be centred when it appears is so now, and not again.
-    void FixPlace();
-    // To be told of the bounds that the program has given the window.
-    GeometryReports& Reports() { return reports; }
 
-    // Centres the window if its flags ask for that. Where it then is, it is to be shown.
-    void Place();
+    QSize ContentSize() const { return layout.ContentSize(); }
+    // Moves the frame.
+    void SetCorner(QPoint corner);
+
+    // Centres the window if its flags ask for that. Where it is then, it is to be shown.
+    void TakePlace();
+    // The same for the last time: where it is then, it stays.
+    void KeepPlace();
     // Shows the window when the program next waits. Flags as for WindowShow.
     void Show(std::uint32_t flags);
     void PresentIfPending();
@@ -67,44 +73,44 @@ class QzWindow final : public QWidget {
 
     // The toolkit's focus is on a widget of this window now, or on none of it any more.
     void FocusArrived(QWidget* widget);
-    void FocusVanished();
+    void FocusVanished() { focus.Vanished(); }
     // Makes a widget of the content, or none, the one that keys go to, also while the window does
     // not have the keyboard.
-    void MakeFirstResponder(QWidget* view);
+    void MakeFirstResponder(QWidget* view) { focus.Make(view); }
 
-    // The content view was painted: the frame stands.
+    // The content view was painted: the window stands.
     void ContentPainted();
 
   protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
-    bool focusNextPrevChild(bool next) override;
+    bool focusNextPrevChild(bool next) override { return focus.Advance(next); }
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
     void Present();
+    void AttachToParent();
+    bool IsAwaited() const;
     void RemoveOverlay();
     void BecameActive();
     void ResignKey();
-    void AttachToParent();
 
     const bool borderless;
     const bool resizable;
     std::uint32_t flags;  // what the next presentation goes by
     QPointer<QzWindow> parentWindow;
     QPointer<QzWindow> placementOwner;  // the window to centre over
-    QzWindowEvents* delegate = nullptr;
+    WindowDelegate* delegate = nullptr;
     QzFlippedWindowView* const contentView;
     WindowLayout layout;
+    WindowFocus focus;
     QzDisabledView* overlay = nullptr;
-    FirstResponder firstResponder;
-    QPointer<QWidget> responderBeforeDisabling;
 
-    GeometryReports reports{*this};
-    bool presentPending = false;
-    bool framed = false;
+    bool showPending = false;
+    bool stands = false;
+    QDeadlineTimer framePatience;
     bool isKey = false;
 };
 

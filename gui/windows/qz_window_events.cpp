@@ -2,16 +2,26 @@
 
 #include <utility>
 
+#include <QPointer>
+#include <QTimer>
+
 #include "gui/events/event_posting.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/qz_window.h"
-#include "gui/windows/status_bars.h"
+#include "gui/windows/window_frame.h"
 #include "gui/windows/window_observer.h"
 #include "gui/windows/window_record.h"
 
 namespace rotavel {
 
-void QzWindowEvents::Connect(QzWindow* window, std::int64_t id) {
+namespace {
+
+// How long a window manager's answers to a new window or new bounds may take.
+constexpr int ManagerAnswersMs = 250;
+
+}  // namespace
+
+void QzWindowEvents::Connect(QzWindow* window, WindowNumber id) {
     WindowInstance = window;
     WindowID = id;
     ZoomEvent = 0;
@@ -32,30 +42,6 @@ void QzWindowEvents::WindowWillClose() {
     WindowRegistry().Remove(WindowID);  // and, with the record, its timers and this delegate
 }
 
-void QzWindowEvents::WindowDidResize() {
-    // A binding may destroy the window, and this with it.
-    const QPointer<QzWindow> window = WindowInstance;
-    const auto isGone = [&window, this] { return window == nullptr || window->Delegate() != this; };
-    if (const std::uint32_t zoom = std::exchange(ZoomEvent, 0)) {
-        QueueEvent(zoom, WindowID, WindowID, 0);
-        if (isGone()) {
-            return;
-        }
-    }
-    // Drops older resize events of window 0 only; those of other windows merge when they are
-    // neighbours.
-    DeleteQueuedEvents(WindowResized, 0, WindowID, 0);
-    QueueEvent(WindowResized, WindowID, WindowID, 0);
-    if (!isGone()) {
-        AdjustStatusBarsOf(WindowInstance);
-        WindowInstance->ContentView()->update();
-    }
-}
-
-void QzWindowEvents::WindowDidMove() const {
-    QueueEvent(WindowMoved, WindowID, WindowID, 0);
-}
-
 void QzWindowEvents::WindowDidBecomeKey() const {
     for (WindowObserver* const observer : WindowObservers()) {
         observer->WindowBecameKey(*WindowInstance);
@@ -72,12 +58,113 @@ void QzWindowEvents::WindowDidMiniaturize() const {
 }
 
 void QzWindowEvents::WindowDidDeminiaturize() const {
-    const bool zoomed = WindowInstance->IsResizable() && WindowInstance->isMaximized();
-    QueueEvent(zoomed ? WindowMaximized : WindowRestored, WindowID, WindowID, 0);
+    QueueEvent(CurrentGeometry().IsZoomed ? WindowMaximized : WindowRestored, WindowID, WindowID,
+               0);
+}
+
+void QzWindowEvents::WindowWillShow() {
+    const QPointer<QzWindowEvents> self = this;  // a binding may destroy the window
+    if (WindowInstance->Stands()) {
+        WindowDidTakeBounds();
+    }
+    if (self != nullptr) {
+        told = CurrentGeometry();
+    }
+}
+
+void QzWindowEvents::WindowDidShow() {
+    const QPoint corner = told.Corner;
+    told = CurrentGeometry();
+    told.Corner = corner;
+    managerAnswered.setRemainingTime(ManagerAnswersMs);  // it may frame the window only now
+}
+
+void QzWindowEvents::WindowFrameDidChange() {
+    if (WindowInstance->Stands() && (!isReportDue || HasZoomed())) {
+        isReportDue = true;
+        QMetaObject::invokeMethod(this, &QzWindowEvents::ReportInTime, Qt::QueuedConnection);
+    }
+}
+
+void QzWindowEvents::WindowDidZoom(bool) {
+    if (!WindowInstance->IsResizable()) {
+        return;
+    }
+    WindowFrameDidChange();
+}
+
+void QzWindowEvents::WindowDidTakeBounds() {
+    const QPointer<QzWindowEvents> self = this;
+    Report();
+    // The window manager answers request by request, and each answer first takes the window back
+    // to bounds that the program has left already.
+    if (self != nullptr && WindowInstance->isVisible() && !WindowInstance->IsPopup()) {
+        managerAnswered.setRemainingTime(ManagerAnswersMs);
+    }
+}
+
+QzWindowEvents::Geometry QzWindowEvents::CurrentGeometry() const {
+    const QPoint corner = FrameOf(*WindowInstance).topLeft();
+    return {corner, InnerCornerOf(*WindowInstance) - corner, WindowInstance->ContentSize(),
+            WindowInstance->IsResizable() && WindowInstance->isMaximized()};
+}
+
+void QzWindowEvents::ReportInTime() {
+    if (!managerAnswered.hasExpired() && !HasZoomed()) {
+        QTimer::singleShot(managerAnswered.remainingTime(), this, &QzWindowEvents::ReportInTime);
+        return;
+    }
+    isReportDue = false;
+    Report();
+}
+
+void QzWindowEvents::Report() {
+    const Geometry current = CurrentGeometry();
+    const bool resizes = current.Content != told.Content;
+    const bool zooms = current.IsZoomed != told.IsZoomed;
+    if (zooms && !resizes) {
+        return;  // a zoom is told as one; its size is still to come
+    }
+    const Geometry before = std::exchange(told, current);
+    // A frame that the window manager adds or changes moves nothing, and where a zoom puts the
+    // window is part of the zoom.
+    const bool moves = current.Corner != before.Corner && current.Inset == before.Inset && !zooms;
+    const QPointer<QzWindowEvents> self = this;
+    if (zooms) {
+        WindowShouldZoom(current.Content.width() > before.Content.width() ||
+                         current.Content.height() > before.Content.height());
+    }
+    if (resizes) {
+        WindowDidResize();
+    }
+    if (moves && self != nullptr) {
+        WindowDidMove();
+    }
 }
 
 void QzWindowEvents::WindowShouldZoom(bool grows) {
     ZoomEvent = grows ? WindowMaximized : WindowRestored;
+}
+
+void QzWindowEvents::WindowDidResize() {
+    const QPointer<QzWindowEvents> self = this;
+    if (const std::uint32_t zoom = std::exchange(ZoomEvent, 0)) {
+        QueueEvent(zoom, WindowID, WindowID, 0);
+        if (self == nullptr) {
+            return;
+        }
+    }
+    // Drops older resize events of window 0 only; those of other windows merge when they are
+    // neighbours.
+    DeleteQueuedEvents(WindowResized, 0, WindowID, 0);
+    QueueEvent(WindowResized, WindowID, WindowID, 0);
+    if (self != nullptr) {
+        WindowInstance->ContentView()->update();
+    }
+}
+
+void QzWindowEvents::WindowDidMove() const {
+    QueueEvent(WindowMoved, WindowID, WindowID, 0);
 }
 
 }  // namespace rotavel

@@ -1,9 +1,8 @@
 #include "gui/status_bar.h"
 
-#include <algorithm>
-#include <numeric>
 #include <vector>
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QPointer>
@@ -24,91 +23,79 @@ constexpr int BarHeight = 24;
 constexpr int FieldHeight = 20;
 constexpr int TextIndent = 4;  // of a left or right text to its field's edge
 
+// A field as wide as asked for, however long its text is.
+class QzStatusField final : public QLabel {
+  public:
+    QzStatusField(QWidget* bar, std::int64_t fieldWidth)
+        : QLabel(bar), size(ToSide(fieldWidth), FieldHeight) {
+        const bool takesRest = fieldWidth == IgnoreValue;
+        setSizePolicy(takesRest ? QSizePolicy::Ignored : QSizePolicy::Fixed, QSizePolicy::Fixed);
+        setTextFormat(Qt::PlainText);
+        setIndent(TextIndent);
+        if (DefaultGadgetFont() != AnyNumber) {
+            setFont(FontForGadgets(DefaultGadgetFont()));
+        }
+        show();
+    }
+    QSize sizeHint() const override { return size; }
+    QSize minimumSizeHint() const override { return size; }
+
+  private:
+    const QSize size;
+};
+
 // The bar's view; its record goes with it, also when the window takes it along.
 class QzStatusBarView final : public QWidget {
   public:
     QzStatusBarView(QzWindow* owner, std::int64_t barNumber);
     ~QzStatusBarView() override;
 
-    void AddField(std::int64_t width) {
-        fields.push_back({width == IgnoreValue ? width : ToCoordinate(width), nullptr});
-    }
-    void SetText(std::size_t index, const QString& text, std::uint32_t flags);
+    void AddField(std::int64_t width);
     std::size_t CountFields() const { return fields.size(); }
-    void AdjustSize();
-    bool IsOn(const QzWindow* owner) const { return window == owner; }
+    QLabel& Field(std::size_t index) const { return *fields[index]; }
+    QzWindow* Window() const { return window; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    struct Field {
-        std::int64_t Width;
-        QLabel* Label;  // made with the first text
-    };
-
     QzWindow* window;
     std::int64_t number;
-    std::vector<Field> fields;
+    QHBoxLayout* row;
+    std::vector<QLabel*> fields;
 };
 
-struct StatusBarRecord {
-    QzStatusBarView* View = nullptr;
-};
-
-NumberedObjects<StatusBarRecord> registry;
+NumberedObjects<QzStatusBarView*> registry;
 QPointer<QzStatusBarView> newestBar;
 
 QzStatusBarView::QzStatusBarView(QzWindow* owner, std::int64_t barNumber)
-    : QWidget(owner->ContentView()), window(owner), number(barNumber) {
-    AdjustSize();
+    : QWidget(owner->ContentView()), window(owner), number(barNumber), row(new QHBoxLayout(this)) {
+    constexpr int margin = (BarHeight - FieldHeight) / 2;
+    row->setContentsMargins(0, margin, 0, margin);
+    row->setSpacing(0);
+    row->addStrut(FieldHeight);
+    row->addStretch();  // behind the fields; takes nothing as long as a field stretches
+    row->setSizeConstraint(QLayout::SetNoConstraint);
+    setMinimumHeight(BarHeight);
+    setAutoFillBackground(true);  // scrolled content runs on under it
     show();
+    owner->Layout().AddFooter(this);
 }
 
 QzStatusBarView::~QzStatusBarView() {
     registry.Remove(number);
 }
 
-void QzStatusBarView::SetText(std::size_t index, const QString& text, std::uint32_t flags) {
-    QLabel*& label = fields[index].Label;
-    if (label == nullptr) {
-        label = new QLabel(this);
-        label->setTextFormat(Qt::PlainText);
-        label->setIndent(TextIndent);
-        if (DefaultGadgetFont() != AnyNumber) {
-            label->setFont(FontForGadgets(DefaultGadgetFont()));
-        }
-        label->show();
+void QzStatusBarView::AddField(std::int64_t width) {
+    auto* const field = new QzStatusField(this, width);
+    const int behindFields = row->count() - 1;
+    row->insertWidget(behindFields, field, width == IgnoreValue ? 1 : 0);
+    if (width < 0 && width != IgnoreValue) {
+        // Has no room itself and takes some from the next.
+        row->insertSpacing(behindFields + 1, ToCoordinate(width));
     }
-    if ((flags & StatusRight) != 0) {
-        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    } else if ((flags & StatusCentred) != 0) {
-        label->setAlignment(Qt::AlignCenter);
-    }
-    label->setText(text);
-    AdjustSize();
-}
-
-void QzStatusBarView::AdjustSize() {
-    const QSize content = window->ContentSize();
-    setGeometry(0, content.height() - BarHeight, content.width(), BarHeight);
-    std::int64_t fixedWidth = 0;
-    std::int64_t flexible = 0;
-    for (const Field& field : fields) {
-        (field.Width == IgnoreValue ? flexible : fixedWidth) +=
-            field.Width == IgnoreValue ? 1 : field.Width;
-    }
-    const std::int64_t share =
-        flexible == 0 ? 0 : std::max<std::int64_t>(content.width() - fixedWidth, 0) / flexible;
-    std::int64_t x = 0;
-    for (const Field& field : fields) {
-        const std::int64_t width = field.Width == IgnoreValue ? share : field.Width;
-        if (field.Label != nullptr) {
-            field.Label->setGeometry(ToCoordinate(x), (BarHeight - FieldHeight) / 2, ToSide(width),
-                                     FieldHeight);
-        }
-        x += width;
-    }
+    fields.push_back(field);
+    window->Layout().Apply();
 }
 
 void QzStatusBarView::paintEvent(QPaintEvent*) {
@@ -117,20 +104,23 @@ void QzStatusBarView::paintEvent(QPaintEvent*) {
     painter.drawLine(0, 0, width(), 0);
 }
 
-}  // namespace
-
-void AdjustStatusBarsOf(const QzWindow* window) {
-    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
-        if (next.second->View->IsOn(window)) {
-            next.second->View->AdjustSize();
-        }
-    }
+QzStatusBarView* FindBar(std::int64_t number) {
+    QzStatusBarView* const* const bar = registry.Find(number);
+    return bar == nullptr ? nullptr : *bar;
 }
+
+void DestroyBar(const QzStatusBarView* bar) {
+    QzWindow* const window = bar->Window();
+    delete bar;
+    window->Layout().Apply();
+}
+
+}  // namespace
 
 void DestroyStatusBarsOf(const QzWindow* window) {
     for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
-        if (next.second->View->IsOn(window)) {
-            delete next.second->View;
+        if ((*next.second)->Window() == window) {
+            DestroyBar(*next.second);
         }
     }
 }
@@ -142,40 +132,44 @@ std::int64_t StatusBarCreate(std::int64_t number, NativeWindow* window) {
     if (number != AnyNumber) {
         StatusBarDestroy(number);
     }
-    const auto [id, record] = registry.Create(number);
-    record->View = new QzStatusBarView(FromHandle(window), id);
-    newestBar = record->View;
-    return CreationResult(number, id, record->View);
+    const auto [id, bar] = registry.Create(number);
+    *bar = new QzStatusBarView(FromHandle(window), id);
+    newestBar = *bar;
+    return CreationResult(number, id, *bar);
 }
 
 void StatusBarAddField(std::int64_t width) {
     if (newestBar != nullptr) {
         newestBar->AddField(width);
-        newestBar->AdjustSize();
     }
 }
 
 void StatusBarSetText(std::int64_t number, std::int64_t field, std::u16string_view text,
                       std::uint32_t flags) {
-    const StatusBarRecord* const record = registry.Find(number);
-    if (record == nullptr || field < 0 ||
-        field >= static_cast<std::int64_t>(record->View->CountFields())) {
+    const QzStatusBarView* const bar = FindBar(number);
+    if (bar == nullptr || field < 0 || field >= static_cast<std::int64_t>(bar->CountFields())) {
         return;
     }
-    record->View->SetText(static_cast<std::size_t>(field), ToQString(text), flags);
+    QLabel& label = bar->Field(static_cast<std::size_t>(field));
+    if ((flags & StatusRight) != 0) {
+        label.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    } else if ((flags & StatusCentred) != 0) {
+        label.setAlignment(Qt::AlignCenter);
+    }
+    label.setText(ToQString(text));
 }
 
 std::int64_t StatusBarHeight(std::int64_t number) {
-    return registry.Find(number) == nullptr ? 0 : BarHeight;
+    return FindBar(number) == nullptr ? 0 : BarHeight;
 }
 
 void StatusBarDestroy(std::int64_t number) {
     if (number == AnyNumber) {
         for (auto next = registry.First(); next.second != nullptr; next = registry.First()) {
-            delete next.second->View;
+            DestroyBar(*next.second);
         }
-    } else if (const StatusBarRecord* const record = registry.Find(number)) {
-        delete record->View;
+    } else if (const QzStatusBarView* const bar = FindBar(number)) {
+        DestroyBar(bar);
     }
 }
 

@@ -12,9 +12,9 @@
 #include "gui/toolkit/handle.h"
 #include "gui/toolkit/retired_objects.h"
 #include "gui/toolkit/text.h"
-#include "gui/windows/frame_placement.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/status_bars.h"
+#include "gui/windows/window_frame.h"
 #include "gui/windows/window_observer.h"
 #include "gui/windows/window_record.h"
 
@@ -31,7 +31,8 @@ QzWindow* NextKeyWindow(const WindowRecord& closing) {
     QzWindow* candidate = nullptr;
     for (auto [number, record] = registry.First(); record != nullptr;
          std::tie(number, record) = registry.After(number)) {
-        if (record == &closing || !record->Window->IsShown() || record->Window->isMinimized()) {
+        if (record == &closing || !record->Window->IsVisibleOrPending() ||
+            record->Window->isMinimized()) {
             continue;
         }
         if (record->Window == closing.PreviousKeyWindow) {
@@ -61,7 +62,7 @@ void DestroyOne(WindowNumber number, QzWindow& window) {
     DestroyStatusBarsOf(&window);
     const WindowRecord& record = *registry.Find(number);
     QPointer<QzWindow> heir;
-    if (record.HadPreviousKeyWindow && QzWindow::KeyWindow() == &window) {
+    if (record.HadPreviousKeyWindow && QzWindow::ChosenKeyWindow() == &window) {
         heir = NextKeyWindow(record);
     }
     window.Hide();
@@ -89,13 +90,13 @@ QzWindow* FindFramedWindow(WindowNumber number) {
     return FindWindow(number);
 }
 
-QPoint PlaceOf(WindowNumber number, int mode) {
-    const QzWindow* const window = FindFramedWindow(number);
+QPoint CornerOf(WindowNumber number, int mode) {
+    QzWindow* const window = FindFramedWindow(number);
     if (window == nullptr) {
         return {};
     }
     return mode == OuterFrame ? FrameOf(*window).topLeft()
-                              : InnerCornerOf(*window) + window->ContentView()->pos();
+                              : InnerCornerOf(*window) + window->Layout().ContentCorner();
 }
 
 QSize SizeOf(WindowNumber number, int mode) {
@@ -103,7 +104,7 @@ QSize SizeOf(WindowNumber number, int mode) {
         const QzWindow* const window = FindFramedWindow(number);
         return window == nullptr ? QSize() : FrameOf(*window).size();
     }
-    const QzWindow* const window = FindWindow(number);
+    QzWindow* const window = FindWindow(number);
     return window == nullptr ? QSize() : window->ContentSize();
 }
 
@@ -169,14 +170,14 @@ std::int64_t WindowCreate(WindowNumber number, std::int64_t x, std::int64_t y, s
     record->Window = window;
     record->Delegate = std::make_unique<QzWindowEvents>();
     record->Delegate->Connect(window, id);
-    record->PreviousKeyWindow = QzWindow::KeyWindow();
+    record->PreviousKeyWindow = QzWindow::ChosenKeyWindow();
     record->HadPreviousKeyWindow = record->PreviousKeyWindow != nullptr;
     window->ContentView()->WindowID = id;
     window->setWindowTitle(ToWindowTitle(title));
     if ((flags & WindowScreenCentred) == 0) {
-        window->move(ToCoordinate(x), ToCoordinate(y));
+        window->SetCorner({ToCoordinate(x), ToCoordinate(y)});
     }
-    window->Place();
+    window->TakePlace();
     if ((flags & WindowHidden) == 0) {
         window->Show(flags);
     }
@@ -219,7 +220,7 @@ void WindowShow(WindowNumber number, WindowVisibility hide, std::uint32_t flags)
 
 void WindowActivate(WindowNumber number) {
     QzWindow* const window = FindWindow(number);
-    if (window != nullptr && window->IsShown() && !window->isMinimized()) {
+    if (window != nullptr && window->IsVisibleOrPending() && !window->isMinimized()) {
         window->MakeKeyAndOrderFront();
     }
 }
@@ -242,11 +243,11 @@ bool WindowIsDisabled(WindowNumber number) {
 }
 
 std::int64_t WindowGetX(WindowNumber number, int mode) {
-    return PlaceOf(number, mode).x();
+    return CornerOf(number, mode).x();
 }
 
 std::int64_t WindowGetY(WindowNumber number, int mode) {
-    return PlaceOf(number, mode).y();
+    return CornerOf(number, mode).y();
 }
 
 std::int64_t WindowGetWidth(WindowNumber number, int mode) {
@@ -259,30 +260,32 @@ std::int64_t WindowGetHeight(WindowNumber number, int mode) {
 
 void WindowSetBounds(WindowNumber number, std::int64_t x, std::int64_t y, std::int64_t width,
                      std::int64_t height) {
-    QzWindow* const window = FindWindow(number);
+    QzWindow* window = FindWindow(number);
+    if (window != nullptr && window->isVisible()) {
+        window = FindFramedWindow(number);
+    }
     if (window == nullptr) {
         return;
     }
-    window->FixPlace();
+    window->KeepPlace();
     const QSize current = window->ContentSize();
     const std::int64_t newWidth = width == IgnoreValue ? current.width() : width;
     const std::int64_t newHeight = height == IgnoreValue ? current.height() : height;
     // A size that no window can have changes nothing, like any size that is the present one.
-    if (IsPossibleSize(newWidth, newHeight) &&
-        (newWidth != current.width() || newHeight != current.height())) {
+    const bool resizes = IsPossibleSize(newWidth, newHeight) &&
+                         (newWidth != current.width() || newHeight != current.height());
+    const QPoint corner = FrameOf(*window).topLeft();
+    const QPoint newCorner(x == IgnoreValue ? corner.x() : ToCoordinate(x),
+                           y == IgnoreValue ? corner.y() : ToCoordinate(y));
+    if (x != IgnoreValue || y != IgnoreValue) {
+        window->SetCorner(newCorner);
+    }
+    if (resizes) {
         window->Layout().SetContentSize({ToSide(newWidth), ToSide(newHeight)});
     }
-    if (x != IgnoreValue || y != IgnoreValue) {
-        QPoint position = window->pos();
-        if (x != IgnoreValue) {
-            position.setX(ToCoordinate(x));
-        }
-        if (y != IgnoreValue) {
-            position.setY(ToCoordinate(y));
-        }
-        SetFramePosition(*window, position);
+    if (WindowDelegate* const delegate = window->Delegate()) {
+        delegate->WindowDidTakeBounds();
     }
-    window->Reports().ReportNewBounds();
 }
 
 void WindowSetContentLimits(WindowNumber number, std::int64_t minimumWidth,

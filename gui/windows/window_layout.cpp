@@ -17,31 +17,32 @@ void WindowLayout::SetMenuBar(QMenuBar* bar) {
     if (bar == menuBar) {
         return;
     }
-    const QSize content = ContentSize();
     if (menuBar != nullptr) {
         menuBar->hide();
     }
     menuBar = bar;
     if (menuBar != nullptr) {
         menuBar->setParent(&window);
-        menuBar->setEnabled(menuBarEnabled);
+        menuBar->setEnabled(isEnabled);
         menuBar->show();
     }
     SetContentSize(content);
 }
 
-void WindowLayout::EnableMenuBar(bool enables) {
-    menuBarEnabled = enables;
+void WindowLayout::Enable(bool enables) {
+    isEnabled = enables;
     if (menuBar != nullptr) {
         menuBar->setEnabled(enables);
     }
 }
 
-QSize WindowLayout::ContentSize() const {
-    return contentView.size();
+void WindowLayout::AddFooter(QWidget* footer) {
+    footers.emplace_back(footer);
+    Apply();
 }
 
 void WindowLayout::SetContentSize(QSize size) {
+    content = size;
     const QSize whole(size.width(), size.height() + MenuBarHeight(size.width()));
     if (resizable) {
         SetContentLimits(contentMinimum, contentMaximum);
@@ -64,11 +65,22 @@ void WindowLayout::SetContentLimits(QSize minimum, QSize maximum) {
 }
 
 void WindowLayout::Apply() {
-    const int barHeight = MenuBarHeight(window.width());
+    const int top = MenuBarHeight(window.width());
     if (menuBar != nullptr) {
-        menuBar->setGeometry(0, 0, window.width(), barHeight);
+        menuBar->setGeometry(0, 0, window.width(), top);
     }
-    contentView.setGeometry(0, barHeight, window.width(), std::max(window.height() - barHeight, 0));
+    const QSize below(window.width(), std::max(window.height() - top, 0));
+    if (resizable) {
+        content = below;
+    }
+    contentView.setGeometry(0, top, below.width(), below.height());
+    std::erase(footers, nullptr);
+    for (const QPointer<QWidget>& each : footers) {
+        const int height = each->minimumHeight();
+        // Runs out of the window if it is wider.
+        const int width = std::max(below.width(), each->sizeHint().width());
+        each->setGeometry(0, below.height() - height, width, height);
+    }
 }
 
 int WindowLayout::MenuBarHeight(int width) const {

@@ -13,6 +13,7 @@
 #include "gui/string_gadget.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/qz_window.h"
+#include "gui/windows/window_record.h"
 #include "runtime/numbered_objects.h"
 #include "tests/support/gui_test.h"
 
@@ -32,6 +33,20 @@ Pair Content(std::int64_t window) {
     return {WindowGetWidth(window), WindowGetHeight(window)};
 }
 
+QRect Frame(std::int64_t window) {
+    const auto [x, y] = Corner(window);
+    return QRect(int(x), int(y), int(WindowGetWidth(window, OuterFrame)),
+                 int(WindowGetHeight(window, OuterFrame)));
+}
+
+QRect Room() {
+    return QGuiApplication::primaryScreen()->availableGeometry();
+}
+
+bool IsCentred(std::int64_t window, const QRect& over) {
+    return (Frame(window).center() - over.center()).manhattanLength() <= 2;
+}
+
 TEST_F(WindowTest, HasTheNumberPlaceAndSizeItWasGiven) {
     const std::int64_t handle = WindowCreate(3, 30, 40, 200, 100, u"a[*]b");
     EXPECT_EQ(handle, reinterpret_cast<std::intptr_t>(WindowNativeHandle(3)));
@@ -47,8 +62,7 @@ TEST_F(WindowTest, HasTheNumberPlaceAndSizeItWasGiven) {
     WindowCreate(3, IgnoreValue, 5, 50, 60);
     ForgetEvents();
     EXPECT_FALSE(GadgetExists(1)) << "the window that held the number is gone";
-    const QRect room = Native(3)->screen()->availableGeometry();
-    EXPECT_LE((Native(3)->frameGeometry().center() - room.center()).manhattanLength(), 2);
+    EXPECT_TRUE(IsCentred(3, Room()));
     const std::int64_t automatic = WindowCreate(AnyNumber, 0, 0, 70, 80);
     EXPECT_EQ(Content(automatic), Pair(70, 80));
     WindowDestroy(AnyNumber);
@@ -68,6 +82,11 @@ TEST_F(WindowTest, ReportsItsGeometry) {
         EXPECT_EQ(TakenOfWindows(), window == 0 ? "Moved 0, Resized 0, Moved 0"
                                                 : "Resized 1, Moved 1, Resized 1, Moved 1");
     }
+}
+
+TEST_F(WindowTest, ReportsZooms) {
+    WindowCreate(1, 50, 50, 200, 100, u"", WindowResizable);
+    ForgetEvents();
     // A zoom may come as a new state first and a new size later.
     Native(1)->showMaximized();
     EXPECT_EQ(TakenOfWindows().find("Maximized 1, Resized 1"), 0U);
@@ -168,9 +187,7 @@ TEST_F(WindowTest, ShowsItselfAsItsFlagsSay) {
     const bool isReal = QGuiApplication::platformName() != "offscreen";
     EXPECT_EQ(KeyWindowNumber(), isReal ? 2 : 3);
     EXPECT_TRUE(Native(1)->isVisible());
-    EXPECT_LE((Native(2)->frameGeometry().center() - Native(0)->frameGeometry().center())
-                  .manhattanLength(),
-              2);
+    EXPECT_TRUE(IsCentred(2, Frame(0)));
     EXPECT_EQ(WindowGetWidth(3, OuterFrame), 100);
     EXPECT_EQ(Corner(3), Pair(70, 80));
     WindowActivate(2);
@@ -223,6 +240,7 @@ TEST_F(WindowTest, StatusBarLaysOutItsFields) {
     }
     StatusBarSetText(7, 3, u"beyond");
     WindowSetBounds(0, IgnoreValue, IgnoreValue, 360, 120);
+    ForgetEvents();
     const QList<QLabel*> labels = Native(0)->ContentView()->findChildren<QLabel*>();
     ASSERT_EQ(labels.size(), 3);
     const QRect places[] = {{0, 98, 50, 20}, {50, 98, 230, 20}, {280, 98, 80, 20}};
@@ -235,6 +253,17 @@ TEST_F(WindowTest, StatusBarLaysOutItsFields) {
     EXPECT_EQ(StatusBarHeight(7), 24);
     StatusBarDestroy(7);
     EXPECT_EQ(StatusBarHeight(7), 0);
+    // Each field starts where the widths before it add up to, whatever the window has room for.
+    StatusBarCreate(7, WindowNativeHandle(0));
+    for (const std::int64_t width : {450, -30, 60, 0}) {
+        StatusBarAddField(width);
+    }
+    ForgetEvents();
+    const QList<QLabel*> wide = Native(0)->ContentView()->findChildren<QLabel*>();
+    EXPECT_EQ(wide[0]->width(), 450);
+    EXPECT_EQ(wide[1]->width(), 0);
+    EXPECT_EQ(wide[2]->geometry(), QRect(420, 2, 60, 20));
+    EXPECT_EQ(wide[3]->x(), 480);
     StatusBarCreate(7, WindowNativeHandle(0));
     WindowDestroy(0);
     EXPECT_EQ(StatusBarHeight(7), 0);

@@ -1,0 +1,115 @@
+#include "gui/windows/window_focus.h"
+
+#include <iterator>
+#include <map>
+#include <utility>
+
+#include "gui/windows/first_responder.h"
+
+namespace rotavel {
+
+namespace {
+
+// Line by line, each from left to right.
+std::pair<int, int> ReadingOrder(const QWidget& widget, const QWidget& content) {
+    const QPoint corner = widget.mapTo(&content, QPoint());
+    return {corner.y(), corner.x()};
+}
+
+bool TakesKeys(const QWidget& widget, const QWidget& content) {
+    return (widget.focusPolicy() & Qt::TabFocus) != 0 && widget.focusProxy() == nullptr &&
+           widget.isVisibleTo(&content) && widget.isEnabledTo(&content);
+}
+
+QWidget* NextWidget(const QWidget& content, const QWidget* from, bool forward) {
+    std::multimap<std::pair<int, int>, QWidget*> widgets;
+    for (QWidget* const widget : content.findChildren<QWidget*>()) {
+        if (widget != from && TakesKeys(*widget, content)) {
+            widgets.emplace(ReadingOrder(*widget, content), widget);
+        }
+    }
+    if (widgets.empty()) {
+        return nullptr;
+    }
+    if (from == nullptr || !content.isAncestorOf(from)) {
+        return forward ? widgets.begin()->second : std::prev(widgets.end())->second;
+    }
+    auto next = widgets.upper_bound(ReadingOrder(*from, content));
+    if (forward) {
+        return next == widgets.end() ? widgets.begin()->second : next->second;
+    }
+    return next == widgets.begin() ? std::prev(widgets.end())->second : std::prev(next)->second;
+}
+
+}  // namespace
+
+void WindowFocus::Make(QWidget* responder) {
+    if (responder == nullptr) {
+        // Keys go to the window itself; without a focus the toolkit would choose a field.
+        window.setFocus();
+        Pass(nullptr);
+        return;
+    }
+    if (!responder->isEnabled() || !responder->isVisibleTo(&window)) {
+        return;
+    }
+    responder->setFocus(Qt::OtherFocusReason);
+    Pass(responder);
+}
+
+bool WindowFocus::Advance(bool forward) {
+    QWidget* const next = isSuspended ? nullptr : NextWidget(view, window.focusWidget(), forward);
+    if (next == nullptr) {
+        return false;
+    }
+    next->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+void WindowFocus::Arrived(QWidget* widget) {
+    if (view.isAncestorOf(widget)) {
+        Pass(widget);
+    }
+}
+
+void WindowFocus::Vanished() {
+    if (!isSuspended) {
+        Pass(nullptr);
+    }
+}
+
+void WindowFocus::Suspend() {
+    if (!isSuspended) {
+        suspendedResponder = firstResponder;
+    }
+    isSuspended = true;
+    Make(nullptr);
+}
+
+void WindowFocus::Resume() {
+    isSuspended = false;
+    if (suspendedResponder != nullptr) {
+        Make(suspendedResponder);
+    }
+}
+
+void WindowFocus::Pass(QWidget* to) {
+    if (to == firstResponder) {
+        return;
+    }
+    const QPointer<QWidget> next = to;
+    auto* const before = dynamic_cast<FirstResponderView*>(firstResponder.data());
+    firstResponder = nullptr;
+    if (before != nullptr) {
+        before->TextDidEndEditing();
+    }
+    if (firstResponder != nullptr) {
+        return;  // who was told has passed it on already
+    }
+    firstResponder = next;
+    if (auto* const now = dynamic_cast<FirstResponderView*>(next.data())) {
+        now->BecomeFirstResponder();
+    }
+}
+
+}  // namespace rotavel

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+namespace rotavel {
+
+// Where the keys of one window go: to a widget of its content or to none, also while the window
+// itself has no keyboard. Tells the views that the focus passes between.
+class WindowFocus {
+  public:
+    WindowFocus(QWidget& focusedWindow, QWidget& content) : window(focusedWindow), view(content) {}
+
+    // Makes a widget of the content, or none, the one that keys go to. Does nothing for a widget
+    // that keys cannot reach.
+    void Make(QWidget* responder);
+    // Goes on to the widget that Tab (or, not `forward`, Shift+Tab) leads to: left to right and top
+    // to bottom as the eye goes, whatever the order of creation. False when there is none.
+    bool Advance(bool forward);
+
+    // The toolkit's focus is on a widget of the window now, or on none of it any more.
+    void Arrived(QWidget* widget);
+    void Vanished();
+
+    // Takes the focus from the content until Resume gives it back.
+    void Suspend();
+    void Resume();
+
+  private:
+    void Pass(QWidget* to);
+
+    QWidget& window;
+    QWidget& view;
+    QPointer<QWidget> firstResponder;
+    QPointer<QWidget> suspendedResponder;
+    bool isSuspended = false;
+};
+
+}  // namespace rotavel

@@ -1,0 +1,120 @@
+#include "gui/windows/window_frame.h"
+
+#include <algorithm>
+#include <optional>
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+#include <QWindow>
+
+#include "gui/window.h"
+
+namespace rotavel {
+
+namespace {
+
+// Of the window framed last.
+std::optional<QMargins> lastFrame;
+
+bool IsFramed(const QWidget& window) {
+    return window.windowType() != Qt::ToolTip &&
+           !window.windowFlags().testFlag(Qt::FramelessWindowHint);
+}
+
+QMargins MarginsOf(const QWidget& window) {
+    if (!IsFramed(window)) {
+        return {};
+    }
+    // The widget itself learns of its frame only when it is moved next.
+    return window.isVisible() ? window.windowHandle()->frameMargins()
+                              : lastFrame.value_or(QMargins());
+}
+
+void CentreFrame(QWidget& window, const QRect& over) {
+    const QSize frame = window.size().grownBy(MarginsOf(window));
+    SetFrameCorner(window, {over.left() + (over.width() - frame.width()) / 2,
+                            over.top() + (over.height() - frame.height()) / 2});
+}
+
+}  // namespace
+
+Qt::WindowFlags ToolkitFlags(std::uint32_t flags, bool hasParent) {
+    if ((flags & WindowBorderless) != 0) {
+        // Beside its parent a borderless window has to be popup-like: only such a surface can be
+        // placed where the program wants it on every platform.
+        return hasParent ? Qt::ToolTip | Qt::WindowDoesNotAcceptFocus
+                         : Qt::Window | Qt::FramelessWindowHint;
+    }
+    Qt::WindowFlags native =
+        Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
+    native.setFlag(Qt::WindowCloseButtonHint,
+                   (flags & (WindowCloseBox | WindowMaximizeBox | WindowMinimizeBox)) != 0);
+    native.setFlag(Qt::WindowMinimizeButtonHint,
+                   (flags & (WindowMinimizeBox | WindowStartMiniaturized)) != 0);
+    native.setFlag(Qt::WindowMaximizeButtonHint,
+                   (flags & (WindowResizable | WindowMaximizeBox | WindowStartZoomed)) != 0);
+    return native;
+}
+
+void SetTitleBarButtons(QWidget& window, Qt::WindowFlags buttons) {
+    if (!window.windowFlags().testFlag(Qt::WindowTitleHint)) {
+        return;
+    }
+    // The toolkit would hide the window to change these; the window manager takes the new set from
+    // the native window as it is.
+    window.overrideWindowFlags((window.windowFlags() & ~TitleBarButtons) | buttons);
+    if (window.windowHandle() != nullptr) {
+        window.windowHandle()->setFlags(window.windowFlags());
+    }
+}
+
+bool IsCompositorInCharge() {
+    return QGuiApplication::platformName().startsWith("wayland");
+}
+
+void RememberFrame(const QWidget& window) {
+    const QMargins margins = MarginsOf(window);
+    if (window.isVisible() && !window.isMaximized() && !margins.isNull()) {
+        lastFrame = margins;
+    }
+}
+
+bool AwaitsFrame(const QWidget& window) {
+    const bool isFrameUsual = !IsCompositorInCharge() && lastFrame != QMargins();
+    return isFrameUsual && IsFramed(window) && window.isVisible() && !window.isMaximized() &&
+           !window.isMinimized() && MarginsOf(window).isNull();
+}
+
+void RememberNoFrame() {
+    lastFrame = QMargins();
+}
+
+QRect FrameOf(const QWidget& window) {
+    return window.isVisible() ? window.geometry().marginsAdded(MarginsOf(window))
+                              : QRect(window.pos(), window.size().grownBy(MarginsOf(window)));
+}
+
+QPoint InnerCornerOf(const QWidget& window) {
+    const QMargins margins = MarginsOf(window);
+    return FrameOf(window).topLeft() + QPoint(margins.left(), margins.top());
+}
+
+void SetFrameCorner(QWidget& window, QPoint corner) {
+    if (window.windowHandle() == nullptr) {
+        window.move(corner);
+        return;
+    }
+    const QMargins margins = MarginsOf(window);
+    window.setGeometry({corner + QPoint(margins.left(), margins.top()), window.size()});
+}
+
+void CentreFrameOnScreen(QWidget& window) {
+    CentreFrame(window, window.screen()->availableGeometry());
+}
+
+void CentreFrameOver(QWidget& window, const QWidget& owner) {
+    CentreFrame(window, FrameOf(owner));
+}
+
+}  // namespace rotavel
