@@ -9,7 +9,7 @@ namespace rotavel {
 
 namespace {
 
-// Larger than any screen.
+// Larger than any screen, if not than what is scrolled on it.
 constexpr QSize DisabledViewSize(4096, 4096);
 
 }  // namespace
@@ -49,7 +49,7 @@ QzDisabledView::QzDisabledView(QWidget* contentView, Qt::WindowFlags windowFlags
       CloseButtonEnabled((windowFlags & Qt::WindowCloseButtonHint) != 0),
       MinimizeButtonEnabled((windowFlags & Qt::WindowMinimizeButtonHint) != 0),
       MaximizeButtonEnabled((windowFlags & Qt::WindowMaximizeButtonHint) != 0) {
-    resize(DisabledViewSize);
+    resize(DisabledViewSize.expandedTo(contentView->size()));
     setContextMenuPolicy(Qt::PreventContextMenu);
 }
 

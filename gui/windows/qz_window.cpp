@@ -58,6 +58,14 @@ QzWindow* QzWindow::LastKeyWindow() {
     return lastKeyWindow;
 }
 
+void QzWindow::SetContentSize(QSize size) {
+    const bool staysOnScreen = !isVisible() && !IsPopup() && IsFrameOnScreen(*this);
+    layout.SetContentSize(size);
+    if (staysOnScreen || layout.IsScrolled()) {
+        MoveFrameOntoScreen(*this);
+    }
+}
+
 void QzWindow::SetCorner(QPoint corner) {
     SetFrameCorner(*this, corner);
 }
@@ -68,6 +76,9 @@ void QzWindow::TakePlace() {
     } else if ((flags & WindowOwnerCentred) != 0 && placementOwner != nullptr &&
                placementOwner != this) {
         CentreFrameOver(*this, *placementOwner);
+    }
+    if (layout.IsScrolled()) {
+        MoveFrameOntoScreen(*this);
     }
     if (delegate != nullptr) {
         delegate->WindowWillShow();
@@ -235,6 +246,9 @@ void QzWindow::KeepOverlayOnTop() {
 }
 
 void QzWindow::FocusArrived(QWidget* widget) {
+    if (contentView->isAncestorOf(widget)) {
+        layout.Scroll().Reveal({widget->mapTo(contentView, QPoint()), widget->size()});
+    }
     focus.Arrived(widget);
 }
 
@@ -247,6 +261,15 @@ void QzWindow::ContentPainted() {
         delegate->WindowDidShow();
     }
     RememberFrame(*this);
+    if (layout.IsTooLarge() && !isMaximized() && !isMinimized()) {
+        // Its frame was not known when it was made. Not within the painting, which this is.
+        QMetaObject::invokeMethod(this, &QzWindow::FitOntoScreen, Qt::QueuedConnection);
+    }
+}
+
+void QzWindow::FitOntoScreen() {
+    layout.SetContentSize(layout.ContentSize());
+    MoveFrameOntoScreen(*this);
 }
 
 void QzWindow::resizeEvent(QResizeEvent*) {
@@ -260,6 +283,16 @@ void QzWindow::moveEvent(QMoveEvent*) {
     if (delegate != nullptr) {
         delegate->WindowFrameDidChange();
     }
+}
+
+void QzWindow::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+    layout.Scroll().TakeWheel(*event);
+}
+
+void QzWindow::keyPressEvent(QKeyEvent* event) {
+    event->ignore();
+    layout.Scroll().TakeKey(*event);
 }
 
 void QzWindow::closeEvent(QCloseEvent* event) {

@@ -49,6 +49,9 @@ class QzWindow final : public QWidget {
     void EnsureFramed();
 
     QSize ContentSize() const { return layout.ContentSize(); }
+    // Gives the content a size; a window that was on the screen as a whole stays so until it is
+    // shown first.
+    void SetContentSize(QSize size);
     // Moves the frame.
     void SetCorner(QPoint corner);
 
@@ -86,13 +89,16 @@ class QzWindow final : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
     bool focusNextPrevChild(bool next) override { return focus.Advance(next); }
+    void keyPressEvent(QKeyEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
   private:
     void Present();
     void AttachToParent();
     bool IsAwaited() const;
+    void FitOntoScreen();
     void RemoveOverlay();
     void BecameActive();
     void ResignKey();

@@ -281,7 +281,7 @@ void WindowSetBounds(WindowNumber number, std::int64_t x, std::int64_t y, std::i
         window->SetCorner(newCorner);
     }
     if (resizes) {
-        window->Layout().SetContentSize({ToSide(newWidth), ToSide(newHeight)});
+        window->SetContentSize({ToSide(newWidth), ToSide(newHeight)});
     }
     if (WindowDelegate* const delegate = window->Delegate()) {
         delegate->WindowDidTakeBounds();

@@ -37,6 +37,12 @@ void CentreFrame(QWidget& window, const QRect& over) {
                             over.top() + (over.height() - frame.height()) / 2});
 }
 
+// As near to its place as it can be inside the room; its upper left corner counts most.
+QPoint CornerInside(const QRect& frame, const QRect& room) {
+    return {std::max(std::min(frame.left(), room.right() + 1 - frame.width()), room.left()),
+            std::max(std::min(frame.top(), room.bottom() + 1 - frame.height()), room.top())};
+}
+
 }  // namespace
 
 Qt::WindowFlags ToolkitFlags(std::uint32_t flags, bool hasParent) {
@@ -100,6 +106,10 @@ QPoint InnerCornerOf(const QWidget& window) {
     return FrameOf(window).topLeft() + QPoint(margins.left(), margins.top());
 }
 
+QSize RoomFor(const QWidget& window) {
+    return window.screen()->availableGeometry().size().shrunkBy(MarginsOf(window));
+}
+
 void SetFrameCorner(QWidget& window, QPoint corner) {
     if (window.windowHandle() == nullptr) {
         window.move(corner);
@@ -115,6 +125,14 @@ void CentreFrameOnScreen(QWidget& window) {
 
 void CentreFrameOver(QWidget& window, const QWidget& owner) {
     CentreFrame(window, FrameOf(owner));
+}
+
+bool IsFrameOnScreen(const QWidget& window) {
+    return window.screen()->availableGeometry().contains(FrameOf(window));
+}
+
+void MoveFrameOntoScreen(QWidget& window) {
+    SetFrameCorner(window, CornerInside(FrameOf(window), window.screen()->availableGeometry()));
 }
 
 }  // namespace rotavel

@@ -37,11 +37,18 @@ void RememberNoFrame();
 // The outer frame of a window and the corner of what it frames.
 QRect FrameOf(const QWidget& window);
 QPoint InnerCornerOf(const QWidget& window);
+// The largest size a window can have with its frame on the screen.
+QSize RoomFor(const QWidget& window);
+
 // Moves a window so that its frame begins at `corner`.
 void SetFrameCorner(QWidget& window, QPoint corner);
 
 // Centre the frame of a window.
 void CentreFrameOnScreen(QWidget& window);
 void CentreFrameOver(QWidget& window, const QWidget& owner);
+
+// Whether the whole frame of a window is on its screen; moves it there as far as it fits.
+bool IsFrameOnScreen(const QWidget& window);
+void MoveFrameOntoScreen(QWidget& window);
 
 }  // namespace rotavel

@@ -4,12 +4,23 @@
 
 #include <QMenuBar>
 
+#include "gui/windows/window_frame.h"
+
 namespace rotavel {
+
+namespace {
+
+bool IsWithin(QSize size, QSize room) {
+    return size.width() <= room.width() && size.height() <= room.height();
+}
+
+}  // namespace
 
 WindowLayout::WindowLayout(QWidget& laidOutWindow, QWidget& view, bool canBeResized)
     : window(laidOutWindow),
       contentView(view),
       resizable(canBeResized),
+      scroll(laidOutWindow, [this] { Apply(); }),
       contentMinimum(0, 0),
       contentMaximum(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) {}
 
@@ -31,6 +42,7 @@ void WindowLayout::SetMenuBar(QMenuBar* bar) {
 
 void WindowLayout::Enable(bool enables) {
     isEnabled = enables;
+    scroll.Enable(enables);
     if (menuBar != nullptr) {
         menuBar->setEnabled(enables);
     }
@@ -43,12 +55,13 @@ void WindowLayout::AddFooter(QWidget* footer) {
 
 void WindowLayout::SetContentSize(QSize size) {
     content = size;
-    const QSize whole(size.width(), size.height() + MenuBarHeight(size.width()));
+    askedContent = size;
+    askedWindow = WindowSizeFor(size);
     if (resizable) {
         SetContentLimits(contentMinimum, contentMaximum);
-        window.resize(whole);
+        window.resize(askedWindow);
     } else {
-        window.setFixedSize(whole);
+        window.setFixedSize(askedWindow);
     }
     Apply();
 }
@@ -58,10 +71,15 @@ void WindowLayout::SetContentLimits(QSize minimum, QSize maximum) {
     contentMaximum = maximum;
     if (resizable) {
         const int barHeight = MenuBarHeight(window.width());
-        window.setMinimumSize(minimum.width(), minimum.height() + barHeight);
+        const QSize least(minimum.width(), minimum.height() + barHeight);
+        window.setMinimumSize(least.boundedTo(RoomFor(window)));
         window.setMaximumSize(maximum.width(),
                               std::min(maximum.height() + barHeight, QWIDGETSIZE_MAX));
     }
+}
+
+bool WindowLayout::IsTooLarge() const {
+    return !IsWithin(window.size(), RoomFor(window));
 }
 
 void WindowLayout::Apply() {
@@ -71,20 +89,46 @@ void WindowLayout::Apply() {
     }
     const QSize below(window.width(), std::max(window.height() - top, 0));
     if (resizable) {
-        content = below;
+        content = window.size() == askedWindow ? askedContent : below.expandedTo(contentMinimum);
     }
-    contentView.setGeometry(0, top, below.width(), below.height());
     std::erase(footers, nullptr);
+    const QSize footer(0, FooterHeight());
+    scroll.Place({QPoint(0, top), below - footer}, content - footer);
+    const QPoint offset = scroll.Offset();
+    // Reaches as far as the window does, whatever is scrolled.
+    contentView.setGeometry(-offset.x(), top - offset.y(),
+                            std::max(content.width(), offset.x() + below.width()),
+                            std::max(content.height(), offset.y() + below.height()));
     for (const QPointer<QWidget>& each : footers) {
         const int height = each->minimumHeight();
-        // Runs out of the window if it is wider.
-        const int width = std::max(below.width(), each->sizeHint().width());
-        each->setGeometry(0, below.height() - height, width, height);
+        // Runs out of the window if it is wider, unless that cannot show all of its content anyway.
+        const int width =
+            IsScrolled() ? below.width() : std::max(below.width(), each->sizeHint().width());
+        each->setGeometry(offset.x(), offset.y() + below.height() - height, width, height);
     }
 }
 
 int WindowLayout::MenuBarHeight(int width) const {
     return menuBar == nullptr ? 0 : menuBar->heightForWidth(width);
+}
+
+int WindowLayout::FooterHeight() const {
+    int height = 0;
+    for (const QPointer<QWidget>& each : footers) {
+        height = std::max(height, each == nullptr ? 0 : each->minimumHeight());
+    }
+    return height;
+}
+
+QSize WindowLayout::WindowSizeFor(QSize size) const {
+    const QSize menu(0, MenuBarHeight(size.width()));
+    const QSize footer(0, FooterHeight());
+    const QSize room = RoomFor(window);
+    if (IsWithin(size + menu, room)) {
+        return size + menu;
+    }
+    const QSize bars = ContentScroll::BarsFor(size - footer, room - menu - footer);
+    return (size + menu + bars).boundedTo(room);
 }
 
 }  // namespace rotavel

@@ -1,11 +1,15 @@
 #include "gui/window.h"
 
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
+#include <QTest>
+#include <QWheelEvent>
 #include <QWindow>
 
 #include "gui/application.h"
+#include "gui/canvas_gadget.h"
 #include "gui/event_loop.h"
 #include "gui/gadget.h"
 #include "gui/menu.h"
@@ -195,6 +199,73 @@ TEST_F(WindowTest, ShowsItselfAsItsFlagsSay) {
     BringToFront();
     ForgetEvents();
     EXPECT_EQ(KeyWindowNumber(), 2);
+}
+
+TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
+    constexpr std::int64_t canvas = 63;
+    const QRect room = Room();
+    WindowCreate(0, 0, 0, 50, 50);
+    ForgetEvents();  // from here on the size of a frame is known
+    const int tall = room.height() - int(WindowGetHeight(0, OuterFrame)) + 50;
+    WindowCreate(1, 10, 10, 300, tall - 20, u"", WindowScreenCentred);
+    CanvasGadgetCreate(canvas, 10, 10, 280, 2014);
+    StatusBarCreate(7, WindowNativeHandle(1));
+    StatusBarAddField(100);
+    StatusBarAddField(500);
+    WindowSetBounds(1, IgnoreValue, IgnoreValue, IgnoreValue, tall);
+    EXPECT_EQ(WindowGetWidth(1, OuterFrame), 300 + WindowGetWidth(0, OuterFrame) - 50);
+    EXPECT_EQ(Frame(1).top(), room.top()) << "grown where it was, it would reach below the screen";
+    EXPECT_FALSE(Native(1)->Layout().IsScrolled());
+
+    WindowSetBounds(1, IgnoreValue, IgnoreValue, IgnoreValue, 2024 + 24);
+    ForgetEvents();
+    EXPECT_EQ(Content(1), Pair(300, 2048));
+    EXPECT_EQ(Frame(1).top(), room.top());
+    EXPECT_EQ(Frame(1).height(), room.height());
+    const int barWidth = Native(1)->width() - 300;
+    EXPECT_GT(barWidth, 5) << "nothing is to be scrolled across";
+    const auto pointedRow = [](int y) {
+        QTest::mouseMove(Native(1)->windowHandle(), {100, y - 1});
+        QTest::mouseMove(Native(1)->windowHandle(), {100, y});
+        ForgetEvents();
+        return GetGadgetAttribute(canvas, CanvasMouseY);
+    };
+    const auto turnWheel = [](int by) {
+        QWindow& native = *Native(1)->windowHandle();
+        QWheelEvent wheel(QPointF(100, 200), native.mapToGlobal(QPointF(100, 200)), {}, {0, by}, {},
+                          {}, Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&wheel);
+        QCoreApplication::instance()->notify(&native, &wheel);
+        ForgetEvents();
+        return GetGadgetAttribute(canvas, CanvasMouseY);
+    };
+    EXPECT_EQ(pointedRow(200), 190);
+    const std::int64_t scrolled = turnWheel(-120);
+    EXPECT_GT(scrolled, 190) << "where the pointer is, though it did not move";
+    EXPECT_EQ(pointedRow(210), scrolled + 10);
+    EXPECT_EQ(Pair(GadgetX(canvas, InWindow), GadgetY(canvas, InWindow)), Pair(10, 10));
+    EXPECT_EQ(GadgetY(canvas, OnScreen), WindowGetY(1, InnerContent) + 10 + 190 - scrolled);
+    const QWidget& footer = *Native(1)->ContentView()->findChild<QLabel*>()->parentWidget();
+    EXPECT_EQ(footer.mapTo(Native(1), QPoint(0, 24)), QPoint(0, Native(1)->height()));
+    EXPECT_EQ(footer.findChildren<QLabel*>()[1]->width(), Native(1)->width() - 100)
+        << "its text is to be seen";
+    WindowDisable(1, true);
+    EXPECT_EQ(turnWheel(-120), scrolled + 10);
+    WindowDisable(1, false);
+    Press(Qt::Key_Home);
+    EXPECT_EQ(pointedRow(200), 190);
+    // The pointer near the edge brings the end into view, and no more than that.
+    const int lowest = Native(1)->height() - 24 - 5;
+    pointedRow(lowest);
+    const QDeadlineTimer patience(5000);
+    while (GetGadgetAttribute(canvas, CanvasMouseY) != 2024 - 10 - 5 && !patience.hasExpired()) {
+        WaitForEvent(50);
+    }
+    EXPECT_EQ(GetGadgetAttribute(canvas, CanvasMouseY), 2024 - 10 - 5);
+    WindowSetBounds(1, IgnoreValue, IgnoreValue, IgnoreValue, 100);
+    ForgetEvents();
+    EXPECT_EQ(Native(1)->size(), QSize(300, 100)) << "all as if it had never been larger";
+    EXPECT_EQ(Native(1)->ContentView()->geometry(), QRect(0, 0, 300, 100));
 }
 
 TEST_F(WindowTest, TimersEndWithItAndFiltersSeeEventsFirst) {
