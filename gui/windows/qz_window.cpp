@@ -19,6 +19,7 @@ namespace {
 // How long a window manager may take to frame a window before its frame is taken as it is.
 constexpr int FramingPatienceMs = 1000;
 
+constexpr std::uint32_t ClosableFlags = WindowCloseBox | WindowMaximizeBox | WindowMinimizeBox;
 constexpr std::uint32_t ResizableFlags = WindowResizable | WindowMaximizeBox | WindowStartZoomed;
 constexpr std::uint32_t CentringFlags = WindowScreenCentred | WindowOwnerCentred;
 
@@ -29,6 +30,7 @@ QPointer<QzWindow> lastKeyWindow;  // also while another program has the keyboar
 
 QzWindow::QzWindow(std::uint32_t creationFlags, QzWindow* parent, QSize contentSize)
     : borderless((creationFlags & WindowBorderless) != 0),
+      closable(!borderless && (creationFlags & ClosableFlags) != 0),
       resizable(!borderless && (creationFlags & ResizableFlags) != 0),
       flags(creationFlags),
       parentWindow(parent),
@@ -146,7 +148,11 @@ void QzWindow::Present() {
     }
     winId();  // makes the native window
     AttachToParent();
-    setAttribute(Qt::WA_ShowWithoutActivating, (flags & WindowNotActivated) != 0);
+    // The toolkit goes by the attribute only when it makes the native window, later by the
+    // property.
+    const bool activates = (flags & WindowNotActivated) == 0;
+    setAttribute(Qt::WA_ShowWithoutActivating, !activates);
+    windowHandle()->setProperty("_q_showWithoutActivating", !activates);
     Deminiaturize();
     framePatience.setRemainingTime(FramingPatienceMs);
     if ((flags & WindowStartMiniaturized) != 0) {
@@ -200,11 +206,9 @@ bool QzWindow::IsAwaited() const {
 }
 
 void QzWindow::MakeKeyAndOrderFront() {
-    if (chosenKeyWindow == this && isActiveWindow()) {
-        return;
-    }
     raise();
-    if (!CanBecomeKeyWindow() || (windowFlags() & Qt::WindowDoesNotAcceptFocus) != 0) {
+    if ((chosenKeyWindow == this && isActiveWindow()) || !CanBecomeKeyWindow() ||
+        (windowFlags() & Qt::WindowDoesNotAcceptFocus) != 0) {
         return;
     }
     chosenKeyWindow = this;
@@ -296,7 +300,9 @@ void QzWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void QzWindow::closeEvent(QCloseEvent* event) {
-    event->setAccepted(delegate != nullptr && !IsDisabled() && delegate->WindowShouldClose());
+    // The window manager's keys reach a window without a close box as well.
+    event->setAccepted(closable && delegate != nullptr && !IsDisabled() &&
+                       delegate->WindowShouldClose());
 }
 
 void QzWindow::changeEvent(QEvent* event) {

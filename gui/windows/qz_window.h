@@ -104,6 +104,7 @@ class QzWindow final : public QWidget {
     void ResignKey();
 
     const bool borderless;
+    const bool closable;
     const bool resizable;
     std::uint32_t flags;  // what the next presentation goes by
     QPointer<QzWindow> parentWindow;

@@ -50,7 +50,8 @@ void WindowFocus::Make(QWidget* responder) {
         Pass(nullptr);
         return;
     }
-    if (!responder->isEnabled() || !responder->isVisibleTo(&window)) {
+    if ((window.windowFlags() & Qt::WindowDoesNotAcceptFocus) != 0 || !responder->isEnabled() ||
+        !responder->isVisibleTo(&window)) {
         return;
     }
     responder->setFocus(Qt::OtherFocusReason);

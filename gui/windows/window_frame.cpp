@@ -52,8 +52,9 @@ Qt::WindowFlags ToolkitFlags(std::uint32_t flags, bool hasParent) {
         return hasParent ? Qt::ToolTip | Qt::WindowDoesNotAcceptFocus
                          : Qt::Window | Qt::FramelessWindowHint;
     }
-    Qt::WindowFlags native =
-        Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
+    // The toolkit tells the window manager of a window's parent for dialogs only.
+    Qt::WindowFlags native = (hasParent ? Qt::Dialog : Qt::Window) | Qt::CustomizeWindowHint |
+                             Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
     native.setFlag(Qt::WindowCloseButtonHint,
                    (flags & (WindowCloseBox | WindowMaximizeBox | WindowMinimizeBox)) != 0);
     native.setFlag(Qt::WindowMinimizeButtonHint,

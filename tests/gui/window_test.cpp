@@ -1,5 +1,6 @@
 #include "gui/window.h"
 
+#include <QApplication>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QLabel>
@@ -49,6 +50,12 @@ QRect Room() {
 
 bool IsCentred(std::int64_t window, const QRect& over) {
     return (Frame(window).center() - over.center()).manhattanLength() <= 2;
+}
+
+// The window that is to be seen at a place of another one's content.
+std::int64_t TopmostAt(std::int64_t window, QPoint place) {
+    return WindowNumberOf(
+        QApplication::topLevelAt(Native(window)->ContentView()->mapToGlobal(place)));
 }
 
 TEST_F(WindowTest, HasTheNumberPlaceAndSizeItWasGiven) {
@@ -187,9 +194,7 @@ TEST_F(WindowTest, ShowsItselfAsItsFlagsSay) {
     WindowCreate(2, 0, 0, 100, 50, u"", WindowOwnerCentred, WindowNativeHandle(0));
     WindowCreate(3, 70, 80, 100, 50, u"", WindowBorderless | WindowNotActivated);
     ForgetEvents();
-    // The offscreen platform activates every window.
-    const bool isReal = QGuiApplication::platformName() != "offscreen";
-    EXPECT_EQ(KeyWindowNumber(), isReal ? 2 : 3);
+    EXPECT_EQ(KeyWindowNumber(), 2);
     EXPECT_TRUE(Native(1)->isVisible());
     EXPECT_TRUE(IsCentred(2, Frame(0)));
     EXPECT_EQ(WindowGetWidth(3, OuterFrame), 100);
@@ -199,6 +204,60 @@ TEST_F(WindowTest, ShowsItselfAsItsFlagsSay) {
     BringToFront();
     ForgetEvents();
     EXPECT_EQ(KeyWindowNumber(), 2);
+}
+
+TEST_F(WindowTest, StacksAndActivates) {
+    if (QGuiApplication::platformName() == "offscreen") {
+        GTEST_SKIP() << "there is no stack, and what is shown is active";
+    }
+    WindowCreate(0, 100, 100, 300, 200);
+    ForgetEvents();
+    // Never gets the keyboard by being shown: new, hidden before, or with a parent.
+    for (NativeWindow* const parent :
+         {static_cast<NativeWindow*>(nullptr), WindowNativeHandle(0)}) {
+        WindowCreate(1, 120, 120, 100, 50, u"", WindowCloseBox | WindowNotActivated, parent);
+        ForgetEvents();
+        EXPECT_EQ(KeyWindowNumber(), 0);
+        WindowShow(1, Hidden);
+        ForgetEvents();
+        WindowShow(1, Shown, WindowNotActivated);
+        ForgetEvents();
+        EXPECT_EQ(KeyWindowNumber(), 0);
+        EXPECT_TRUE(Native(1)->isVisible());
+    }
+    WindowShow(1, Hidden);
+    WindowShow(1, Shown);
+    ForgetEvents();
+    EXPECT_EQ(KeyWindowNumber(), 1);
+    WindowActivate(0);
+    ForgetEvents();
+    EXPECT_EQ(KeyWindowNumber(), 0);
+    EXPECT_EQ(TopmostAt(1, {50, 25}), 1) << "above its parent";
+    WindowCreate(2, 90, 90, 400, 300, u"", WindowNotActivated);
+    ForgetEvents();
+    WindowShow(2, Shown, WindowNotActivated);
+    ForgetEvents();
+    EXPECT_EQ(TopmostAt(0, {250, 150}), 2);
+    WindowActivate(0);
+    ForgetEvents();
+    EXPECT_EQ(TopmostAt(0, {250, 150}), 0) << "though it had the keyboard already";
+}
+
+TEST_F(WindowTest, OnlyACloseBoxAsksToClose) {
+    for (const std::uint32_t flags : {WindowResizable, WindowBorderless,
+                                      WindowBorderless | WindowCloseBox, WindowMinimizeBox}) {
+        const bool closes = flags == WindowMinimizeBox;
+        WindowCreate(1, 100, 100, 100, 50, u"", flags);
+        ForgetEvents();
+        AskToClose(1);
+        EXPECT_EQ(Taken(), closes ? "Close 1" : "") << flags;
+        WindowDisable(1, true);
+        AskToClose(1);
+        EXPECT_EQ(Taken(), "");
+        WindowDisable(1, false);
+        AskToClose(1);
+        EXPECT_EQ(Taken(), closes ? "Close 1" : "") << flags;
+    }
 }
 
 TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
