@@ -60,6 +60,15 @@ QzWindow* QzWindow::LastKeyWindow() {
     return lastKeyWindow;
 }
 
+QSize QzWindow::ZoomedContentSize() {
+    const bool startsZoomed = showPending && (flags & WindowStartZoomed) != 0;
+    const QPointer<QzWindow> self = this;
+    if (startsZoomed || (isMaximized() && !stands)) {
+        EnsureFramed();
+    }
+    return self == nullptr ? QSize() : ContentSize();
+}
+
 void QzWindow::SetContentSize(QSize size) {
     const bool staysOnScreen = !isVisible() && !IsPopup() && IsFrameOnScreen(*this);
     layout.SetContentSize(size);
@@ -70,6 +79,12 @@ void QzWindow::SetContentSize(QSize size) {
 
 void QzWindow::SetCorner(QPoint corner) {
     SetFrameCorner(*this, corner);
+}
+
+void QzWindow::LeaveZoom(QPoint corner) {
+    const QSize zoomed = size();
+    setWindowState(windowState() & ~Qt::WindowMaximized);
+    SetUnzoomedBounds(*this, corner, zoomed);
 }
 
 void QzWindow::TakePlace() {

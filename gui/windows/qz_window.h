@@ -49,11 +49,15 @@ class QzWindow final : public QWidget {
     void EnsureFramed();
 
     QSize ContentSize() const { return layout.ContentSize(); }
+    // Also waits until a window that starts zoomed is.
+    QSize ZoomedContentSize();
     // Gives the content a size; a window that was on the screen as a whole stays so until it is
     // shown first.
     void SetContentSize(QSize size);
     // Moves the frame.
     void SetCorner(QPoint corner);
+    // Ends a zoom with the frame at `corner` and the size as it is.
+    void LeaveZoom(QPoint corner);
 
     // Centres the window if its flags ask for that. Where it is then, it is to be shown.
     void TakePlace();

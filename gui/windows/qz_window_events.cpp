@@ -86,15 +86,28 @@ void QzWindowEvents::WindowFrameDidChange() {
     }
 }
 
-void QzWindowEvents::WindowDidZoom(bool) {
+void QzWindowEvents::WindowDidZoom(bool wasZoomed) {
     if (!WindowInstance->IsResizable()) {
         return;
     }
-    WindowFrameDidChange();
+    const QPointer<QzWindowEvents> self = this;
+    if (wasZoomed != told.IsZoomed) {
+        // The zoom before this one is not told yet, and the size it led to is gone or never came.
+        told.IsZoomed = wasZoomed;
+        told.Content = {};
+        WindowShouldZoom(wasZoomed);
+        WindowDidResize();
+    }
+    if (self != nullptr) {
+        WindowFrameDidChange();
+    }
 }
 
 void QzWindowEvents::WindowDidTakeBounds() {
     const QPointer<QzWindowEvents> self = this;
+    const Geometry given = CurrentGeometry();
+    told.IsZoomed = given.IsZoomed;
+    told.Inset = given.Inset;
     Report();
     // The window manager answers request by request, and each answer first takes the window back
     // to bounds that the program has left already.
@@ -131,8 +144,10 @@ void QzWindowEvents::Report() {
     const bool moves = current.Corner != before.Corner && current.Inset == before.Inset && !zooms;
     const QPointer<QzWindowEvents> self = this;
     if (zooms) {
-        WindowShouldZoom(current.Content.width() > before.Content.width() ||
-                         current.Content.height() > before.Content.height());
+        WindowShouldZoom(before.Content.isValid()
+                             ? current.Content.width() > before.Content.width() ||
+                                   current.Content.height() > before.Content.height()
+                             : current.IsZoomed);
     }
     if (resizes) {
         WindowDidResize();

@@ -105,7 +105,7 @@ QSize SizeOf(WindowNumber number, int mode) {
         return window == nullptr ? QSize() : FrameOf(*window).size();
     }
     QzWindow* const window = FindWindow(number);
-    return window == nullptr ? QSize() : window->ContentSize();
+    return window == nullptr ? QSize() : window->ZoomedContentSize();
 }
 
 }  // namespace
@@ -277,7 +277,9 @@ void WindowSetBounds(WindowNumber number, std::int64_t x, std::int64_t y, std::i
     const QPoint corner = FrameOf(*window).topLeft();
     const QPoint newCorner(x == IgnoreValue ? corner.x() : ToCoordinate(x),
                            y == IgnoreValue ? corner.y() : ToCoordinate(y));
-    if (x != IgnoreValue || y != IgnoreValue) {
+    if (window->isMaximized() && (resizes || newCorner != corner)) {
+        window->LeaveZoom(newCorner);
+    } else if (x != IgnoreValue || y != IgnoreValue) {
         window->SetCorner(newCorner);
     }
     if (resizes) {

@@ -120,6 +120,16 @@ void SetFrameCorner(QWidget& window, QPoint corner) {
     window.setGeometry({corner + QPoint(margins.left(), margins.top()), window.size()});
 }
 
+void SetUnzoomedBounds(QWidget& window, QPoint corner, QSize size) {
+    const QMargins margins = lastFrame.value_or(MarginsOf(window));
+    const QRect inner(corner + QPoint(margins.left(), margins.top()), size);
+    window.setGeometry(inner);
+    // A mere move the toolkit would combine with the size that the window had before the zoom.
+    if (window.windowHandle() != nullptr) {
+        window.windowHandle()->setGeometry(inner);
+    }
+}
+
 void CentreFrameOnScreen(QWidget& window) {
     CentreFrame(window, window.screen()->availableGeometry());
 }

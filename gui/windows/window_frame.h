@@ -43,6 +43,9 @@ QSize RoomFor(const QWidget& window);
 // Moves a window so that its frame begins at `corner`.
 void SetFrameCorner(QWidget& window, QPoint corner);
 
+// The same for a window that is on its way out of a zoom: its frame is still that of a zoomed one.
+void SetUnzoomedBounds(QWidget& window, QPoint corner, QSize size);
+
 // Centre the frame of a window.
 void CentreFrameOnScreen(QWidget& window);
 void CentreFrameOver(QWidget& window, const QWidget& owner);

@@ -101,8 +101,25 @@ TEST_F(WindowTest, ReportsZooms) {
     // A zoom may come as a new state first and a new size later.
     Native(1)->showMaximized();
     EXPECT_EQ(TakenOfWindows().find("Maximized 1, Resized 1"), 0U);
+    const Pair zoomed = Content(1);
     Native(1)->showNormal();
     EXPECT_EQ(TakenOfWindows().find("Restored 1, Resized 1"), 0U);
+    Native(1)->showMaximized();
+    Native(1)->showNormal();
+    EXPECT_EQ(TakenOfWindows().find("Maximized 1, Resized 1, Restored 1, Resized 1"), 0U);
+    EXPECT_EQ(Content(1), Pair(200, 100));
+
+    Native(1)->showMaximized();
+    ForgetEvents();
+    WindowSetBounds(1, 60, 70, IgnoreValue, IgnoreValue);
+    EXPECT_EQ(TakenOfWindows(), "Moved 1") << "the program ends the zoom";
+    EXPECT_EQ(Corner(1), Pair(60, 70));
+    EXPECT_EQ(Content(1), zoomed);
+    EXPECT_FALSE(Native(1)->isMaximized());
+
+    WindowCreate(2, 50, 50, 200, 100, u"", WindowStartZoomed);
+    EXPECT_EQ(Content(2), zoomed) << "at the first question";
+    EXPECT_EQ(TakenOfWindows().find("ized 2"), std::string::npos);
 }
 
 TEST_F(WindowTest, OnlyTheProgramClosesItWithAllThatBelongsToIt) {
