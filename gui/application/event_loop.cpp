@@ -6,7 +6,6 @@
 #include "gui/events/event_posting.h"
 #include "gui/toolkit/native_events.h"
 #include "gui/toolkit/retired_objects.h"
-#include "gui/windows/window_list.h"
 
 namespace rotavel {
 
@@ -20,7 +19,6 @@ std::int64_t WaitForEvent(std::int64_t timeoutMs) {
     const QDeadlineTimer deadline =
         timeoutMs < 0 ? QDeadlineTimer(QDeadlineTimer::Forever) : QDeadlineTimer(timeoutMs);
     for (;;) {
-        PresentPendingWindows();  // also those that a timer has opened
         const bool delivered = ProcessNativeEvents(deadline);
         if (const std::uint32_t kind = TakeEvent()) {
             return kind;

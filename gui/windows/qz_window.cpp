@@ -132,6 +132,9 @@ void QzWindow::Show(std::uint32_t showFlags) {
     if (activates && CanBecomeKeyWindow()) {
         chosenKeyWindow = this;
     }
+    // Shown at once it would be seen hollow until its gadgets are there, and jump as it is given
+    // a menu bar.
+    QMetaObject::invokeMethod(this, &QzWindow::PresentIfPending, Qt::QueuedConnection);
 }
 
 void QzWindow::PresentIfPending() {

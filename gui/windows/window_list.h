@@ -9,7 +9,7 @@ class QzWindow;
 void EnterWindow(QzWindow* window);
 void LeaveWindow(QzWindow* window);
 
-// Puts the windows on the screen whose showing was put off until they are complete.
+// Puts the windows on the screen that the next wait would show.
 void PresentPendingWindows();
 
 // Raises every window and gives the keyboard back to the one that had it.

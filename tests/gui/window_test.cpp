@@ -14,6 +14,8 @@
 #include "gui/event_loop.h"
 #include "gui/gadget.h"
 #include "gui/menu.h"
+#include "gui/menus/message_box.h"
+#include "gui/requester.h"
 #include "gui/status_bar.h"
 #include "gui/string_gadget.h"
 #include "gui/windows/qz_views.h"
@@ -373,6 +375,24 @@ TEST_F(WindowTest, TimersEndWithItAndFiltersSeeEventsFirst) {
     ticks = 0;
     WaitForEvent(20);
     EXPECT_EQ(ticks, 0);
+}
+
+TEST_F(WindowTest, AppearsWhileARequesterWaits) {
+    WindowCreate(0, 0, 0, 100, 100);
+    ForgetEvents();
+    int ticks = 0;
+    WindowAddTimer(
+        0, 5,
+        [](void* count) {
+            if (!WindowExists(1)) {
+                WindowCreate(1, 0, 0, 50, 50);
+            } else if (Native(1)->isVisible() || ++*static_cast<int*>(count) > 100) {
+                DismissMessageBoxes();
+            }
+        },
+        &ticks);
+    MessageRequester(u"", u"");
+    EXPECT_TRUE(Native(1)->isVisible());
 }
 
 TEST_F(WindowTest, StatusBarLaysOutItsFields) {
