@@ -78,6 +78,10 @@ void QzWindow::SetContentSize(QSize size) {
 }
 
 void QzWindow::SetCorner(QPoint corner) {
+    if (IsPopup() && parentWindow != nullptr) {
+        popupCorner = corner;
+        corner = CornerForPopup(*this, *parentWindow, popupCorner);
+    }
     SetFrameCorner(*this, corner);
 }
 
@@ -93,6 +97,8 @@ void QzWindow::TakePlace() {
     } else if ((flags & WindowOwnerCentred) != 0 && placementOwner != nullptr &&
                placementOwner != this) {
         CentreFrameOver(*this, *placementOwner);
+    } else if (IsPopup()) {
+        SetCorner(popupCorner);
     }
     if (layout.IsScrolled()) {
         MoveFrameOntoScreen(*this);
@@ -122,7 +128,9 @@ void QzWindow::Show(std::uint32_t showFlags) {
         Deminiaturize();
         if (activates) {
             MakeKeyAndOrderFront();
-        } else if (!IsPopup()) {
+        } else if (IsPopup()) {
+            SetCorner(popupCorner);  // the pointer may have come to where it stands
+        } else {
             raise();
         }
         return;

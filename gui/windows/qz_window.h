@@ -54,7 +54,7 @@ class QzWindow final : public QWidget {
     // Gives the content a size; a window that was on the screen as a whole stays so until it is
     // shown first.
     void SetContentSize(QSize size);
-    // Moves the frame.
+    // Moves the frame; a popup without room there stands where there is some.
     void SetCorner(QPoint corner);
     // Ends a zoom with the frame at `corner` and the size as it is.
     void LeaveZoom(QPoint corner);
@@ -119,6 +119,7 @@ class QzWindow final : public QWidget {
     WindowFocus focus;
     QzDisabledView* overlay = nullptr;
 
+    QPoint popupCorner;  // where the program wants a popup
     bool showPending = false;
     bool stands = false;
     QDeadlineTimer framePatience;

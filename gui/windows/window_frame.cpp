@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -13,6 +14,9 @@
 namespace rotavel {
 
 namespace {
+
+// From the pointer to a popup that has to keep clear of it, in pixels.
+constexpr int PointerDistance = 24;
 
 // Of the window framed last.
 std::optional<QMargins> lastFrame;
@@ -144,6 +148,34 @@ bool IsFrameOnScreen(const QWidget& window) {
 
 void MoveFrameOntoScreen(QWidget& window) {
     SetFrameCorner(window, CornerInside(FrameOf(window), window.screen()->availableGeometry()));
+}
+
+QPoint CornerForPopup(const QWidget& popup, const QWidget& owner, QPoint corner) {
+    const QRect asked(corner, popup.size());
+    const auto screens = QGuiApplication::screens();
+    if (IsCompositorInCharge() ||
+        std::any_of(screens.begin(), screens.end(), [&asked](const QScreen* screen) {
+            return screen->availableGeometry().contains(asked);
+        })) {
+        return corner;
+    }
+    const QRect room = owner.screen()->availableGeometry();
+    const QRect beside = FrameOf(owner);
+    const QPoint near = CornerInside(asked, room);
+    const QPoint pointer = QCursor::pos();
+    const QRect pointed =
+        QRect(pointer, pointer)
+            .adjusted(-PointerDistance, -PointerDistance, PointerDistance, PointerDistance);
+    const QPoint corners[] = {near,
+                              {beside.left() - asked.width(), near.y()},
+                              {near.x(), beside.bottom() + 1 - asked.height()},
+                              {near.x(), room.bottom() + 1 - asked.height()},
+                              {room.left(), near.y()}};
+    const auto found = std::find_if(std::begin(corners), std::end(corners), [&](QPoint each) {
+        const QRect place(each, asked.size());
+        return room.contains(place) && !place.intersects(pointed);
+    });
+    return found == std::end(corners) ? near : *found;
 }
 
 }  // namespace rotavel

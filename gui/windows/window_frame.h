@@ -54,4 +54,8 @@ void CentreFrameOver(QWidget& window, const QWidget& owner);
 bool IsFrameOnScreen(const QWidget& window);
 void MoveFrameOntoScreen(QWidget& window);
 
+// Where a popup of the owner's that is to be at `corner` stands: there if it then is on a screen as
+// a whole, else on the owner's screen where it does not lie under the pointer.
+QPoint CornerForPopup(const QWidget& popup, const QWidget& owner, QPoint corner);
+
 }  // namespace rotavel

@@ -1,6 +1,7 @@
 #include "gui/window.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QLabel>
@@ -277,6 +278,37 @@ TEST_F(WindowTest, OnlyACloseBoxAsksToClose) {
         AskToClose(1);
         EXPECT_EQ(Taken(), closes ? "Close 1" : "") << flags;
     }
+}
+
+TEST_F(WindowTest, PopupKeepsItsPlaceWhereThereIsRoom) {
+    WindowCreate(0, 100, 100, 200, 100);
+    WindowCreate(2, 0, 0, 100, 80, u"", WindowBorderless, WindowNativeHandle(0));
+    StringGadgetCreate(1, 0, 0, 50, 20);
+    ForgetEvents();
+    ActivateGadget(1);
+    EXPECT_EQ(Taken(), "") << "no key can reach it";
+    WindowSetBounds(2, WindowGetX(0) + WindowGetWidth(0, OuterFrame), WindowGetY(0), IgnoreValue,
+                    IgnoreValue);
+    ForgetEvents();
+    const QPoint corner = Native(0)->windowHandle()->frameGeometry().topRight() + QPoint(1, 0);
+    EXPECT_EQ(Native(2)->windowHandle()->position(), corner);
+
+    const QRect room = Room();
+    WindowSetBounds(2, room.right() - 60, room.top() - 30, IgnoreValue, IgnoreValue);
+    const QRect inCorner(room.right() - 99, room.top(), 100, 80);
+    EXPECT_EQ(Frame(2), inCorner);
+    WindowShow(2, Hidden);
+    QCursor::setPos(inCorner.center());
+    for (int turn = 0; turn < 2; ++turn) {
+        WindowShow(2, Shown);
+        ForgetEvents();
+        EXPECT_TRUE(room.contains(Frame(2)));
+        EXPECT_FALSE(Frame(2).contains(QCursor::pos()));
+        QCursor::setPos(Frame(2).center());  // it gives way when it is shown again
+    }
+    QCursor::setPos(room.topLeft());
+    WindowShow(2, Shown);
+    EXPECT_EQ(Frame(2), inCorner);
 }
 
 TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
