@@ -60,6 +60,8 @@ void WindowLayout::SetContentSize(QSize size) {
     if (resizable) {
         SetContentLimits(contentMinimum, contentMaximum);
         window.resize(askedWindow);
+    } else if (IsCompositorInCharge()) {
+        window.resize(askedWindow);  // a limit would contradict the size that it decides on
     } else {
         window.setFixedSize(askedWindow);
     }
