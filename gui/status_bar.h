@@ -9,6 +9,8 @@
 namespace rotavel {
 
 // Numbered status bars: a strip along the bottom of a window's content, with fields side by side.
+// In a window that scrolls it stays at the bottom, its fields no wider than the window has room
+// for.
 
 inline constexpr std::uint32_t StatusCentred = 4;
 inline constexpr std::uint32_t StatusRight = 8;  // wins over centred

@@ -12,6 +12,10 @@ namespace rotavel {
 // holds the gadgets; positions are those of the outer frame on the screen. All are whole pixels
 // with the origin at the top left. An operation on a number that is not open does nothing and
 // returns 0.
+//
+// A window that its screen has no room for is as large as fits, with the frame on the screen, and
+// scrolls: by bars, wheel, keys, and by itself when the pointer nears an edge. Its content keeps
+// the size that was asked for.
 
 inline constexpr std::uint32_t WindowHidden = 1;  // not shown until WindowShow
 inline constexpr std::uint32_t WindowResizable = 2;
@@ -34,8 +38,9 @@ inline constexpr int InnerContent = 1;
 // destroyed first) and, unless it is to stay hidden, shows it: it appears, whole, when the program
 // next waits or asks for its frame. An x or y of IgnoreValue centres it on the screen. A parent
 // keeps it above that window; a borderless window with a parent is a popup that never takes the
-// keyboard. Returns the automatic number, else non-zero; 0 when it cannot be made (a side below
-// 1 or above 32767 pixels, or more than 64 Mi pixels in all).
+// keyboard, and stands elsewhere on the screen, clear of the pointer, where it would reach beyond.
+// Returns the automatic number, else non-zero; 0 when it cannot be made (a side below 1 or above
+// 32767 pixels, or more than 64 Mi pixels in all).
 std::int64_t WindowCreate(WindowNumber number, std::int64_t x, std::int64_t y, std::int64_t width,
                           std::int64_t height, std::u16string_view title = {},
                           std::uint32_t flags = WindowCloseBox, NativeWindow* parent = nullptr);

@@ -109,14 +109,14 @@ void ContentScroll::Reveal(const QRect& part) {
 }
 
 void ContentScroll::TakeWheel(QWheelEvent& event) {
-    if (isNeeded && isEnabled) {
+    if (isNeeded) {
         const QPoint turn = event.angleDelta();
         Hand(event, std::abs(turn.x()) > std::abs(turn.y()) ? *across : *down);
     }
 }
 
 void ContentScroll::TakeKey(QKeyEvent& event) {
-    if (isNeeded && isEnabled) {
+    if (isNeeded) {
         const bool isAcross = event.key() == Qt::Key_Left || event.key() == Qt::Key_Right;
         Hand(event, isAcross ? *across : *down);
     }
