@@ -10,6 +10,7 @@
 #include "gui/toolkit/coordinates.h"
 #include "gui/toolkit/font.h"
 #include "gui/toolkit/handle.h"
+#include "gui/toolkit/native_events.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/window_frame.h"
@@ -72,7 +73,9 @@ void QzGadgetFunctions::SendEvent(std::int64_t type) const {
 }
 
 void QzGadgetFunctions::ActivateGadget() {
-    // A binding to what this posts may free the gadget, and these functions with it.
+    // A binding to what this posts may free the gadget, and these functions with it, and wait; the
+    // native objects stay until this is done.
+    const NativeDelivery delivery;
     const GadgetNumber number = GadgetID;
     const QPointer<QWidget> view = Gadget->View;
     QzWindow* const window = QzWindow::Of(view);
@@ -177,6 +180,7 @@ std::u16string QzGadgetFunctions::GetGadgetText() const {
 }
 
 void TakeKeyboardFrom(const QWidget& view) {
+    const NativeDelivery delivery;  // a wait inside a binding does not delete the window
     QzWindow* const window = QzWindow::Of(&view);
     const QWidget* const focus = window == nullptr ? nullptr : window->focusWidget();
     if (view.isAncestorOf(focus)) {

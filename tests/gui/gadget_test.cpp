@@ -96,7 +96,7 @@ TEST_F(GadgetTest, NumberThatACallbackReopensIsLeftToIt) {
     static std::int64_t reopened;
     static constexpr auto reopen = [] {
         UnbindWindowEvents(0);
-        WaitForEvent(0);  // of which there is none around this one: what is freed is deleted
+        WaitForEvent(0);
         reopened = StringGadgetCreate(1, 0, 0, 50, 20, u"callback's");
     };
     const auto focusField = [] {
