@@ -53,16 +53,19 @@ void CalcSpeeds() {
 }
 
 void CalcRpmForGear(std::int64_t button) {
-    const std::size_t gear = GearOfGadget(CalcRpmButton, button).value_or(GearCount);
+    const std::optional<std::size_t> gear = GearOfGadget(CalcRpmButton, button);
+    if (!gear) {
+        return;
+    }
     GearInputs inputs;
     const GearMask mask = ReadGearInputs(inputs);
     const std::optional<double> rpm = EngineSpeed(
-        inputs, mask, gear, GetGadgetText(GadgetOfGear(GearSpeedField, gear)), UnitOnShow());
+        inputs, mask, *gear, GetGadgetText(GadgetOfGear(GearSpeedField, *gear)), UnitOnShow());
     if (!rpm) {
         return;
     }
     for (std::size_t other = 0; other < GearCount; ++other) {
-        if (other != gear) {
+        if (other != *gear) {
             SetGadgetText(GadgetOfGear(GearSpeedField, other), NoSpeedText);
         }
     }

@@ -53,7 +53,7 @@ void ChartMagnify(std::int64_t image, std::int64_t x, std::int64_t y) {
         RasterEnd();
     }
     ImageResize(grabbed, MagnifierSide, MagnifierSide, ResizeNearestPixel);
-    SetGadgetState(MagnifierImage, reinterpret_cast<std::intptr_t>(ImageHandle(grabbed)));
+    SetGadgetImage(MagnifierImage, ImageHandle(grabbed));
     ImageFree(grabbed);
 }
 

@@ -66,9 +66,12 @@ void RunMainLoop(Program& program) {
     bool QuitRequested = false;
     while (!QuitRequested) {
         const std::int64_t kind = WaitForEventBlocking();
-        // A session that ends asks for the same as "Quit", but names no window.
-        const bool sessionEnds = kind == MenuChosen && CurrentEventObject() == QuitItem;
-        if (kind > 0 && CurrentEventWindow() != MainWindow && !sessionEnds) {
+        if (kind <= 0) {
+            continue;  // what happened is no event
+        }
+        // A session that ends asks for "Quit" too, but names no window.
+        const bool isQuit = kind == MenuChosen && CurrentEventObject() == QuitItem;
+        if (CurrentEventWindow() != MainWindow && !isQuit) {
             HandleChartEvent(program.Chart);
             continue;
         }

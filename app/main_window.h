@@ -19,6 +19,9 @@ inline constexpr std::int64_t MainMenu = 0;
 inline constexpr std::int64_t MainStatusBar = 0;
 inline constexpr std::int64_t ProgramFont = 0;  // of every gadget and of the chart
 
+// How much shorter than their window the fields of a status bar are, in pixels.
+inline constexpr std::int64_t StatusBarMargin = 5;
+
 // Gadgets that commands read and write; of those that each gear has one of, first gear's.
 inline constexpr std::int64_t TyreWidthField = 1;
 inline constexpr std::int64_t PercentHeightField = 3;

@@ -31,7 +31,6 @@ constexpr std::int64_t ReadOutField = 1;
 constexpr std::int64_t Canvas = 63;
 
 constexpr std::int64_t CanvasMargin = 10;  // of the canvas to the window's edges
-constexpr std::int64_t StatusBarMargin = 5;
 
 bool OpenChartWindow(const PlotSize& plot, std::u16string_view heading) {
     const std::int64_t width = plot.Width + PlotSize::ImageMarginX;

@@ -31,7 +31,6 @@ namespace rotavel {
 namespace {
 
 constexpr double ProgramFontPoints = 8;
-constexpr std::int64_t StatusBarMargin = 5;
 
 // A file that is missing, or cannot be opened, is replaced without a word; where that fails too,
 // opening it for the run tells.

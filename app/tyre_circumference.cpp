@@ -14,7 +14,7 @@ constexpr double Pi = 3.141592653589793;
 constexpr double TwoPi = 6.283185307179586;
 constexpr double CentimetresPerInch = 2.54;
 constexpr double MillimetresPerCentimetre = 10.0;
-constexpr double MillimetrePercentsPerCentimetre = 1000.0;
+constexpr double MillimetresTimesPercentPerCentimetre = 1000.0;
 
 // From this width on a tyre size is metric.
 constexpr std::int64_t SmallestMetricWidth = 10;
@@ -38,7 +38,7 @@ std::optional<double> InchCircumference(const std::u16string& width, const std::
 
 double MetricCircumference(double width, double percent, double rim) {
     const double rimRadius = rim * CentimetresPerInch / 2.0;
-    const double tyreHeight = width * percent / MillimetrePercentsPerCentimetre;
+    const double tyreHeight = width * percent / MillimetresTimesPercentPerCentimetre;
     return (rimRadius + tyreHeight) * TwoPi;
 }
 

@@ -96,6 +96,13 @@ void RawFile::Close() {
     }
 }
 
+bool RawFile::IsAt(const std::string& path) const {
+    struct stat own = {};
+    struct stat there = {};
+    return fstat(descriptor, &own) == 0 && stat(path.c_str(), &there) == 0 &&
+           own.st_dev == there.st_dev && own.st_ino == there.st_ino;
+}
+
 void RawFile::Swap(RawFile& other) {
     std::swap(descriptor, other.descriptor);
     std::swap(error, other.error);
@@ -136,8 +143,8 @@ Replacement RawFile::Replace(std::string_view content, std::string_view old) {
     if (!Reserve(content.size())) {
         return Replacement::Refused;
     }
-    // The text is on the disk before its old tail goes: a power cut in between leaves too much
-    // rather than too little.
+    // The text is on the disk before its old tail goes. A power cut during the write itself can
+    // still leave parts of both.
     if (WriteFromStart(content) && Sync() && CutTo(content.size())) {
         return Replacement::Done;
     }

@@ -34,6 +34,9 @@ class RawFile {
     bool IsOpen() const { return descriptor >= 0; }
     void Swap(RawFile& other);
 
+    // Whether this, and no other that has taken its place, is the file at the path.
+    bool IsAt(const std::string& path) const;
+
     // Why the last operation that failed did: a value of errno.
     int Error() const { return error; }
 

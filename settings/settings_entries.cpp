@@ -86,8 +86,8 @@ SettingsEntry* SettingsEntries::FindCounterpart(const SettingsEntries& other,
         return nullptr;
     }
     std::size_t number = 1;
-    for (const SettingsEntry* before = other.NextGroup(nullptr); before != group;
-         before = other.NextGroup(before)) {
+    for (const SettingsEntry* before = other.NextGroup(nullptr);
+         before != group && before != nullptr; before = other.NextGroup(before)) {
         number += EqualsIgnoringCase(before->Value(), group->Value()) ? 1 : 0;
     }
     return FindGroup(group->Value(), number);

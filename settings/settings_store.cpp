@@ -30,12 +30,14 @@ struct SettingsStore {
     RawFile File;
     std::optional<std::string> Path;  // set while the store is open
     bool Modified = false;
-    int ReadOnlyError = 0;  // why the file must not be rewritten, a value of errno
-    int SaveError = 0;      // why the last flush saved nothing, a value of errno
+    int NoRewriteReason = 0;  // why the file must not be rewritten, a value of errno
+    int SaveError = 0;        // why the last flush saved nothing, a value of errno
     SettingsDocument Document;
     SettingsPlace Place;
     std::uint32_t Flags = 0;
 };
+
+constexpr int SaveTries = 3;
 
 SettingsStore store;
 
@@ -72,10 +74,10 @@ bool Open(std::u16string_view path, std::uint32_t flags) {
         store.Document.Encoding = SettingsEncoding::Utf8;
         return false;
     }
-    // What could not be read whole must not be replaced by its part.
-    store.ReadOnlyError = ENOMEM;
+    // What could not be read whole, for want of memory too, must not be replaced by its part.
+    store.NoRewriteReason = ENOMEM;
     const int loadError = Load();
-    store.ReadOnlyError = error != 0 ? error : loadError;
+    store.NoRewriteReason = error != 0 ? error : loadError;
     return true;
 }
 
@@ -115,20 +117,23 @@ int SaveNew() {
 
 // Rewrites the file at the path. What others have put into it since it was read stays there.
 int SaveOver(RawFile& file) {
-    file.Lock();
     SettingsBytes old;
     if (const int error = ReadSettingsFile(file, old)) {
         return error;
     }
     SettingsDocument merged;
     SettingsPlace place;
-    const bool isChanged = FingerprintOf(old.View()) != store.Document.Fingerprint;
+    // An emptied file has lost what it held, like one that is gone.
+    const bool isChanged =
+        old.Length != 0 && FingerprintOf(old.View()) != store.Document.Fingerprint;
     if (isChanged) {
         MergeSettings(store.Document, old.View(), merged);
         place = PlaceIn(merged.Entries);
     }
     const SettingsBytes text = Compose(isChanged ? merged : store.Document);
-    const Replacement outcome = file.Replace(text.View(), old.View());
+    // What would not change is left alone, and with it the file's time of change.
+    const Replacement outcome =
+        text.View() == old.View() ? Replacement::Done : file.Replace(text.View(), old.View());
     const int error = file.Error();
     if (outcome == Replacement::Refused) {
         return error;
@@ -151,19 +156,25 @@ int SaveOver(RawFile& file) {
 
 // Returns 0, or the value of errno that says why nothing was saved.
 int Save() {
-    if (store.ReadOnlyError != 0) {
+    if (store.NoRewriteReason != 0) {
         store.File.Close();
         store.Path.reset();
-        return store.ReadOnlyError;
+        return store.NoRewriteReason;
     }
     if (!store.Path) {
         return ENOENT;
     }
-    RawFile file;
-    if (file.OpenForUpdate(*store.Path)) {
-        return SaveOver(file);
+    int error = EEXIST;
+    // Between two steps of ours an editor may put another file in the place of this one.
+    for (int tries = 0; tries < SaveTries && error == EEXIST; ++tries) {
+        RawFile file;
+        if (!file.OpenForUpdate(*store.Path)) {
+            error = file.Error() == ENOENT ? SaveNew() : file.Error();
+        } else if (file.Lock(); file.IsAt(*store.Path)) {
+            error = SaveOver(file);
+        }
     }
-    return file.Error() == ENOENT ? SaveNew() : file.Error();
+    return error;
 }
 
 SettingsEntry* FindKey(std::u16string_view key) {
@@ -208,7 +219,7 @@ void SettingsClose() {
     store.File.Close();
     store.Path.reset();
     store.Modified = false;
-    store.ReadOnlyError = 0;
+    store.NoRewriteReason = 0;
     store.Document.Entries.Release();
     store.Document.Encoding = SettingsEncoding::None;
     store.Document.Fingerprint = FingerprintOf({});

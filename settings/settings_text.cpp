@@ -148,8 +148,7 @@ void ParseSettingsText(char* text, std::size_t length, SettingsEntries& entries)
                        : *position == ';' ? ParseComment(position, end, entries)
                                           : ParseKey(position, end, entries);
         }
-        // The piece that ended here may have put a zero byte over the first character of the line
-        // end.
+        // On behind the line end's first character, which may have become a zero byte.
         position = SkipLineEnds(std::min(position + 1, end), end);
     }
 }

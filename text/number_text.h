@@ -7,7 +7,7 @@
 namespace rotavel {
 
 // Takes the process's locale from the environment, but keeps "." as its decimal point. Call it
-// once, before other threads run. The conversions below do not depend on it.
+// once, after the toolkit, which sets the locale itself. The conversions below do not depend on it.
 void SetUpLocale();
 
 // The value in fixed notation with `decimals` decimals (0 to 512; beyond counts as the nearer

@@ -21,7 +21,11 @@ QImage MakeBitmap(std::int64_t width, std::int64_t height) {
     if (!IsPossibleSize(width, height)) {
         return {};
     }
-    QImage bitmap(BitmapSize(width, height), QImage::Format_RGB32);
+    const QSize size = BitmapSize(width, height);
+    if (!IsPossibleSize(size.width(), size.height())) {
+        return {};
+    }
+    QImage bitmap(size, QImage::Format_RGB32);
     bitmap.setDevicePixelRatio(qApp->devicePixelRatio());
     return bitmap;
 }

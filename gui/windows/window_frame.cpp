@@ -53,7 +53,7 @@ Qt::WindowFlags ToolkitFlags(std::uint32_t flags, bool hasParent) {
     if ((flags & WindowBorderless) != 0) {
         // Beside its parent a borderless window has to be popup-like: only such a surface can be
         // placed where the program wants it on every platform.
-        return hasParent ? Qt::ToolTip | Qt::WindowDoesNotAcceptFocus
+        return hasParent ? Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus
                          : Qt::Window | Qt::FramelessWindowHint;
     }
     // The toolkit tells the window manager of a window's parent for dialogs only.

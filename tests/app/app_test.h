@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdlib>
 #include <string>
 
 #include <QApplication>
@@ -26,6 +27,10 @@ inline std::uint64_t HashOf(std::string_view text) {
     }
     return hash;
 }
+
+// A screen that charts fit on, in place of the small one that the toolkit makes up.
+[[maybe_unused]] inline const int largeScreen =
+    setenv("ROTAVEL_TEST_PLATFORM", "offscreen:configfile=" APP_TESTS_FOLDER "/screen.json", 0);
 
 // A settings file of a motorcycle whose decimals are typed with commas here and there.
 inline const std::string FiveSpeed =

@@ -155,13 +155,18 @@ TEST_F(SettingsSharingTest, MakesAFileThatHasGoneAgain) {
     SettingsClose();
     EXPECT_EQ(ReadFile(file), Mark + "\nTop = 9\n" + saved.substr(Mark.size() + 1));
 
-    // Emptied, it is written like any empty file.
+    // So is one that has been emptied; a value that it has already changes nothing.
     Open();
-    WriteInPlace("");
-    for (const std::int64_t value : {7, 8}) {
+    for (const std::int64_t value : {7, 8, 8}) {
+        const bool isNew =
+            ReadFile(file).find("MaxRPM = " + std::to_string(value)) == std::string::npos;
+        WriteInPlace(isNew ? "" : ReadFile(file));
+        const auto before = std::filesystem::last_write_time(file);
         EXPECT_TRUE(SettingsWriteInteger(u"MaxRPM", value));
         EXPECT_TRUE(SettingsFlush());
-        EXPECT_EQ(ReadFile(file), "[Settings]\nMaxRPM = " + std::to_string(value) + "\n");
+        EXPECT_EQ(ReadFile(file), Mark + "\n[Settings]\nMaxRPM = " + std::to_string(value) +
+                                      "\n\n[A - 1]\nMaxRPM = 2\n");
+        EXPECT_EQ(std::filesystem::last_write_time(file) == before, !isNew);
     }
 }
 
