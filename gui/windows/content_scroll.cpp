@@ -103,6 +103,7 @@ QPoint ContentScroll::Offset() const {
 
 void ContentScroll::Reveal(const QRect& part) {
     if (isNeeded) {
+        edgeTimer.stop();
         RevealAlong(*across, part.left(), part.right() + 1);
         RevealAlong(*down, part.top(), part.bottom() + 1);
     }
@@ -110,6 +111,7 @@ void ContentScroll::Reveal(const QRect& part) {
 
 void ContentScroll::TakeWheel(QWheelEvent& event) {
     if (isNeeded) {
+        edgeTimer.stop();
         const QPoint turn = event.angleDelta();
         Hand(event, std::abs(turn.x()) > std::abs(turn.y()) ? *across : *down);
     }
@@ -117,12 +119,16 @@ void ContentScroll::TakeWheel(QWheelEvent& event) {
 
 void ContentScroll::TakeKey(QKeyEvent& event) {
     if (isNeeded) {
+        edgeTimer.stop();
         const bool isAcross = event.key() == Qt::Key_Left || event.key() == Qt::Key_Right;
         Hand(event, isAcross ? *across : *down);
     }
 }
 
 bool ContentScroll::eventFilter(QObject*, QEvent* event) {
+    if (!event->spontaneous()) {
+        return false;  // told by Scrolled
+    }
     if (event->type() == QEvent::MouseMove) {
         const auto& move = static_cast<const QMouseEvent&>(*event);
         FollowPointer(move.buttons() == Qt::NoButton ? move.position().toPoint() : QPoint(-1, -1));

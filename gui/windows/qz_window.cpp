@@ -92,13 +92,16 @@ void QzWindow::LeaveZoom(QPoint corner) {
 }
 
 void QzWindow::TakePlace() {
-    if ((flags & WindowScreenCentred) != 0) {
-        CentreFrameOnScreen(*this);
-    } else if ((flags & WindowOwnerCentred) != 0 && placementOwner != nullptr &&
-               placementOwner != this) {
-        CentreFrameOver(*this, *placementOwner);
-    } else if (IsPopup()) {
+    const bool isCentred = (flags & CentringFlags) != 0;
+    if (IsPopup() && !isCentred) {
         SetCorner(popupCorner);
+    } else if ((flags & WindowScreenCentred) != 0) {
+        CentreFrameOnScreen(*this);
+    } else if (isCentred && placementOwner != nullptr && placementOwner != this) {
+        CentreFrameOver(*this, *placementOwner);
+    }
+    if (isCentred) {
+        popupCorner = FrameOf(*this).topLeft();
     }
     if (layout.IsScrolled()) {
         MoveFrameOntoScreen(*this);

@@ -17,7 +17,7 @@ namespace rotavel {
 namespace {
 
 // How long a window manager's answers to a new window or new bounds may take.
-constexpr int ManagerAnswersMs = 250;
+constexpr int ManagerAnswersMs = 500;
 
 }  // namespace
 

@@ -309,6 +309,11 @@ TEST_F(WindowTest, PopupKeepsItsPlaceWhereThereIsRoom) {
     QCursor::setPos(room.topLeft());
     WindowShow(2, Shown);
     EXPECT_EQ(Frame(2), inCorner);
+    for (const std::uint32_t flags : {WindowOwnerCentred, 0U}) {
+        WindowShow(2, Shown, flags);
+        ForgetEvents();
+        EXPECT_TRUE(IsCentred(2, Frame(0)));
+    }
 }
 
 TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
@@ -372,6 +377,12 @@ TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
         WaitForEvent(50);
     }
     EXPECT_EQ(GetGadgetAttribute(canvas, CanvasMouseY), 2024 - 10 - 5);
+    // So does the focus, as little as it can, and the resting pointer does not undo it.
+    Press(Qt::Key_Home);
+    StringGadgetCreate(1, 10, 1000, 50, 20);
+    ActivateGadget(1);
+    ForgetEvents();
+    EXPECT_EQ(View(1)->mapTo(Native(1), QPoint(0, 20)), QPoint(10, Native(1)->height() - 24));
     WindowSetBounds(1, IgnoreValue, IgnoreValue, IgnoreValue, 100);
     ForgetEvents();
     EXPECT_EQ(Native(1)->size(), QSize(300, 100)) << "all as if it had never been larger";
