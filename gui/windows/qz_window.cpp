@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QWindow>
 
 #include "gui/toolkit/native_events.h"
@@ -248,8 +249,9 @@ void QzWindow::Disable() {
     RemoveOverlay();
     overlay = new QzDisabledView(contentView, windowFlags());
     overlay->show();
-    focus.Suspend();
+    // A bar that has the keyboard gives it back to the field that had it before.
     layout.Enable(false);
+    focus.Suspend();
     SetTitleBarButtons(*this, {});
 }
 
@@ -323,15 +325,22 @@ void QzWindow::wheelEvent(QWheelEvent* event) {
     layout.Scroll().TakeWheel(*event);
 }
 
-void QzWindow::keyPressEvent(QKeyEvent* event) {
-    event->ignore();
-    layout.Scroll().TakeKey(*event);
-}
-
 void QzWindow::closeEvent(QCloseEvent* event) {
     // The window manager's keys reach a window without a close box as well.
     event->setAccepted(closable && delegate != nullptr && !IsDisabled() &&
                        delegate->WindowShouldClose());
+}
+
+void QzWindow::keyPressEvent(QKeyEvent* event) {
+    const bool asksToClose =
+        event->matches(QKeySequence::Cancel) || event->matches(QKeySequence::Close);
+    if (asksToClose && parentWindow != nullptr &&
+        windowFlags().testFlag(Qt::WindowCloseButtonHint)) {
+        close();
+        return;
+    }
+    event->ignore();
+    layout.Scroll().TakeKey(*event);
 }
 
 void QzWindow::changeEvent(QEvent* event) {

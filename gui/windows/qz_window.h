@@ -93,6 +93,7 @@ class QzWindow final : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
     bool focusNextPrevChild(bool next) override { return focus.Advance(next); }
+    // Escape and the desktop's key for closing ask a window above another to close; others scroll.
     void keyPressEvent(QKeyEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
