@@ -10,12 +10,22 @@ namespace rotavel {
 
 // Numbered menu bars, one a window. Every bar starts with the application menu (About, Preferences,
 // Services, Hide, Hide Others, Show All, Quit), titled with the program's name. Choosing an item
-// posts MenuChosen with its number and its window's.
+// posts MenuChosen with its number and its window's. A callback bound to that event may do
+// anything: by then the menu is closed, so it may free the bar (which leaves the screen at once),
+// destroy the window, wait or open a requester.
 //
 // A bar is built from front to back: MenuCreate, then titles, each followed by its items. In every
 // text "&" is left out. A text with a tab is a title and a shortcut: tokens joined by "+", of which
 // CMD (the Control key where there is no Command key), SHIFT, ALT and CTRL are modifiers and F1 to
-// F12 or a single character the key. Where two items of a bar have one shortcut the first has it.
+// F12 or a single character the key. Where two items of a bar have one shortcut the first has it,
+// of those that can be chosen: Ctrl with a comma is the program's own while Preferences is
+// disabled.
+//
+// Alt with the first letter of a title opens its menu, F10 takes the keyboard to the bar; in an
+// open menu the first letter of an item chooses it. Where several have one letter it goes from one
+// to the next. Disabling a window closes its open menu. A window without a bar answers to the
+// shortcuts of the application menu of the window that had the keyboard before it, even if that is
+// disabled.
 
 // Numbers of the application menu's own items. Adding an item with one of them adds none but
 // enables the application menu's (Quit always is enabled), whose events then name this window.
@@ -40,8 +50,8 @@ void MenuCloseSubmenu();
 // window's while it has the keyboard. They come before menus and gadgets.
 void WindowAddShortcut(WindowNumber window, std::u16string_view keys, std::int64_t menuItem);
 
-// Frees a menu bar; AnyNumber frees all. Where it was on show, a bar with nothing but the
-// application menu takes its place.
+// Frees a menu bar; AnyNumber frees all. Where it was on show, its open menu closes and a bar with
+// nothing but the application menu takes its place. Its events that wait in the queue stay there.
 void FreeMenu(std::int64_t number);
 
 }  // namespace rotavel

@@ -68,7 +68,7 @@ void GuiStart() {
     QApplication::setWindowIcon(ProgramIcon());
     SetWakeHook(&WakeNativeLoop);
     // Gadgets go before the menus of a window that closes.
-    SetWindowObservers({&GadgetsAsObserver(), &MenusAsObserver()});
+    SetWindowObservers({&GadgetsAsObserver(), &MenuBars::Shared()});
     CatchTerminationSignals();
 }
 

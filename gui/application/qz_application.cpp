@@ -7,6 +7,7 @@
 #include "gui/application/qz_style.h"
 #include "gui/events/event_posting.h"
 #include "gui/menu.h"
+#include "gui/menus/shortcuts.h"
 #include "gui/toolkit/native_events.h"
 #include "gui/windows/qz_window.h"
 #include "gui/windows/window_record.h"
@@ -56,7 +57,9 @@ bool QzApplication::notify(QObject* receiver, QEvent* event) {
         return true;
     }
     const NativeDelivery delivery;
-    if (isNative && (IsFiltered(event) || TakesShortcut(receiver, event))) {
+    if (isNative && (IsFiltered(event) || TakesShortcut(receiver, event) ||
+                     (event->type() == QEvent::KeyPress &&
+                      TakesMenuKey(receiver, static_cast<QKeyEvent&>(*event))))) {
         return true;
     }
     return QApplication::notify(receiver, event);

@@ -6,6 +6,7 @@
 
 #include "gui/events/event_posting.h"
 #include "gui/menu.h"
+#include "gui/menus/qz_menu.h"
 #include "gui/windows/window_list.h"
 
 namespace rotavel {
@@ -56,7 +57,8 @@ void QzMenuDelegate::EventHandler(const QAction* item, std::int64_t window) cons
 
 ApplicationMenu AddApplicationMenu(QMenuBar& bar) {
     const QString title = ApplicationName().replace('&', "&&");
-    QMenu& menu = *bar.addMenu(title);
+    auto& menu = *new QzMenu(title, &bar);
+    bar.addMenu(&menu);
     QzMenuDelegate& delegate = QzMenuDelegate::Shared();
 
     QAction* const about =
@@ -76,7 +78,7 @@ ApplicationMenu AddApplicationMenu(QMenuBar& bar) {
 
     about->setEnabled(false);
     preferences->setEnabled(false);
-    return {about, preferences};
+    return {&menu, about, preferences};
 }
 
 }  // namespace rotavel

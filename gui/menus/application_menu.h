@@ -3,6 +3,7 @@
 #include <cstdint>
 
 class QAction;
+class QMenu;
 class QMenuBar;
 
 namespace rotavel {
@@ -25,8 +26,9 @@ class QzMenuDelegate {
     std::int64_t WindowID = -1;
 };
 
-// The items of an application menu that the program can enable.
+// An application menu and those of its items that the program can enable.
 struct ApplicationMenu {
+    QMenu* Menu;
     QAction* About;
     QAction* Preferences;
 };

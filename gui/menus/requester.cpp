@@ -40,8 +40,8 @@ QWidget* Under() {
     if (MessageBox* const box = MessageBox::Newest()) {
         return box;
     }
-    QzWindow* const window =
-        QzWindow::ChosenKeyWindow() != nullptr ? QzWindow::ChosenKeyWindow() : QzWindow::LastKeyWindow();
+    QzWindow* const window = QzWindow::ChosenKeyWindow() != nullptr ? QzWindow::ChosenKeyWindow()
+                                                                    : QzWindow::LastKeyWindow();
     return window != nullptr && window->isVisible() ? window : nullptr;
 }
 
@@ -59,7 +59,8 @@ std::int64_t MessageRequester(std::u16string_view title, std::u16string_view tex
         answer = box.Ask(under);
     }
     // The program may have closed or hidden it meanwhile.
-    if (keyWindow != nullptr && keyWindow->Delegate() != nullptr && keyWindow->IsVisibleOrPending()) {
+    if (keyWindow != nullptr && keyWindow->Delegate() != nullptr &&
+        keyWindow->IsVisibleOrPending()) {
         keyWindow->MakeKeyAndOrderFront();
     }
     return answer;

@@ -81,6 +81,7 @@ std::string Outline(const QList<QAction*>& actions) {
     for (const QAction* const action : actions) {
         outline += action->isSeparator() ? "-" : action->text().toStdString();
         if (action->menu() != nullptr) {
+            emit action->menu()->aboutToShow();  // items are made when they are needed
             outline.append("(").append(Outline(action->menu()->actions())).append(")");
         }
         outline += ",";

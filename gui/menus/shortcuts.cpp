@@ -1,6 +1,15 @@
-#include "gui/menus/shortcut_text.h"
+#include "gui/menus/shortcuts.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QStringList>
+#include <QWindow>
+
+#include "gui/menu.h"
+#include "gui/menus/menu_bars.h"
+#include "gui/toolkit/text.h"
+#include "gui/windows/window_record.h"
 
 namespace rotavel {
 
@@ -14,6 +23,19 @@ constexpr Qt::KeyboardModifier ControlModifier = Qt::ControlModifier;
 constexpr Qt::KeyboardModifier CommandModifier = Qt::ControlModifier;  // Command on macOS
 
 constexpr int LastFunctionKey = 12;
+
+// The open window that lies in a native window, or null.
+QzWindow* WindowIn(const QObject* nativeWindow) {
+    const auto& registry = WindowRegistry();
+    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
+        QzWindow* const window = next.second->Window;
+        const QObject* const handle = window->windowHandle();
+        if (handle == nativeWindow) {
+            return window;
+        }
+    }
+    return nullptr;
+}
 
 // The key of F1 to F12, 0 for any other token.
 int FunctionKey(const QString& token) {
@@ -57,6 +79,32 @@ ItemText ParseItemText(QString text) {
         return {text, {}};
     }
     return {text.left(tab), ParseShortcut(text.mid(tab + 1))};
+}
+
+void GiveUpKeys(QAction& action) {
+    // Two commands with equal rights to their keys would be none to the toolkit.
+    action.setShortcutContext(Qt::WidgetShortcut);
+}
+
+bool TakesMenuKey(const QObject* nativeWindow, const QKeyEvent& event) {
+    if (QApplication::activePopupWidget() != nullptr) {
+        return false;  // an open menu has the keys
+    }
+    QzWindow* const window = WindowIn(nativeWindow);
+    if (window == nullptr || window->IsDisabled()) {
+        return false;
+    }
+    if (auto* const own = dynamic_cast<QzMenuBar*>(window->Layout().MenuBar())) {
+        return own->TakesKey(event);
+    }
+    QzMenuBar* const main = MenuBars::Shared().MainBar();
+    return main != nullptr && main->TakesApplicationKey(event);
+}
+
+void WindowAddShortcut(WindowNumber window, std::u16string_view keys, std::int64_t menuItem) {
+    if (WindowRecord* const record = WindowRegistry().Find(window)) {
+        record->Shortcuts.emplace_back(ParseShortcut(ToQString(keys)), menuItem);
+    }
 }
 
 }  // namespace rotavel
