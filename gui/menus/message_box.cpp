@@ -84,9 +84,7 @@ MessageBox::MessageBox(const QString& title, const QString& text, QStyle::Standa
     for (const MessageAnswer& choice : answers) {
         lower->addWidget(MakeButton(choice));
     }
-    auto* const first = dynamic_cast<QPushButton*>(lower->itemAt(1)->widget());
-    first->setDefault(true);
-    first->setFocus();
+    findChild<QPushButton*>()->setFocus();  // the first, which so is the default one
     auto* const whole = new QVBoxLayout(this);
     whole->addLayout(upper, 1);
     whole->addLayout(lower);
