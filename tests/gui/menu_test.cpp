@@ -108,6 +108,16 @@ TEST_F(MenuTest, IsBuiltFromFrontToBack) {
                                   ",),File(Makers(A(a1,),(),m,),-,),bar,Help(RD,),");
 }
 
+TEST_F(MenuTest, FirstBarOfAWindowIsOnShowBeforeItHasTheKeyboard) {
+    WindowCreate(4, 0, 0, 200, 100, {}, WindowHidden);
+    MenuCreate(1, WindowNativeHandle(4));
+    const QMenuBar* const first = Native(4)->Layout().MenuBar();
+    ASSERT_NE(first, nullptr);
+    MenuCreate(2, WindowNativeHandle(4));
+    EXPECT_EQ(Native(4)->Layout().MenuBar(), first);
+    EXPECT_EQ(WindowGetHeight(4), 100);
+}
+
 TEST_F(MenuTest, ApplicationMenuPostsItsFixedNumbers) {
     MenuCreate(0, WindowNativeHandle(3));
     QAction& about = Item(0, 0);
@@ -200,8 +210,16 @@ TEST_F(MenuTest, LettersOpenMenusAndChoose) {
     Press(Qt::Key(Qt::Key(QChar(name.front()).toUpper().unicode())), Qt::AltModifier);
     Press(Qt::Key_A);
     EXPECT_TRUE(IsMenuOpen());
-    Press(Qt::Key_Q);
-    EXPECT_EQ(Taken(), "Menu -4@3");
+    Press(Qt::Key_S);
+    EXPECT_FALSE(IsMenuOpen()) << "of two with the letter only one can be chosen";
+    // On the bar itself.
+    MenuCloseSubmenu();
+    MenuItem(21, u"Direct");
+    ForgetEvents();
+    QTest::keyPress(Native(3)->windowHandle(), Qt::Key_D, Qt::AltModifier);
+    QTest::keyRelease(Native(3)->windowHandle(), Qt::Key_Alt);  // the first of the two to be let go
+    EXPECT_EQ(Selected(), "");
+    EXPECT_TRUE(View(1)->hasFocus());
 }
 
 TEST_F(MenuTest, KeysGoToTheBarAndBack) {
@@ -300,6 +318,7 @@ TEST_F(MenuTest, WindowsWithoutBarHaveTheProgramsApplicationMenu) {
     Press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(Taken(), "Menu -4@3");
     FreeMenu(0);
+    ForgetEvents();
     Press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(Taken(), "Menu -4@3") << "the plain bar has it too";
     WindowDisable(4, true);
@@ -390,6 +409,7 @@ TEST_F(MenuTest, ThousandsOfItemsCostLittleUntilTheyAreSeen) {
     EXPECT_EQ(Taken(), "Menu 6001@3");
     Press(Qt::Key_F, Qt::AltModifier);
     EXPECT_EQ(Bar().actions().at(1)->menu()->actions().size(), count + 3);
+    EXPECT_EQ(Item(1, count).text(), "With keys");
     Press(Qt::Key_End);
     EXPECT_EQ(Selected(), "File > Behind");
     QMenu& menu = *Bar().actions().at(1)->menu();
