@@ -14,7 +14,7 @@
 #include <QWindow>
 
 #include "gui/toolkit/native_events.h"
-#include "gui/windows/frame_placement.h"
+#include "gui/windows/window_frame.h"
 #include "gui/windows/window_list.h"
 
 namespace rotavel {

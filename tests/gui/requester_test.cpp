@@ -223,7 +223,7 @@ TEST_F(RequesterTest, ProgramGoesOnUnderIt) {
         WindowShow(0, Hidden);
         box.close();
     });
-    EXPECT_NE(WindowNumberOf(QzWindow::KeyWindow()), 0) << "it is hidden";
+    EXPECT_NE(WindowNumberOf(QzWindow::ChosenKeyWindow()), 0) << "it is hidden";
     WindowShow(0, Shown);
     ForgetEvents();
     // The window under it may go, with a wait that cleans up.
@@ -239,7 +239,7 @@ TEST_F(RequesterTest, ProgramGoesOnUnderIt) {
                          });
                      }),
               6);
-    EXPECT_EQ(WindowNumberOf(QzWindow::KeyWindow()), 1) << "not the window that has gone";
+    EXPECT_EQ(WindowNumberOf(QzWindow::ChosenKeyWindow()), 1) << "not the window that has gone";
 }
 
 }  // namespace
