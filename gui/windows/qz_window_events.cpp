@@ -34,12 +34,15 @@ bool QzWindowEvents::WindowShouldClose() const {
 }
 
 void QzWindowEvents::WindowWillClose() {
+    QzWindow& window = *WindowInstance;
+    const WindowNumber number = WindowID;
+    window.SetDelegate(nullptr);
+    WindowRegistry().Remove(number);  // and, with the record, its timers and this delegate
     for (WindowObserver* const observer : WindowObservers()) {
-        observer->WindowClosed(*WindowInstance);
+        observer->WindowClosed(window);
     }
-    WindowInstance->SetDelegate(nullptr);
-    DeleteQueuedEvents(WindowID);
-    WindowRegistry().Remove(WindowID);  // and, with the record, its timers and this delegate
+    // Last: a function that releases an event's data may open another window under the number.
+    DeleteQueuedEvents(number);
 }
 
 void QzWindowEvents::WindowDidBecomeKey() const {

@@ -65,13 +65,9 @@ void DestroyOne(WindowNumber number, QzWindow& window) {
     if (record.HadPreviousKeyWindow && QzWindow::ChosenKeyWindow() == &window) {
         heir = NextKeyWindow(record);
     }
-    window.Hide();
-    if (isGone()) {
-        return;
-    }
-    registry.Find(number)->Delegate->WindowWillClose();
+    record.Delegate->WindowWillClose();
+    window.Hide();  // which it tells nobody any more
     Retire(&window);
-    DeleteQueuedEvents(number);
     if (heir != nullptr && heir->Delegate() != nullptr) {
         heir->MakeKeyAndOrderFront();
     }
