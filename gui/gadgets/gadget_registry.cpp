@@ -1,5 +1,8 @@
 #include "gui/gadgets/gadget_registry.h"
 
+#include <utility>
+#include <vector>
+
 #include <QPointer>
 
 #include "gui/gadget.h"
@@ -24,12 +27,20 @@ void FreeRecord(GadgetNumber number, GadgetRecord& record) {
     registry.Remove(number);
 }
 
-// Frees the gadgets that match; the predicate may be asked about each more than once.
+// Frees the gadgets that match and are there now: a callback may create one for each that goes, and
+// so on without end. The predicate is asked about each more than once.
 template <typename Predicate>
 void FreeWhere(Predicate matches) {
+    std::vector<std::pair<GadgetNumber, const QWidget*>> present;
     for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
         if (matches(*next.second)) {
-            FreeGadget(next.first);
+            present.emplace_back(next.first, next.second->Container);
+        }
+    }
+    for (const auto& [number, container] : present) {
+        const GadgetRecord* const record = registry.Find(number);
+        if (record != nullptr && record->Container == container && matches(*record)) {
+            FreeGadget(number);
         }
     }
 }
@@ -69,6 +80,13 @@ class GadgetObserver final : public WindowObserver {
     }
     void WindowClosed(QzWindow& window) override {
         QzGadgetList::RemoveWindow(ToHandle<NativeWindow>(&window));
+        // A callback may have created gadgets in it to the last: they go with it, without a word.
+        for (auto next = registry.First(); next.second != nullptr;
+             next = registry.After(next.first)) {
+            if (QzWindow::Of(next.second->Container) == &window) {
+                FreeRecord(next.first, *next.second);
+            }
+        }
     }
 };
 
