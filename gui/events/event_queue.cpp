@@ -40,6 +40,14 @@ void ReleaseData(void* data, ReleaseFunction release) {
     }
 }
 
+// The function that releases the data may take events that have data too.
+void ReleaseCurrentData() {
+    while (queue.current.Data != nullptr) {
+        ReleaseData(std::exchange(queue.current.Data, nullptr),
+                    std::exchange(queue.current.Release, nullptr));
+    }
+}
+
 void RunBindings(std::uint32_t kind, WindowNumber window, std::int64_t object, std::int64_t type) {
     ++queue.callbacks;
     queue.bindings.Run(kind, window, object, type);
@@ -111,7 +119,7 @@ void QueueEvent(std::uint32_t kind, std::int64_t object, WindowNumber window, st
             std::exchange(queue.current, {kind, object, window, type, data, nullptr});
         RunBindings(kind, window, object, type);
         // A binding that waits may have taken an event, perhaps this one.
-        ReleaseData(queue.current.Data, queue.current.Release);
+        ReleaseCurrentData();
         queue.current = saved;
     }
     if (isMerged) {
@@ -130,7 +138,8 @@ void ResumePosting() {
 std::uint32_t TakeEvent() {
     CurrentEvent& current = queue.current;
     current.Kind = 0;
-    ReleaseData(std::exchange(current.Data, nullptr), std::exchange(current.Release, nullptr));
+    ReleaseCurrentData();
+    current.Kind = 0;
     current.Type = -1;
     EventRecord* const record = queue.oldest;
     if (record == nullptr) {
@@ -145,7 +154,12 @@ std::uint32_t TakeEvent() {
     const bool bindsNow = (record->Flags & PostUnmerged) != 0;
     queue.pool.Give(record);
     if (bindsNow) {
-        RunBindings(current.Kind, current.Window, current.Object, current.Type);
+        // A binding that waits takes others meanwhile; this one is the one that is taken here.
+        const CurrentEvent taken = current;
+        current.Release = nullptr;
+        RunBindings(taken.Kind, taken.Window, taken.Object, taken.Type);
+        ReleaseCurrentData();
+        current = taken;
     }
     return current.Kind;
 }
@@ -219,10 +233,12 @@ void SetWakeHook(void (*wake)()) {
 }
 
 void ReleaseEventQueue() {
-    DeleteWhere([](const EventRecord&) { return true; });
-    ReleaseData(queue.current.Data, queue.current.Release);
-    queue.current = {};
     queue.bindings.Clear();
+    ReleaseCurrentData();
+    while (queue.oldest != nullptr) {  // a release function may post events
+        DeleteWhere([](const EventRecord&) { return true; });
+    }
+    queue.current = {};
     queue.pool.Release();
 }
 
