@@ -4,6 +4,7 @@
 
 #include "gui/events/event_posting.h"
 #include "gui/windows/qz_window.h"
+#include "gui/windows/window_record.h"
 
 namespace rotavel {
 
@@ -33,15 +34,22 @@ void QzFlippedWindowView::mousePressEvent(QMouseEvent* event) {
 void QzFlippedWindowView::mouseReleaseEvent(QMouseEvent* event) {
     const int count = clicks.Of(event->button());
     if (event->button() == Qt::LeftButton && count <= 2) {
-        QueueEvent(count == 1 ? LeftClick : LeftDoubleClick, WindowID, WindowID, 0);
+        Post(count == 1 ? LeftClick : LeftDoubleClick);
     } else if (event->button() == Qt::RightButton && count == 1) {
-        QueueEvent(RightClick, WindowID, WindowID, 0);
+        Post(RightClick);
     }
 }
 
 void QzFlippedWindowView::paintEvent(QPaintEvent*) {
     QzWindow::Of(this)->ContentPainted();
-    QueueEvent(Repaint, WindowID, WindowID, 0);
+    Post(Repaint);
+}
+
+void QzFlippedWindowView::Post(std::uint32_t kind) const {
+    // Of a window that is gone the number may be another's by now.
+    if (WindowNumberOf(this) == WindowID) {
+        QueueEvent(kind, WindowID, WindowID, 0);
+    }
 }
 
 QzDisabledView::QzDisabledView(QWidget* contentView, Qt::WindowFlags windowFlags)

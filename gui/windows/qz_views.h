@@ -28,6 +28,8 @@ class QzFlippedWindowView final : public QzDropTarget<QWidget> {
     std::int64_t DropWindow() const override { return AcceptingWindowOf(this); }
 
   private:
+    void Post(std::uint32_t kind) const;
+
     ClickCount clicks;
 };
 
