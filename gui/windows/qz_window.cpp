@@ -236,6 +236,9 @@ bool QzWindow::IsAwaited() const {
 }
 
 void QzWindow::MakeKeyAndOrderFront() {
+    if (delegate == nullptr) {
+        return;
+    }
     raise();
     if ((chosenKeyWindow == this && isActiveWindow()) || !CanBecomeKeyWindow() ||
         (windowFlags() & Qt::WindowDoesNotAcceptFocus) != 0) {
@@ -251,8 +254,8 @@ void QzWindow::Disable() {
     overlay->show();
     // A bar that has the keyboard gives it back to the field that had it before.
     layout.Enable(false);
-    focus.Suspend();
     SetTitleBarButtons(*this, {});
+    focus.Suspend();  // last: a callback to this may enable the window
 }
 
 void QzWindow::Enable() {

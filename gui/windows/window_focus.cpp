@@ -44,18 +44,18 @@ QWidget* NextWidget(const QWidget& content, const QWidget* from, bool forward) {
 }  // namespace
 
 void WindowFocus::Make(QWidget* responder) {
-    if (responder == nullptr) {
-        // Keys go to the window itself; without a focus the toolkit would choose a field.
-        window.setFocus();
-        Pass(nullptr);
+    const bool canHave = responder == nullptr ||
+                         ((window.windowFlags() & Qt::WindowDoesNotAcceptFocus) == 0 &&
+                          responder->isEnabled() && responder->isVisibleTo(&window));
+    if (!canHave) {
         return;
     }
-    if ((window.windowFlags() & Qt::WindowDoesNotAcceptFocus) != 0 || !responder->isEnabled() ||
-        !responder->isVisibleTo(&window)) {
-        return;
+    // For none keys go to the window itself; without a focus the toolkit would choose a field.
+    QWidget* const receiver = responder != nullptr ? responder : &window;
+    receiver->setFocus(Qt::OtherFocusReason);
+    if (window.focusWidget() == receiver) {  // else a callback to this has moved it on
+        Pass(responder);
     }
-    responder->setFocus(Qt::OtherFocusReason);
-    Pass(responder);
 }
 
 bool WindowFocus::Advance(bool forward) {
