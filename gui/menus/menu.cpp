@@ -27,8 +27,7 @@ std::int64_t MenuCreate(std::int64_t number, NativeWindow* handle) {
     if (number != AnyNumber) {
         FreeMenu(number);
     }
-    const auto [id, record] = MenuBars::Shared().Create(number, *window);
-    return CreationResult(number, id, record->Bar.data());
+    return MenuBars::Shared().Create(number, *window);
 }
 
 void MenuTitle(std::u16string_view text) {

@@ -1,5 +1,7 @@
 #include "gui/menus/menu_bars.h"
 
+#include <vector>
+
 #include "gui/menus/application_menu.h"
 #include "gui/toolkit/retired_objects.h"
 #include "gui/windows/window_record.h"
@@ -37,21 +39,25 @@ MenuBars& MenuBars::Shared() {
     return shared;
 }
 
-std::pair<std::int64_t, MenuRecord*> MenuBars::Create(std::int64_t number, QzWindow& window) {
+std::int64_t MenuBars::Create(std::int64_t number, QzWindow& window) {
     const auto [id, record] = registry.Create(number);
+    if (record == nullptr) {
+        return 0;  // a callback has taken the number meanwhile
+    }
+    auto* const bar = new QzMenuBar(&window);
     record->Window = &window;
-    record->Bar = new QzMenuBar(&window);
+    record->Bar = bar;
     record->Builder = MenuBuilder(record->Bar);
     record->Object = std::make_unique<QzMenuObject>(record);
     const bool isKey = QzWindow::ChosenKeyWindow() == &window;
-    if (isKey || FirstOf(window).second == record) {
-        window.Layout().SetMenuBar(record->Bar);
-    }
-    if (isKey) {
-        MakeMain(record->Bar, window);
-    }
     building = id;
-    return {id, record};
+    if (isKey) {
+        MakeMain(bar, window);
+    }
+    if (isKey || FirstOf(window).second == record) {
+        window.Layout().SetMenuBar(bar);  // last: a callback may free this one
+    }
+    return CreationResult(number, id, bar);
 }
 
 void MenuBars::Free(std::int64_t number) {
@@ -74,8 +80,12 @@ void MenuBars::Free(std::int64_t number) {
 }
 
 void MenuBars::FreeAll() {
-    for (auto next = registry.First(); next.second != nullptr; next = registry.First()) {
-        Free(next.first);
+    std::vector<std::int64_t> numbers;  // those of now: a callback may make others
+    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
+        numbers.push_back(next.first);
+    }
+    for (const std::int64_t number : numbers) {
+        Free(number);
     }
 }
 
@@ -86,8 +96,8 @@ MenuBuilder* MenuBars::Building() const {
 
 void MenuBars::WindowBecameKey(QzWindow& window) {
     if (const MenuRecord* const record = FirstOf(window).second) {
-        window.Layout().SetMenuBar(record->Bar);
         MakeMain(record->Bar, window);
+        window.Layout().SetMenuBar(record->Bar);
     }
 }
 

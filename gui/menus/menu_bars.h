@@ -38,8 +38,8 @@ class MenuBars final : public WindowObserver {
   public:
     static MenuBars& Shared();
 
-    // Makes a bar for a window. The number must be free.
-    std::pair<std::int64_t, MenuRecord*> Create(std::int64_t number, QzWindow& window);
+    // Makes a bar for a window. Returns what MenuCreate does.
+    std::int64_t Create(std::int64_t number, QzWindow& window);
     void Free(std::int64_t number);
     void FreeAll();
 

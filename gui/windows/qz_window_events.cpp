@@ -46,8 +46,13 @@ void QzWindowEvents::WindowWillClose() {
 }
 
 void QzWindowEvents::WindowDidBecomeKey() const {
+    // A callback to the move of the keyboard from one menu bar to another may destroy the window.
+    QzWindow& window = *WindowInstance;
     for (WindowObserver* const observer : WindowObservers()) {
-        observer->WindowBecameKey(*WindowInstance);
+        observer->WindowBecameKey(window);
+        if (window.Delegate() != this) {
+            return;
+        }
     }
     QueueEvent(WindowActivated, WindowID, WindowID, 0);
 }

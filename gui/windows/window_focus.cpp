@@ -44,9 +44,9 @@ QWidget* NextWidget(const QWidget& content, const QWidget* from, bool forward) {
 }  // namespace
 
 void WindowFocus::Make(QWidget* responder) {
-    const bool canHave = responder == nullptr ||
-                         ((window.windowFlags() & Qt::WindowDoesNotAcceptFocus) == 0 &&
-                          responder->isEnabled() && responder->isVisibleTo(&window));
+    const bool canHave =
+        responder == nullptr || ((window.windowFlags() & Qt::WindowDoesNotAcceptFocus) == 0 &&
+                                 responder->isEnabled() && responder->isVisibleTo(&window));
     if (!canHave) {
         return;
     }

@@ -1,6 +1,7 @@
 #include "gui/windows/window_layout.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QMenuBar>
 
@@ -28,16 +29,17 @@ void WindowLayout::SetMenuBar(QMenuBar* bar) {
     if (bar == menuBar) {
         return;
     }
-    if (menuBar != nullptr) {
-        menuBar->hide();
-    }
-    menuBar = bar;
+    const QSize content = ContentSize();
+    QMenuBar* const before = std::exchange(menuBar, bar);
     if (menuBar != nullptr) {
         menuBar->setParent(&window);
         menuBar->setEnabled(isEnabled);
         menuBar->show();
     }
     SetContentSize(content);
+    if (before != nullptr) {
+        before->hide();  // last: it may have the keyboard, and a callback may change the bar again
+    }
 }
 
 void WindowLayout::Enable(bool enables) {

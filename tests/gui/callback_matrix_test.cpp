@@ -172,7 +172,7 @@ void EnterCanvas() {
 
 // As the window manager does it.
 void SetState(Qt::WindowState state) {
-    Native(0)->windowHandle()->setWindowState(state);
+    Native(0)->setWindowState(state);
 }
 
 struct Trigger {
