@@ -441,5 +441,40 @@ TEST_F(CallbackMatrixTest, EveryDeedIsPossibleInEveryCallback) {
     std::printf("%zu callbacks by %zu deeds\n", std::size(triggers), std::size(deeds));
 }
 
+TEST_F(CallbackMatrixTest, WhatACallbackDidStands) {
+    ASSERT_TRUE(SetStage());
+    ForgetEvents();
+    BindEvent([] { ActivateGadget(OtherField); }, GadgetActivity, 0, Field, Focus);
+    ActivateGadget(Field);
+    EXPECT_EQ(Taken(), "Focus 2, LostFocus 2, Focus 7") << "the keyboard went on once";
+    BindEvent([] { WindowDisable(0, false); }, GadgetActivity, 0, OtherField, LostFocus);
+    WindowDisable(0, true);
+    ForgetEvents();
+    Press(Qt::Key_F6);
+    EXPECT_EQ(Taken(), "Menu 6") << "the window is enabled, and so is its menu";
+
+    deed = [] {
+        WindowCreate(0, 0, 0, 360, 240);
+        isDone = true;
+    };
+    isDone = false;
+    const auto filter = [](void*, void*) {
+        Do();
+        return false;
+    };
+    AddNativeEventFilter(filter, nullptr);
+    ClickContent(0, OnGround);
+    RemoveNativeEventFilter(filter, nullptr);
+    EXPECT_TRUE(isDone);
+    EXPECT_EQ(Taken(), "") << "the click was on the window that is gone";
+
+    ASSERT_TRUE(SetStage());
+    ActivateField();
+    BindEvent([] { ButtonGadgetCreate(Button, 10, 10, 60, 20, Again); }, GadgetActivity, -1, Field,
+              LostFocus);
+    WindowDestroy(0);
+    EXPECT_FALSE(GadgetExists(Button)) << "what was put into the closing window closed with it";
+}
+
 }  // namespace
 }  // namespace rotavel

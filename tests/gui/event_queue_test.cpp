@@ -140,6 +140,30 @@ TEST_F(EventQueueTest, DataLivesUntilTheNextEventIsTaken) {
     EXPECT_EQ(calls, "a gone;b gone;");
 }
 
+TEST_F(EventQueueTest, CallbacksThatTakeEventsRobNobody) {
+    BindEvent(
+        [] {
+            while (TakeEvent() != 0) {
+            }
+        },
+        MenuChosen);
+    PostProgramEvent(MenuChosen, 0, 5);
+    PostProgramEvent(GadgetActivity, 0, 6);
+    EXPECT_EQ(TakeEvent(), MenuChosen);
+    EXPECT_EQ(Current(), "1 0 5 0;");
+    static int data;
+    const auto release = [](void*) {
+        calls += "gone;";
+        TakeEvent();
+    };
+    for (const std::int64_t object : {1, 2, 3}) {
+        QueueEvent(GadgetActivity, object, 0, 0, &data, release);
+    }
+    TakeEvent();
+    EXPECT_EQ(TakeEvent(), 0U);
+    EXPECT_EQ(calls, "gone;gone;gone;") << "each once";
+}
+
 TEST_F(EventQueueTest, WaitsAsLongAsItIsTold) {
     using std::chrono::steady_clock;
     ForgetEvents();
