@@ -272,6 +272,10 @@ TEST_F(WindowTest, OnlyACloseBoxAsksToClose) {
         AskToClose(1);
         EXPECT_EQ(Taken(), closes ? "Close 1" : "") << flags;
         WindowDisable(1, true);
+        WindowShow(1, Hidden);
+        WindowShow(1, Shown);
+        ForgetEvents();
+        EXPECT_TRUE(Native(1)->isVisible());
         AskToClose(1);
         EXPECT_EQ(Taken(), "");
         WindowDisable(1, false);
@@ -474,6 +478,14 @@ TEST_F(WindowTest, StatusBarLaysOutItsFields) {
     EXPECT_EQ(wide[1]->width(), 0);
     EXPECT_EQ(wide[2]->geometry(), QRect(420, 2, 60, 20));
     EXPECT_EQ(wide[3]->x(), 480);
+    StatusBarDestroy(7);
+    StatusBarCreate(7, WindowNativeHandle(0));
+    StatusBarAddField(50);
+    StatusBarAddField(60);
+    ForgetEvents();
+    EXPECT_EQ(Native(0)->ContentView()->findChildren<QLabel*>()[1]->geometry(),
+              QRect(50, 2, 60, 20))
+        << "what no field wants stays free";
     StatusBarCreate(7, WindowNativeHandle(0));
     WindowDestroy(0);
     EXPECT_EQ(StatusBarHeight(7), 0);
