@@ -64,7 +64,7 @@ QzWindow* QzWindow::LastKeyWindow() {
 QSize QzWindow::ZoomedContentSize() {
     const bool startsZoomed = showPending && (flags & WindowStartZoomed) != 0;
     const QPointer<QzWindow> self = this;
-    if (startsZoomed || (isMaximized() && !stands)) {
+    if (startsZoomed || unzoomedSize == size()) {
         EnsureFramed();
     }
     return self == nullptr ? QSize() : ContentSize();
@@ -176,6 +176,9 @@ void QzWindow::Present() {
     if (delegate == nullptr) {
         return;
     }
+    if (windowHandle() == nullptr && !IsCompositorInCharge()) {
+        unframedCorner = pos();
+    }
     winId();  // makes the native window
     AttachToParent();
     // The toolkit goes by the attribute only when it makes the native window, later by the
@@ -189,6 +192,7 @@ void QzWindow::Present() {
         showMinimized();
         ContentPainted();  // nothing is painted that would tell
     } else if ((flags & WindowStartZoomed) != 0) {
+        unzoomedSize = size();
         showMaximized();
     } else {
         show();
@@ -228,11 +232,19 @@ void QzWindow::EnsureFramed() {
         RememberNoFrame();
     }
     RememberFrame(*this);
+    unframedCorner.reset();
+    unzoomedSize.reset();
 }
 
 bool QzWindow::IsAwaited() const {
+    if (!isVisible() || isMinimized()) {
+        return false;
+    }
     const bool isExposed = windowHandle() != nullptr && windowHandle()->isExposed();
-    return isVisible() && ((!isExposed && !isMinimized()) || AwaitsFrame(*this));
+    // The window manager may tell how wide the frame is before it tells where it has put it.
+    const QPoint corner = geometry().topLeft();
+    const bool isFrameInPlace = corner != unframedCorner || FrameOf(*this).topLeft() == corner;
+    return !isExposed || !isFrameInPlace || unzoomedSize == size() || AwaitsFrame(*this);
 }
 
 void QzWindow::MakeKeyAndOrderFront() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include <QDeadlineTimer>
 #include <QPointer>
@@ -124,6 +125,9 @@ class QzWindow final : public QWidget {
     bool showPending = false;
     bool stands = false;
     QDeadlineTimer framePatience;
+    // Of the window until its frame has moved it, and until it is zoomed.
+    std::optional<QPoint> unframedCorner;
+    std::optional<QSize> unzoomedSize;
     bool isKey = false;
 };
 

@@ -106,7 +106,7 @@ TEST_F(WindowTest, ReportsZooms) {
     EXPECT_EQ(TakenOfWindows().find("Maximized 1, Resized 1"), 0U);
     const Pair zoomed = Content(1);
     Native(1)->showNormal();
-    EXPECT_EQ(TakenOfWindows().find("Restored 1, Resized 1"), 0U);
+    EXPECT_EQ(TakenOfWindows().substr(0, 21), "Restored 1, Resized 1");
     Native(1)->showMaximized();
     Native(1)->showNormal();
     EXPECT_EQ(TakenOfWindows().find("Maximized 1, Resized 1, Restored 1, Resized 1"), 0U);
