@@ -5,6 +5,9 @@
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <QStyleOptionFrame>
+
+#include "gui/toolkit/narrow_font.h"
 
 namespace rotavel {
 
@@ -26,6 +29,9 @@ bool AreOfCommand(Qt::KeyboardModifiers modifiers) {
 #endif
 }
 
+// What the toolkit keeps free at each end of a line, inside of the frame.
+constexpr int InnerMargin = 2;
+
 }  // namespace
 
 bool IsCommandKey(const QKeyEvent& key) {
@@ -42,6 +48,7 @@ QzTextEntry::QzTextEntry(QWidget* parent) : QLineEdit(parent) {
     setDragEnabled(true);
     SetFormatter(std::make_unique<QzMaximumLengthFormatter>());
     QObject::connect(this, &QLineEdit::textEdited, this, [this] { TextDidChange(); });
+    QObject::connect(this, &QLineEdit::textChanged, this, [this] { FitText(); });
 }
 
 void QzTextEntry::SetFormatter(std::unique_ptr<QzMaximumLengthFormatter> newFormatter) {
@@ -92,6 +99,34 @@ void QzTextEntry::keyPressEvent(QKeyEvent* event) {
     QKeyEvent command(event->type(), event->key(), event->modifiers());
     QLineEdit::keyPressEvent(&command);
     event->setAccepted(command.isAccepted());
+}
+
+void QzTextEntry::changeEvent(QEvent* event) {
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        FitText();
+    }
+}
+
+void QzTextEntry::resizeEvent(QResizeEvent* event) {
+    QLineEdit::resizeEvent(event);
+    FitText();
+}
+
+void QzTextEntry::FitText() {
+    QStyleOptionFrame frame;
+    initStyleOption(&frame);
+    const QRect inside = style()->subElementRect(QStyle::SE_LineEditContents, &frame, this);
+    QFont full = font();
+    full.setStretch(QFont::AnyStretch);
+    full.setResolveMask(full.resolveMask() & ~static_cast<uint>(QFont::StretchResolved));
+    const QFont fitting =
+        NarrowFont(full, inside.width() - 2 * InnerMargin, [this](const QFont& tried) {
+            return QFontMetricsF(tried, this).horizontalAdvance(displayText());
+        });
+    if (fitting.stretch() != font().stretch()) {
+        setFont(fitting);
+    }
 }
 
 void QzTextEntry::TextDidChange() {

@@ -31,9 +31,13 @@ class QzTextEntry : public QLineEdit {
 
   protected:
     bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
+    // Narrows the letters where the text is wider than the field.
+    void FitText();
     void TextDidChange();
     // A replaced edit is two steps to the toolkit. Undo and redo go on from the one between them,
     // the proposed text, which was never shown.

@@ -1,0 +1,201 @@
+#include <cmath>
+#include <vector>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleOptionComboBox>
+#include <QStyleOptionFrame>
+
+#include "app/current_motorcycle.h"
+#include "app/default_settings.h"
+#include "app/gear_commands.h"
+#include "app_test.h"
+#include "gui/font.h"
+#include "gui/gadgets/gadget_view.h"
+
+namespace rotavel {
+namespace {
+
+using namespace tests;
+
+// What a widget draws of texts, and where.
+class TextRecorder final : public QPaintDevice, private QPaintEngine {
+  public:
+    explicit TextRecorder(QWidget& drawn) : QPaintEngine(AllFeatures), widget(drawn) {
+        widget.render(this, {}, {}, QWidget::RenderFlags());
+    }
+
+    QString Text;
+    QRectF Place;
+
+  private:
+    QPaintEngine* paintEngine() const override { return const_cast<TextRecorder*>(this); }
+    int metric(PaintDeviceMetric metric) const override {
+        switch (metric) {
+            case PdmWidth:
+                return widget.width();
+            case PdmHeight:
+                return widget.height();
+            case PdmDevicePixelRatio:
+                return 1;
+            case PdmDevicePixelRatioScaled:
+                return static_cast<int>(devicePixelRatioFScale());
+            default:
+                return widget.logicalDpiX();
+        }
+    }
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState& now) override { transform = now.transform(); }
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+    void drawPath(const QPainterPath&) override {}
+    void drawTextItem(const QPointF& start, const QTextItem& item) override {
+        const QRectF box(start.x(), start.y() - item.ascent(), item.width(),
+                         item.ascent() + item.descent());
+        Text += item.text();
+        Place |= transform.mapRect(box);
+    }
+    Type type() const override { return User; }
+
+    QWidget& widget;
+    QTransform transform;
+};
+
+// Where a widget's text may be.
+QRect PlaceForText(const QWidget& view) {
+    if (const auto* const box = qobject_cast<const QComboBox*>(&view)) {
+        QStyleOptionComboBox option;
+        option.initFrom(box);
+        const QRect arrow = view.style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                         QStyle::SC_ComboBoxArrow, box);
+        return {1, 1, arrow.left() - 1, view.height() - 2};
+    }
+    return qobject_cast<const QLabel*>(&view) != nullptr ? view.rect()
+                                                         : view.rect().adjusted(1, 1, -1, -1);
+}
+
+QString TextOf(const QWidget& view) {
+    if (const auto* const label = qobject_cast<const QLabel*>(&view)) {
+        return label->text();
+    }
+    if (const auto* const entry = qobject_cast<const QLineEdit*>(&view)) {
+        return entry->text();
+    }
+    const auto* const box = qobject_cast<const QComboBox*>(&view);
+    return box != nullptr ? box->currentText() : static_cast<const QPushButton&>(view).text();
+}
+
+// How far two colours are apart, at most 765.
+int Contrast(const QColor& one, const QColor& other) {
+    return std::abs(one.red() - other.red()) + std::abs(one.green() - other.green()) +
+           std::abs(one.blue() - other.blue());
+}
+
+// The colour of a field under its text.
+QColor GroundOf(const QImage& image) {
+    const int inside = static_cast<int>(4 * image.devicePixelRatio());
+    return image.pixelColor(image.width() - inside, image.height() - inside);
+}
+
+// Whether something is drawn along all four edges of a field.
+bool HasFrame(QWidget& field) {
+    const QImage image = field.grab().toImage();
+    const int right = image.width() - 1;
+    const int bottom = image.height() - 1;
+    const QColor ground = GroundOf(image);
+    const auto stands = [&](QPoint outer, QPoint inner) {
+        return Contrast(image.pixelColor(outer), ground) > 30 ||
+               Contrast(image.pixelColor(inner), ground) > 30;
+    };
+    return stands({0, bottom / 2}, {1, bottom / 2}) &&
+           stands({right, bottom / 2}, {right - 1, bottom / 2}) &&
+           stands({right / 2, 0}, {right / 2, 1}) &&
+           stands({right / 2, bottom}, {right / 2, bottom - 1});
+}
+
+// The main window as riders see it, in whatever font stands in for Arial and at whatever scale the
+// environment asks for (CMakeLists.txt runs it in several).
+class LookTest : public AppTest {
+  protected:
+    void StartWithSixSpeed() {
+        Start(DefaultSettingsText);
+        ChooseMotorcycle({&program.Makers[0], &program.Makers[0].Models[0]});
+        SetGadgetText(RpmField, u"10000");
+        SetGadgetText(PrimaryRatioField, u"1.3125");
+        CalcSpeeds();
+    }
+    static void ExpectTextsInTheirPlaces() {
+        for (QWidget* const view : Views()) {
+            const TextRecorder drawn(*view);
+            const QRect place = PlaceForText(*view);
+            SCOPED_TRACE(drawn.Text.toStdString());
+            EXPECT_EQ(drawn.Text.toStdString(), TextOf(*view).toStdString());
+            if (drawn.Text.isEmpty()) {
+                continue;
+            }
+            EXPECT_GE(drawn.Place.left(), place.left() - 0.5);
+            EXPECT_LE(drawn.Place.right(), place.right() + 1.5);
+            EXPECT_GE(drawn.Place.top(), -0.5);
+            EXPECT_LE(drawn.Place.bottom(), view->height() + 0.5);
+        }
+    }
+    static std::vector<QWidget*> Views() {
+        std::vector<QWidget*> views;
+        for (std::int64_t number = 0; number < 63; ++number) {
+            if (View(number) != nullptr) {
+                views.push_back(View(number));
+            }
+        }
+        return views;
+    }
+};
+
+TEST_F(LookTest, EveryTextFitsItsPlace) {
+    StartWithSixSpeed();
+    for (const std::int64_t unit : {0, 1}) {
+        SetGadgetState(SpeedUnitBox, unit);
+        ExpectTextsInTheirPlaces();
+    }
+}
+
+TEST_F(LookTest, TextsThatDoNotFitAreNarrowedAndWidenAgain) {
+    constexpr std::int64_t large = 1;
+    FontLoad(large, u"Arial", 12);
+    StartWithSixSpeed();
+    for (const QWidget* const view : Views()) {
+        SetGadgetFont(dynamic_cast<const QzTaggedView&>(*view).Tag(), large);
+    }
+    ExpectTextsInTheirPlaces();
+    const QFont narrowed = View(PrimaryRatioField)->font();
+    SetGadgetText(PrimaryRatioField, u"1");
+    const QFont whole = View(PrimaryRatioField)->font();
+    EXPECT_LT(QFontMetrics(narrowed).horizontalAdvance("1.3125"),
+              QFontMetrics(whole).horizontalAdvance("1.3125"));
+    ActivateGadget(PrimaryRatioField);
+    Type("1.3125");
+    Run();
+    ExpectTextsInTheirPlaces();
+}
+
+TEST_F(LookTest, FieldsHaveFramesInTheDesktopsColours) {
+    const QPalette light = QApplication::palette();
+    QPalette dark(QColor(60, 60, 60), QColor(45, 45, 45));
+    for (const QPalette& palette : {light, dark}) {
+        QApplication::setPalette(palette);
+        StartWithSixSpeed();
+        for (QWidget* const view : Views()) {
+            if (qobject_cast<QLineEdit*>(view) != nullptr) {
+                EXPECT_TRUE(HasFrame(*view)) << TextOf(*view).toStdString();
+                EXPECT_EQ(GroundOf(view->grab().toImage()), palette.color(QPalette::Base));
+            }
+        }
+    }
+    QApplication::setPalette(QPalette());
+}
+
+}  // namespace
+}  // namespace rotavel
