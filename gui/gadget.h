@@ -43,6 +43,9 @@ void DisableGadget(GadgetNumber number, bool state);
 void HideGadget(GadgetNumber number, bool state);
 void GadgetToolTip(GadgetNumber number, std::u16string_view text);
 
+// What a screen reader calls the gadget; an empty text leaves that to the gadget's own text.
+void GadgetName(GadgetNumber number, std::u16string_view text);
+
 // Position in the gadget's container (mode 0), on the screen (1) or in its window's content (2).
 inline constexpr int InContainer = 0;
 inline constexpr int OnScreen = 1;

@@ -4,6 +4,7 @@
 #include <QPixmap>
 #include <QStandardItemModel>
 
+#include "gui/gadgets/accessible_combo_box.h"
 #include "gui/gadgets/combo_box_view.h"
 #include "gui/gadgets/edit_combo_box.h"
 #include "gui/toolkit/handle.h"
@@ -18,7 +19,9 @@ constexpr int BlankImageSide = 16;
 
 class Qz_NSPopUpButton final : public QzComboBoxView {
   public:
-    using QzComboBoxView::QzComboBoxView;
+    explicit Qz_NSPopUpButton(QWidget* container) : QzComboBoxView(container) {
+        NameByAccessibleName(*this);
+    }
 
     // The plain form has no text of its own.
     void SetStringValue(const QString&) override {}

@@ -65,6 +65,10 @@ void GadgetToolTip(GadgetNumber number, std::u16string_view text) {
     Forward(number, &QzGadgetFunctions::GadgetToolTip, text);
 }
 
+void GadgetName(GadgetNumber number, std::u16string_view text) {
+    Forward(number, &QzGadgetFunctions::GadgetName, text);
+}
+
 std::int64_t GadgetX(GadgetNumber number, int mode) {
     EnsureFramedFor(number, mode);
     return Forward(number, &QzGadgetFunctions::GadgetX, mode);

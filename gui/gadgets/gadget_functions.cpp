@@ -94,6 +94,11 @@ void QzGadgetFunctions::GadgetToolTip(std::u16string_view text) {
     Gadget->View->setToolTip(
         text.empty() ? QString()
                      : "<qt>" + ToQString(text).toHtmlEscaped().replace('\n', "<br>") + "</qt>");
+    Gadget->View->setAccessibleDescription(ToQString(text));  // else it is read with its marks
+}
+
+void QzGadgetFunctions::GadgetName(std::u16string_view text) const {
+    Gadget->View->setAccessibleName(ToQString(text));
 }
 
 void QzGadgetFunctions::HideGadget(bool state) {
@@ -101,9 +106,12 @@ void QzGadgetFunctions::HideGadget(bool state) {
 }
 
 void QzGadgetFunctions::DisableGadget(bool state) {
-    if (!isNSControl) {
-        return;
+    if (isNSControl) {
+        DisableView(state);
     }
+}
+
+void QzGadgetFunctions::DisableView(bool state) {
     const QPointer<QWidget> view = Gadget->View;
     if (state) {
         TakeKeyboardFrom(*view);  // the toolkit would pass it on to the next view

@@ -37,6 +37,7 @@ class QzGadgetFunctions {
     virtual void FreeGadget() {}
     virtual void ActivateGadget();
     virtual void GadgetToolTip(std::u16string_view text);
+    void GadgetName(std::u16string_view text) const;
     virtual void HideGadget(bool state);
     virtual void DisableGadget(bool state);
     virtual std::int64_t GadgetX(int mode) const;
@@ -88,6 +89,8 @@ class QzGadgetFunctions {
     virtual void OpenGadgetList(std::int64_t) {}
 
   protected:
+    void DisableView(bool state);
+
     std::int64_t GadgetID = -1;
     GadgetRecord* Gadget = nullptr;
     bool isNSControl = false;

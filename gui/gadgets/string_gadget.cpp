@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include <QAccessible>
 #include <QPointer>
 
 #include "gui/event_queue.h"
@@ -23,7 +24,15 @@ class QzStringField : public QzGadgetView<QzTextEntry>, public QzControl {
   public:
     using QzGadgetView::QzGadgetView;
 
-    void SetStringValue(const QString& value) override { ShowText(value); }
+    // A screen reader is told, as it is of what the user types.
+    void SetStringValue(const QString& value) override {
+        const bool isNew = value != text();
+        ShowText(value);
+        if (isNew) {
+            QAccessibleValueChangeEvent change(this, value);
+            QAccessible::updateAccessibility(&change);
+        }
+    }
     QString StringValue() const override { return text(); }
 };
 

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QWindow>
 
+#include "gui/toolkit/accessible_role.h"
 #include "gui/toolkit/native_events.h"
 #include "gui/window.h"
 #include "gui/windows/qz_views.h"
@@ -41,6 +42,7 @@ QzWindow::QzWindow(std::uint32_t creationFlags, QzWindow* parent, QSize contentS
       focus(*this, *contentView) {
     setWindowFlags(ToolkitFlags(flags, parent != nullptr));
     setFocusPolicy(Qt::NoFocus);
+    SetAccessibleRole(*this, QAccessible::Window);
     layout.SetContentSize(contentSize);
     EnterWindow(this);
 }

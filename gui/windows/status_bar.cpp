@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPointer>
 
+#include "gui/toolkit/accessible_role.h"
 #include "gui/toolkit/coordinates.h"
 #include "gui/toolkit/font.h"
 #include "gui/toolkit/handle.h"
@@ -77,6 +78,7 @@ QzStatusBarView::QzStatusBarView(QzWindow* owner, std::int64_t barNumber)
     row->addStretch();  // behind the fields; takes nothing as long as a field stretches
     row->setSizeConstraint(QLayout::SetNoConstraint);
     setMinimumHeight(BarHeight);
+    SetAccessibleRole(*this, QAccessible::StatusBar);
     setAutoFillBackground(true);  // scrolled content runs on under it
     show();
     owner->Layout().AddFooter(this);
