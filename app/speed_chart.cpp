@@ -43,6 +43,7 @@ bool OpenChartWindow(const PlotSize& plot, std::u16string_view heading) {
     WindowDisable(MainWindow, 1);
     CanvasGadgetCreate(Canvas, CanvasMargin, CanvasMargin, width, height);
     SetGadgetAttribute(Canvas, CanvasCursor, CursorCrossHair);
+    GadgetName(Canvas, u"Chart of road speed against engine speed");
     const std::int64_t headingWidth = WindowGetWidth(MainWindow);
     StatusBarCreate(ChartStatusBar, WindowNativeHandle(ChartWindow));
     StatusBarAddField(headingWidth);
@@ -89,6 +90,7 @@ std::int64_t OpenSpeedChart(std::u16string_view heading, std::int64_t maxRpm,
     }
     const std::int64_t image = MakePlotImage(inputs, plot, maxRpm, topSpeed);
     OpenMagnifier(ChartWindow);
+    ActivateGadget(Canvas);  // so that the arrow keys move the cross-hair
     return image;
 }
 

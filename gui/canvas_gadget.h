@@ -13,6 +13,11 @@ namespace rotavel {
 // While its window has the keyboard, the pointer posts GadgetActivity with one of these types:
 // first that it entered, at last that it left, which is also posted when the window loses the
 // keyboard or the canvas is hidden. A press that began elsewhere enters nothing.
+//
+// A canvas that has the keyboard itself (ActivateGadget, Tab) takes the arrow keys for the pointer,
+// though that stays where it is on the screen: the first key enters at the place the pointer was at
+// last, in the middle if there is none, each further one moves by a pixel, with Shift by ten, to
+// the canvas's edges at most. Losing the keyboard, or the pointer moving elsewhere, leaves.
 
 inline constexpr std::int64_t CanvasMouseEnter = 65537;
 inline constexpr std::int64_t CanvasMouseLeave = 65538;

@@ -1,16 +1,22 @@
 #include "gui/canvas_gadget.h"
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 #include <QApplication>
+#include <QFocusFrame>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QWindow>
 
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
 #include "gui/gadgets/gadget_creation.h"
 #include "gui/gadgets/gadget_view.h"
+#include "gui/toolkit/accessible_role.h"
 #include "gui/toolkit/colour.h"
 #include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
@@ -21,12 +27,37 @@ namespace {
 
 void (*lostCanvasNotifier)(const NativeImage*) = nullptr;
 
+constexpr int LongStep = 10;  // of an arrow key with Shift
+
+// Where an arrow key moves the pointer; nothing for another key.
+std::optional<QPoint> StepOf(const QKeyEvent& key) {
+    if ((key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) != 0) {
+        return std::nullopt;
+    }
+    const int step = (key.modifiers() & Qt::ShiftModifier) != 0 ? LongStep : 1;
+    switch (key.key()) {
+        case Qt::Key_Left:
+            return QPoint(-step, 0);
+        case Qt::Key_Right:
+            return QPoint(step, 0);
+        case Qt::Key_Up:
+            return QPoint(0, -step);
+        case Qt::Key_Down:
+            return QPoint(0, step);
+        default:
+            return std::nullopt;
+    }
+}
+
 class Qz_CanvasView final : public QzGadgetView<QWidget> {
   public:
     explicit Qz_CanvasView(QWidget* container) : QzGadgetView(container) {
         setAttribute(Qt::WA_OpaquePaintEvent);
+        setFocusPolicy(Qt::TabFocus);
+        SetAccessibleRole(*this, QAccessible::Graphic);
     }
     ~Qz_CanvasView() override {
+        delete focusFrame;
         if (bitmap.paintingActive() && lostCanvasNotifier != nullptr) {
             lostCanvasNotifier(ToHandle<NativeImage>(&bitmap));
         }
@@ -39,7 +70,7 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
         }
         return bitmap;
     }
-    QPoint Mouse() const { return mouse; }
+    QPoint Mouse() const { return mouse.value_or(QPoint()); }
     void SetBackground(const QColor& colour) {
         background = colour;
         if (!bitmap.isNull() && !bitmap.paintingActive()) {
@@ -81,6 +112,29 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
         }
         return false;
     }
+    void focusInEvent(QFocusEvent*) override {
+        // Around the view: on it, it would hide what the program drew.
+        if (focusFrame == nullptr) {
+            focusFrame = new QFocusFrame(this);
+            focusFrame->setWidget(this);
+        }
+        focusFrame->show();
+    }
+    void focusOutEvent(QFocusEvent*) override {
+        if (focusFrame != nullptr) {
+            focusFrame->hide();
+        }
+        if (hasMouseByKeys) {
+            MouseLeft();
+        }
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        const std::optional<QPoint> step = StepOf(*event);
+        event->setAccepted(step.has_value());
+        if (step) {
+            MoveByKey(*step);
+        }
+    }
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.drawImage(0, 0, Bitmap());
@@ -97,12 +151,27 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
             return;
         }
         const QPointF inside = mapFrom(window(), place);
-        mouse = {qFloor(inside.x()), qFloor(inside.y())};
+        mouse = QPoint(qFloor(inside.x()), qFloor(inside.y()));
+        hasMouseByKeys = false;
         if (!std::exchange(hasMouse, true)) {
             SendEventOf(*this, CanvasMouseEnter);
         }
     }
+    void MoveByKey(QPoint step) {
+        const QPoint from = mouse.value_or(rect().center());
+        const QPoint to = hasMouse ? from + step : from;
+        mouse = QPoint(std::clamp(to.x(), 0, std::max(width() - 1, 0)),
+                       std::clamp(to.y(), 0, std::max(height() - 1, 0)));
+        hasMouseByKeys = true;
+        if (!std::exchange(hasMouse, true)) {
+            SendEventOf(*this, CanvasMouseEnter);
+        }
+        if (hasMouse) {  // a binding may have hidden the canvas
+            SendEventOf(*this, CanvasMouseMove);
+        }
+    }
     void MouseLeft() {
+        hasMouseByKeys = false;
         if (std::exchange(hasMouse, false)) {
             SendEventOf(*this, CanvasMouseLeave);
         }
@@ -136,14 +205,16 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     }
 
     QImage bitmap;
-    QPoint mouse;
+    std::optional<QPoint> mouse;
     bool hasMouse = false;
+    bool hasMouseByKeys = false;
+    QPointer<QFocusFrame> focusFrame;  // made with the first focus; the container owns it
     QColor background = Qt::white;
 };
 
 class QzCanvasGadgetFunctions final : public QzGadgetFunctions {
   public:
-    void DisableGadget(bool state) override { View().setEnabled(!state); }
+    void DisableGadget(bool state) override { DisableView(state); }
 
     void SetGadgetAttribute(std::int64_t attribute, std::int64_t value) override {
         if (attribute == CanvasCursor) {

@@ -74,6 +74,14 @@ TEST_F(ScreenReaderTest, ResultsAreReadWhereTheyStand) {
     EXPECT_EQ(TextOf(View(GearSpeedField), QAccessible::Value),
               ToUtf8(GetGadgetText(GearSpeedField)));
     EXPECT_EQ(TextOf(View(SpeedUnitBox), QAccessible::Value), "km/h");
+    Push(GraphicButton);
+    Press(Qt::Key_Right);
+    Run();
+    const std::string dump = DumpOf(*View(63)->window());
+    EXPECT_NE(dump.find("\npicture Chart of road speed"), std::string::npos) << dump;
+    EXPECT_NE(dump.find("\nlabel " + ToUtf8(StatusText(63, 1)) + "\n"), std::string::npos) << dump;
+    AskToClose(1);
+    Run();
 }
 
 }  // namespace

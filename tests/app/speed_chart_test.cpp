@@ -12,6 +12,7 @@
 #include "app/default_settings.h"
 #include "app/gear_commands.h"
 #include "app_test.h"
+#include "gui/canvas_gadget.h"
 #include "gui/window.h"
 #include "text/number_text.h"
 
@@ -100,6 +101,33 @@ TEST_F(SpeedChartTest, ReadsOutWhatIsUnderThePointer) {
     WindowGetX(3);  // which brings it to the screen
     Run();
     EXPECT_FALSE(MagnifierIsVisible()) << "another window has the keyboard";
+}
+
+TEST_F(SpeedChartTest, ArrowKeysMoveTheCrossHair) {
+    Push(GraphicButton);
+    const std::tuple<Qt::Key, Qt::KeyboardModifiers, const char16_t*> keys[] = {
+        {Qt::Key_Right, Qt::NoModifier, u"4487 rpm  -  93 km/h"},  // enters, in the middle
+        {Qt::Key_Right, Qt::NoModifier, u"4500 rpm  -  93 km/h"},
+        {Qt::Key_Up, Qt::ShiftModifier, u"4500 rpm  -  98 km/h"},
+        {Qt::Key_Down, Qt::KeypadModifier, u"4500 rpm  -  97 km/h"},
+        {Qt::Key_Left, Qt::ShiftModifier, u"4375 rpm  -  97 km/h"},
+        {Qt::Key_Left, Qt::ControlModifier, u"4375 rpm  -  97 km/h"}};
+    for (const auto& [key, modifiers, text] : keys) {
+        Press(key, modifiers);
+        Run();
+        EXPECT_EQ(StatusText(canvas, 1), text);
+        EXPECT_TRUE(MagnifierIsVisible());
+    }
+    for (int steps = 0; steps < 50; ++steps) {
+        Press(Qt::Key_Left, Qt::ShiftModifier);
+    }
+    Run();
+    EXPECT_EQ(GetGadgetAttribute(canvas, CanvasMouseX), 0) << "it stays on the canvas";
+    EXPECT_FALSE(MagnifierIsVisible()) << "left of the axis";
+    PointAt(200, 200);
+    Press(Qt::Key_Right);
+    Run();
+    EXPECT_EQ(GetGadgetAttribute(canvas, CanvasMouseX), 201) << "on from where the pointer is";
 }
 
 TEST_F(SpeedChartTest, MagnifierShowsThePlotFiveTimesEnlargedBesideTheChart) {

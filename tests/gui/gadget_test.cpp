@@ -1,5 +1,6 @@
 #include "gui/gadget.h"
 
+#include <QFocusFrame>
 #include <QTest>
 #include <QWidget>
 #include <QWindow>
@@ -316,6 +317,56 @@ TEST_F(GadgetTest, CanvasFollowsThePointerWhileItsWindowHasTheKeyboard) {
         EXPECT_EQ(GetGadgetAttribute(1, CanvasMouseX), step.X);
         EXPECT_EQ(GetGadgetAttribute(1, CanvasMouseY), step.Y);
     }
+}
+
+TEST_F(GadgetTest, ArrowKeysAreThePointerOfACanvasThatHasTheKeyboard) {
+    static std::string told;
+    CanvasGadgetCreate(1, 10, 10, 51, 41);
+    StringGadgetCreate(2, 10, 60, 50, 20, u"");
+    const QImage before = View(1)->grab().toImage();
+    const QImage around = Native(0)->ContentView()->grab().toImage();
+    ActivateGadget(1);
+    ForgetEvents();
+    EXPECT_EQ(View(1)->grab().toImage(), before);
+    EXPECT_NE(Native(0)->ContentView()->grab().toImage(), around) << "the focus is to be seen";
+    BindEvent([] { told += " ELM"[CurrentEventType() - CanvasMouseEnter + 1]; }, GadgetActivity, 0,
+              1);
+    const struct {
+        Qt::Key Key;
+        void (*Before)();
+        std::string Told;
+        int X, Y;
+    } steps[] = {
+        {Qt::Key_Up, nullptr, "EM", 25, 20},
+        {Qt::Key_Up, nullptr, "M", 25, 19},
+        {Qt::Key_A, nullptr, "", 25, 19},
+        {Qt::Key_Up, [] { ActivateGadget(2); }, "L", 25, 19},
+        {Qt::Key_Left, [] { ActivateGadget(1); }, "EM", 25, 19},
+        {Qt::Key_Left, nullptr, "M", 24, 19},
+        {Qt::Key_Left, [] { HideGadget(1, true); }, "L", 24, 19},
+        {Qt::Key_Left,
+         [] {
+             HideGadget(1, false);
+             ActivateGadget(1);
+         },
+         "EM", 24, 19},
+        {Qt::Key_Left, [] { DisableGadget(1, true); }, "L", 24, 19},
+    };
+    for (const auto& step : steps) {
+        told.clear();
+        if (step.Before != nullptr) {
+            step.Before();
+            ForgetEvents();
+        }
+        Press(step.Key);
+        ForgetEvents();
+        EXPECT_EQ(told, step.Told);
+        EXPECT_EQ(GetGadgetAttribute(1, CanvasMouseX), step.X);
+        EXPECT_EQ(GetGadgetAttribute(1, CanvasMouseY), step.Y);
+    }
+    FreeGadget(1);
+    ForgetEvents();
+    EXPECT_EQ(Native(0)->ContentView()->findChild<QFocusFrame*>(), nullptr);
 }
 
 TEST_F(GadgetTest, ImageGadgetTakesTheImagesSize) {
