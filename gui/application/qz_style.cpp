@@ -33,6 +33,28 @@ QRect ComboBoxPart(const QStyleOptionComplex& box, QStyle::SubControl part) {
     return QStyle::visualRect(box.direction, box.rect, place);
 }
 
+bool IsDark(const QPalette& palette) {
+    return palette.color(QPalette::Window).lightness() <
+           palette.color(QPalette::WindowText).lightness();
+}
+
+// The frame of a field on dark ground, where the base style's own, which is darker than the ground,
+// is not to be seen.
+void DrawLightFrame(QPainter& painter, const QStyleOption& field) {
+    constexpr float frameAlpha = 0.35F;
+    constexpr double halfPen = 0.5;
+    constexpr double corner = 2;
+    QColor colour = field.palette.color(QPalette::WindowText);
+    colour.setAlphaF(frameAlpha);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(colour);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(field.rect).adjusted(halfPen, halfPen, -halfPen, -halfPen),
+                            corner, corner);
+    painter.restore();
+}
+
 }  // namespace
 
 QzStyle::QzStyle() : QProxyStyle(BaseStyle()) {}
@@ -50,6 +72,11 @@ void QzStyle::drawControl(ControlElement element, const QStyleOption* option, QP
 
 void QzStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                             const QWidget* widget) const {
+    if (element == PE_FrameLineEdit && IsDark(option->palette) &&
+        !option->state.testFlag(State_HasFocus)) {
+        DrawLightFrame(*painter, *option);
+        return;
+    }
     const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
     if (element != PE_PanelButtonCommand || button == nullptr ||
         !button->state.testFlag(State_HasFocus)) {

@@ -183,7 +183,8 @@ TEST_F(LookTest, TextsThatDoNotFitAreNarrowedAndWidenAgain) {
 
 TEST_F(LookTest, FieldsHaveFramesInTheDesktopsColours) {
     const QPalette light = QApplication::palette();
-    QPalette dark(QColor(60, 60, 60), QColor(45, 45, 45));
+    QPalette dark(QColor(49, 54, 59), QColor(42, 46, 50));
+    dark.setColor(QPalette::Base, QColor(27, 30, 32));
     for (const QPalette& palette : {light, dark}) {
         QApplication::setPalette(palette);
         StartWithSixSpeed();
