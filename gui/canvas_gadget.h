@@ -17,7 +17,8 @@ namespace rotavel {
 // A canvas that has the keyboard itself (ActivateGadget, Tab) takes the arrow keys for the pointer,
 // though that stays where it is on the screen: the first key enters at the place the pointer was at
 // last, in the middle if there is none, each further one moves by a pixel, with Shift by ten, to
-// the canvas's edges at most. Losing the keyboard, or the pointer moving elsewhere, leaves.
+// the canvas's edges at most. Losing the keyboard, or the pointer moving elsewhere, leaves. A cross
+// shows the place on the screen; the bitmap stays as it is.
 
 inline constexpr std::int64_t CanvasMouseEnter = 65537;
 inline constexpr std::int64_t CanvasMouseLeave = 65538;

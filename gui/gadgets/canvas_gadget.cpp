@@ -28,6 +28,7 @@ namespace {
 void (*lostCanvasNotifier)(const NativeImage*) = nullptr;
 
 constexpr int LongStep = 10;  // of an arrow key with Shift
+constexpr int PointerArm = 8;
 
 // Where an arrow key moves the pointer; nothing for another key.
 std::optional<QPoint> StepOf(const QKeyEvent& key) {
@@ -138,6 +139,9 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.drawImage(0, 0, Bitmap());
+        if (hasMouseByKeys) {
+            DrawPointer(painter);
+        }
     }
 
   private:
@@ -152,9 +156,14 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
         }
         const QPointF inside = mapFrom(window(), place);
         mouse = QPoint(qFloor(inside.x()), qFloor(inside.y()));
-        hasMouseByKeys = false;
+        TakePointerFromKeys();
         if (!std::exchange(hasMouse, true)) {
             SendEventOf(*this, CanvasMouseEnter);
+        }
+    }
+    void TakePointerFromKeys() {
+        if (std::exchange(hasMouseByKeys, false)) {
+            update();
         }
     }
     void MoveByKey(QPoint step) {
@@ -163,6 +172,7 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
         mouse = QPoint(std::clamp(to.x(), 0, std::max(width() - 1, 0)),
                        std::clamp(to.y(), 0, std::max(height() - 1, 0)));
         hasMouseByKeys = true;
+        update();
         if (!std::exchange(hasMouse, true)) {
             SendEventOf(*this, CanvasMouseEnter);
         }
@@ -170,8 +180,17 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
             SendEventOf(*this, CanvasMouseMove);
         }
     }
+    // Where the arrow keys have the pointer, in colours that differ from what it lies on.
+    void DrawPointer(QPainter& painter) const {
+        const QPoint across(PointerArm, 0);
+        const QPoint along(0, PointerArm);
+        painter.setCompositionMode(QPainter::CompositionMode_Difference);
+        painter.setPen(Qt::white);
+        painter.drawLine(Mouse() - across, Mouse() + across);
+        painter.drawLine(Mouse() - along, Mouse() + along);
+    }
     void MouseLeft() {
-        hasMouseByKeys = false;
+        TakePointerFromKeys();
         if (std::exchange(hasMouse, false)) {
             SendEventOf(*this, CanvasMouseLeave);
         }

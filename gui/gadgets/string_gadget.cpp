@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include <QAccessible>
 #include <QPointer>
 
 #include "gui/event_queue.h"
@@ -24,15 +23,7 @@ class QzStringField : public QzGadgetView<QzTextEntry>, public QzControl {
   public:
     using QzGadgetView::QzGadgetView;
 
-    // A screen reader is told, as it is of what the user types.
-    void SetStringValue(const QString& value) override {
-        const bool isNew = value != text();
-        ShowText(value);
-        if (isNew) {
-            QAccessibleValueChangeEvent change(this, value);
-            QAccessible::updateAccessibility(&change);
-        }
-    }
+    void SetStringValue(const QString& value) override { ShowText(value); }
     QString StringValue() const override { return text(); }
 };
 

@@ -364,6 +364,12 @@ TEST_F(GadgetTest, ArrowKeysAreThePointerOfACanvasThatHasTheKeyboard) {
         EXPECT_EQ(GetGadgetAttribute(1, CanvasMouseX), step.X);
         EXPECT_EQ(GetGadgetAttribute(1, CanvasMouseY), step.Y);
     }
+    DisableGadget(1, false);
+    ActivateGadget(1);
+    EXPECT_EQ(View(1)->grab().toImage(), before);
+    Press(Qt::Key_Left);
+    EXPECT_NE(View(1)->grab().toImage(), before) << "the place is to be seen";
+    EXPECT_EQ(FromHandle(CanvasBitmap(1))->pixelColor(24, 19), QColor(Qt::white));
     FreeGadget(1);
     ForgetEvents();
     EXPECT_EQ(Native(0)->ContentView()->findChild<QFocusFrame*>(), nullptr);
