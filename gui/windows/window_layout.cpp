@@ -29,7 +29,6 @@ void WindowLayout::SetMenuBar(QMenuBar* bar) {
     if (bar == menuBar) {
         return;
     }
-    const QSize content = ContentSize();
     QMenuBar* const before = std::exchange(menuBar, bar);
     if (menuBar != nullptr) {
         menuBar->setParent(&window);

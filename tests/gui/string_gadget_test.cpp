@@ -1,10 +1,12 @@
 #include "gui/string_gadget.h"
 
 #include <QClipboard>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QTest>
+#include <QWidget>
 
 #include "gui/events/event_posting.h"
 #include "gui/gadget.h"
@@ -178,6 +180,26 @@ TEST_F(StringGadgetTest, PressOnWhatIsSelectedBeginsADrag) {
     QTest::mousePress(View(1), Qt::LeftButton, {}, {10, 10});
     EXPECT_EQ(static_cast<QLineEdit*>(View(1))->selectedText(), "abcdefgh");
     QTest::mouseRelease(View(1), Qt::LeftButton, {}, {10, 10});
+}
+
+// The letters that the formatter puts in place of the typed ones are the wider ones.
+TEST_F(StringGadgetTest, NarrowsWhatIsTypedToTheFieldAndWidensItAgain) {
+    WindowCreate(0, 0, 0, 200, 100);
+    StringGadgetCreate(1, 0, 0, 40, 20, u"", StringUpperCase);
+    ForgetEvents();
+    ActivateGadget(1);
+    const int whole = View(1)->font().stretch();
+    Play("ffffff");
+    EXPECT_EQ(GetGadgetText(1), u"FFFFFF");
+    const double narrowed = QFontMetricsF(View(1)->font()).horizontalAdvance("FFFFFF");
+    EXPECT_LE(narrowed, View(1)->width() - 6);
+    EXPECT_NE(View(1)->font().stretch(), whole);
+    SetGadgetText(1, u"WWWWWWWWWWWWWWWWWWWW");
+    EXPECT_GE(View(1)->font().stretch(), 62) << "to read it is worth more than to see it whole";
+    Play({All, 'i'});
+    EXPECT_EQ(View(1)->font().stretch(), whole);
+    Play({Undo});
+    EXPECT_EQ(GetGadgetText(1), u"WWWWWWWWWWWWWWWWWWWW");
 }
 
 }  // namespace
