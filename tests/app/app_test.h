@@ -4,8 +4,8 @@
 #include <string>
 
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
-#include <QMessageBox>
 #include <QTimer>
 
 #include "app/main_loop.h"
@@ -102,8 +102,8 @@ class AppTest : public DrawTest {
         QString message;
         QTimer timer;
         QObject::connect(&timer, &QTimer::timeout, &timer, [&message] {
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                message = box->windowTitle() + "|" + box->informativeText();
+            if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                message = box->windowTitle() + "|" + box->findChildren<QLabel*>().at(1)->text();
                 box->accept();
             }
         });
