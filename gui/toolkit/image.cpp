@@ -21,11 +21,7 @@ QImage MakeBitmap(std::int64_t width, std::int64_t height) {
     if (!IsPossibleSize(width, height)) {
         return {};
     }
-    const QSize size = BitmapSize(width, height);
-    if (!IsPossibleSize(size.width(), size.height())) {
-        return {};
-    }
-    QImage bitmap(size, QImage::Format_RGB32);
+    QImage bitmap(BitmapSize(width, height), QImage::Format_RGB32);
     bitmap.setDevicePixelRatio(qApp->devicePixelRatio());
     return bitmap;
 }

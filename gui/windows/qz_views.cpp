@@ -1,5 +1,7 @@
 #include "gui/windows/qz_views.h"
 
+#include <utility>
+
 #include <QMouseEvent>
 
 #include "gui/events/event_posting.h"
@@ -42,7 +44,16 @@ void QzFlippedWindowView::mouseReleaseEvent(QMouseEvent* event) {
 
 void QzFlippedWindowView::paintEvent(QPaintEvent*) {
     QzWindow::Of(this)->ContentPainted();
-    Post(Repaint);
+    // Once the painting is done: a callback to this may change what is being painted.
+    if (!std::exchange(tellsPainting, true)) {
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                tellsPainting = false;
+                Post(Repaint);
+            },
+            Qt::QueuedConnection);
+    }
 }
 
 void QzFlippedWindowView::Post(std::uint32_t kind) const {

@@ -31,6 +31,7 @@ class QzFlippedWindowView final : public QzDropTarget<QWidget> {
     void Post(std::uint32_t kind) const;
 
     ClickCount clicks;
+    bool tellsPainting = false;
 };
 
 // Lies over a disabled window's content and swallows every click. Remembers which buttons of the

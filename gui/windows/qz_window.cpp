@@ -9,6 +9,7 @@
 
 #include "gui/toolkit/accessible_role.h"
 #include "gui/toolkit/native_events.h"
+#include "gui/toolkit/retired_objects.h"
 #include "gui/window.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/window_frame.h"
@@ -287,7 +288,8 @@ void QzWindow::Enable() {
 void QzWindow::RemoveOverlay() {
     if (overlay != nullptr) {
         SetTitleBarButtons(*this, overlay->EnabledButtons());
-        delete std::exchange(overlay, nullptr);
+        overlay->hide();
+        Retire(std::exchange(overlay, nullptr));  // the window may be in the middle of painting it
     }
 }
 

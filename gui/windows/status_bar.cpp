@@ -11,6 +11,7 @@
 #include "gui/toolkit/coordinates.h"
 #include "gui/toolkit/font.h"
 #include "gui/toolkit/handle.h"
+#include "gui/toolkit/retired_objects.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/status_bars.h"
@@ -85,7 +86,10 @@ QzStatusBarView::QzStatusBarView(QzWindow* owner, std::int64_t barNumber)
 }
 
 QzStatusBarView::~QzStatusBarView() {
-    registry.Remove(number);
+    QzStatusBarView* const* const bar = registry.Find(number);
+    if (bar != nullptr && *bar == this) {
+        registry.Remove(number);
+    }
 }
 
 void QzStatusBarView::AddField(std::int64_t width) {
@@ -111,9 +115,13 @@ QzStatusBarView* FindBar(std::int64_t number) {
     return bar == nullptr ? nullptr : *bar;
 }
 
-void DestroyBar(const QzStatusBarView* bar) {
+void DestroyBar(std::int64_t number, QzStatusBarView* bar) {
     QzWindow* const window = bar->Window();
-    delete bar;
+    registry.Remove(number);
+    bar->hide();
+    window->Layout().RemoveFooter(bar);
+    newestBar = newestBar == bar ? nullptr : newestBar;
+    Retire(bar);  // the window may be in the middle of painting it
     window->Layout().Apply();
 }
 
@@ -122,7 +130,7 @@ void DestroyBar(const QzStatusBarView* bar) {
 void DestroyStatusBarsOf(const QzWindow* window) {
     for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
         if ((*next.second)->Window() == window) {
-            DestroyBar(*next.second);
+            DestroyBar(next.first, *next.second);
         }
     }
 }
@@ -168,10 +176,10 @@ std::int64_t StatusBarHeight(std::int64_t number) {
 void StatusBarDestroy(std::int64_t number) {
     if (number == AnyNumber) {
         for (auto next = registry.First(); next.second != nullptr; next = registry.First()) {
-            DestroyBar(*next.second);
+            DestroyBar(next.first, *next.second);
         }
-    } else if (const QzStatusBarView* const bar = FindBar(number)) {
-        DestroyBar(bar);
+    } else if (QzStatusBarView* const bar = FindBar(number)) {
+        DestroyBar(number, bar);
     }
 }
 

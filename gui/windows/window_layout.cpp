@@ -49,6 +49,10 @@ void WindowLayout::Enable(bool enables) {
     }
 }
 
+void WindowLayout::RemoveFooter(QWidget* footer) {
+    std::erase(footers, footer);
+}
+
 void WindowLayout::AddFooter(QWidget* footer) {
     footers.emplace_back(footer);
     Apply();
@@ -94,7 +98,6 @@ void WindowLayout::Apply() {
     if (resizable) {
         content = window.size() == askedWindow ? askedContent : below.expandedTo(contentMinimum);
     }
-    std::erase(footers, nullptr);
     const QSize footer(0, FooterHeight());
     scroll.Place({QPoint(0, top), below - footer}, content - footer);
     const QPoint offset = scroll.Offset();

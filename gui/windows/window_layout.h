@@ -27,6 +27,7 @@ class WindowLayout {
     void Enable(bool enables);
     // Puts a widget of the content view along the bottom, at its minimum height.
     void AddFooter(QWidget* footer);
+    void RemoveFooter(QWidget* footer);
 
     // Of what is to be seen of the content, in the window.
     QPoint ContentCorner() const { return {0, MenuBarHeight(window.width())}; }

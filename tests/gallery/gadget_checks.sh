@@ -91,7 +91,7 @@ check_pictures() {
     put_pointer background
     sees "a pointer off the canvas" 'Type65538 60 ""'
     click "button on canvas"
-    sees "the button on the canvas" 'Type65537 60 ""' 'LostFocus 1 "any text"' 'Type0 61 "On canvas"'
+    sees "the button on the canvas" 'Type65537 60 ""' 'Type65539 60 ""' 'LostFocus 1 "any text"' 'Type0 61 "On canvas"'
     picture gadgets
 }
 
