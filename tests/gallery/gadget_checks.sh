@@ -140,7 +140,7 @@ check_requester() {
 }
 
 ask_in_vain() {
-    click button
+    click 1
     click "gallery menu"
     click_box "$gallery" "$close_box"
     key y F5 alt+F6 Escape
