@@ -1,5 +1,6 @@
 #include "settings/program_location.h"
 
+#include <bit>
 #include <cstddef>
 #include <filesystem>
 #include <string>
@@ -17,7 +18,7 @@ namespace fs = std::filesystem;
 // The path that the kernel was given to start the program, whatever name the program was told to
 // go by. Links in it are kept; it is empty when it cannot be told.
 fs::path StartedPath() {
-    const auto* given = reinterpret_cast<const char*>(getauxval(AT_EXECFN));
+    const auto* given = std::bit_cast<const char*>(getauxval(AT_EXECFN));
     std::error_code failed;
     return given != nullptr ? fs::absolute(given, failed) : fs::path();
 }
@@ -26,7 +27,7 @@ fs::path StartedPath() {
 // of their own then, and there their settings are; any other link leads to where the program lies.
 fs::path FindProgram() {
     std::error_code failed;
-    const fs::path started = StartedPath();
+    fs::path started = StartedPath();
     if (fs::is_directory(started.parent_path() / "../Resources", failed)) {
         return started;
     }
