@@ -403,6 +403,9 @@ void QzWindow::ResignKey() {
 }
 
 void QzWindow::BecameActive() {
+    if (!isVisible()) {
+        return;  // the window manager's answer to an earlier wish; it takes the keyboard away again
+    }
     if (CanBecomeKeyWindow()) {
         // The toolkit tells the window before only afterwards.
         if (lastKeyWindow != nullptr && lastKeyWindow != this) {

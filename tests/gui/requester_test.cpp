@@ -41,9 +41,14 @@ std::int64_t Answer(std::uint32_t flags, const Use& use, const std::u16string& t
     return MessageRequester(u"Title", text, flags);
 }
 
+// To the toolkit a box is active as soon as the window under it is.
+bool GetsKeyboard(const QDialog& box) {
+    return QTest::qWaitFor([&box] { return QGuiApplication::focusWindow() == box.windowHandle(); });
+}
+
 std::int64_t AnswerWithKey(std::uint32_t flags, Qt::Key key) {
     return Answer(flags, [key](QDialog& box) {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+        EXPECT_TRUE(GetsKeyboard(box));
         QTest::keyClick(box.windowHandle(), key);
     });
 }
@@ -202,6 +207,7 @@ TEST_F(RequesterTest, ProgramGoesOnUnderIt) {
                                           [&outer](QDialog& inner) {
                                               EXPECT_EQ(inner.windowHandle()->transientParent(),
                                                         outer.windowHandle());
+                                              EXPECT_TRUE(GetsKeyboard(inner));
                                               std::raise(SIGTERM);
                                           }),
                                    0);
