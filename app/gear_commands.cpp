@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "app/inch_width.h"
+#include "app/inch_width_rule.h"
 #include "app/main_window.h"
 #include "gui/gadget.h"
 #include "text/number_text.h"

@@ -6,7 +6,7 @@
 
 #include "app/current_motorcycle.h"
 #include "app/gear_commands.h"
-#include "app/inch_width.h"
+#include "app/inch_width_rule.h"
 #include "app/main_window.h"
 #include "app/teeth_ratios.h"
 #include "gui/event_loop.h"

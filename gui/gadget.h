@@ -14,10 +14,10 @@ namespace rotavel {
 // that a kind does not serve does nothing and returns 0 or an empty text, as does every operation
 // on a number that is not open.
 //
-// A creation function takes a number (0 and up, or AnyNumber; a gadget that holds the number is
-// freed first), a position in the current container and a size, all in pixels, and returns the
-// automatic number, else non-zero; 0 when there is no window to put the gadget in, or a callback to
-// what freeing posts has taken the number.
+// A creation function takes a number (0 and up, or AnyNumber, -1, for an automatic one; a gadget
+// that holds the number is freed first), a position in the current container and a size, all in
+// pixels, and returns the automatic number, else non-zero; 0 when there is no window to put the
+// gadget in, or a callback to what freeing posts has taken the number.
 //
 // A gadget belongs to the window that is current when it is created (gadget_list.h), also when the
 // container lies in another: its events name that window, and it is freed when that one closes.

@@ -346,8 +346,7 @@ void QzWindow::wheelEvent(QWheelEvent* event) {
 
 void QzWindow::closeEvent(QCloseEvent* event) {
     // The window manager's keys reach a window without a close box as well.
-    event->setAccepted(closable && delegate != nullptr && !IsDisabled() &&
-                       delegate->WindowShouldClose());
+    event->setAccepted(closable && delegate != nullptr && delegate->WindowShouldClose());
 }
 
 void QzWindow::keyPressEvent(QKeyEvent* event) {

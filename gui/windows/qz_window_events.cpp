@@ -29,8 +29,10 @@ void QzWindowEvents::Connect(QzWindow* window, WindowNumber id) {
 }
 
 bool QzWindowEvents::WindowShouldClose() const {
-    QueueEvent(CloseRequested, WindowID, WindowID, 0);
-    return false;
+    if (!WindowInstance->IsDisabled()) {
+        QueueEvent(CloseRequested, WindowID, WindowID, 0);
+    }
+    return false;  // the program closes it, or not
 }
 
 void QzWindowEvents::WindowWillClose() {

@@ -1,4 +1,4 @@
-#include "app/inch_width.h"
+#include "app/inch_width_rule.h"
 
 #include <string>
 
