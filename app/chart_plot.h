@@ -6,30 +6,8 @@
 
 namespace rotavel {
 
-// Where the chart's values lie in its image, in pixels: 20 for each 250 rpm across and for each 10
-// speed units up. The origin of the axes is at (40, height of the plot + 40).
-struct PlotSize {
-    std::int64_t Width;   // of the plot; the image adds ImageMarginX
-    std::int64_t Height;  // of the plot; the image adds ImageMarginY
-
-    static constexpr std::int64_t ImageMarginX = 80;
-    static constexpr std::int64_t ImageMarginY = 90;
-};
-
-// The size of a plot up to maxRpm turns a minute and a speed. Values far out of reach give sizes
-// that no image can have.
-PlotSize PlotSizeFor(std::int64_t maxRpm, std::int64_t topSpeed);
-
-// A point of the plot in the chart's own terms.
-struct PlotPoint {
-    std::int64_t Rpm;    // turns a minute, negative left of the speed axis
-    std::int64_t Speed;  // in the unit shown, negative below the rpm axis
-};
-
-// What lies under a pixel of the image.
-PlotPoint PlotPointAt(std::int64_t x, std::int64_t y, std::int64_t topSpeed);
-
-// Draws axes, grid, legend and one line a gear with the current vector drawing.
+// Draws the chart with the current vector drawing: axes, grid, legend and one line a gear, up to
+// maxRpm turns a minute and topSpeed in the unit.
 void DrawPlot(const GearInputs& inputs, std::int64_t maxRpm, std::int64_t topSpeed, SpeedUnit unit);
 
 }  // namespace rotavel

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-#include "app/default_motorcycles.h"
+#include "app/default_motorcycle_table.h"
 #include "app/settings_keys.h"
 
 namespace rotavel {

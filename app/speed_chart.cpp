@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "app/chart_plot.h"
+#include "app/chart_scale.h"
 #include "app/chart_top_speed.h"
 #include "app/current_motorcycle.h"
 #include "app/gear_commands.h"

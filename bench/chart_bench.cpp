@@ -2,6 +2,7 @@
 #include <cstdlib>
 
 #include "app/chart_plot.h"
+#include "app/chart_scale.h"
 #include "app/main_window.h"
 #include "draw/image.h"
 #include "draw/raster_drawing.h"
