@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Measures the release build in a real window on a virtual display, the programs by turns: its start
-# beside an empty window's, with 59 and with 6,000 motorcycles of one and of 48 makers, then its
-# chart. The machine should have nothing else to do; where it has, the least figures tell more.
+# with 59 and with 6,000 motorcycles of one and of 48 makers beside an empty window, the same widgets
+# with nothing behind them and those calculators that are installed; then its chart and its store.
+# The machine should have nothing else to do; where it has, the least figures tell more.
 #
 #   bench/measure.sh [STARTS [CHARTS]]
 set -euo pipefail
@@ -38,7 +39,7 @@ values=("RearWheelWidth = 180" "RearWheelPercentHeight = 55" "RearWheelDiameter 
 
 install_packages build run tour bench
 configure release -DROTAVEL_BENCH=ON
-for target in Rotavel window_clock empty_window chart_bench; do
+for target in Rotavel window_clock empty_window bare_widgets chart_bench settings_bench; do
     build release "$target"
 done
 open_display measure build/measure
@@ -46,7 +47,9 @@ motorcycles 59 8 | rotavel_with 59
 motorcycles 6000 1 | rotavel_with 6000-of-one-maker
 motorcycles 6000 48 | rotavel_with 6000-of-48-makers
 
-build/release/bench/window_clock start "$starts" build/release/bench/empty_window \
-    "$folder"/{59,6000-of-one-maker,6000-of-48-makers}/bin/Rotavel
+mapfile -t peers < <(type -P galculator speedcrunch kcalc || true)
+build/release/bench/window_clock start "$starts" build/release/bench/{empty_window,bare_widgets} \
+    "$folder"/{59,6000-of-one-maker,6000-of-48-makers}/bin/Rotavel "${peers[@]}"
 build/release/bench/window_clock chart "$charts" "$folder/59/bin/Rotavel"
 build/release/bench/chart_bench
+build/release/bench/settings_bench
