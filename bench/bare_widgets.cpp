@@ -1,6 +1,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QFont>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -49,6 +50,7 @@ int main(int argc, char** argv) {
     QMainWindow window;
     window.resize(450, 519);
     auto* const content = new QWidget;
+    content->setFont(QFont("Arial", 9));  // Rotavel's too, beside the desktop's for the menus
     window.setCentralWidget(content);
     for (int i = 0; i < 18; ++i) {
         Place<QLabel>(content)->setText("Label");

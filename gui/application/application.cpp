@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <QIcon>
+#include <QTimer>
 #include <QtGlobal>
 
 #include "gui/application/qz_application.h"
@@ -65,7 +66,8 @@ void GuiStart() {
     const QtMessageHandler standard = qInstallMessageHandler(EndWithoutDisplay);
     application = new QzApplication(argumentCount, arguments.data());
     qInstallMessageHandler(standard);
-    QApplication::setWindowIcon(ProgramIcon());
+    // While the window system maps the first window there is time to read pictures.
+    QTimer::singleShot(0, application, [] { QApplication::setWindowIcon(ProgramIcon()); });
     SetWakeHook(&WakeNativeLoop);
     // Gadgets go before the menus of a window that closes.
     SetWindowObservers({&GadgetsAsObserver(), &MenuBars::Shared()});
