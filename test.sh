@@ -5,6 +5,7 @@
 #   ./test.sh asan               another preset
 #   ./test.sh -R text            what follows goes to ctest
 #   ROTAVEL_WERROR=ON ./test.sh  warnings are errors
+#   ROTAVEL_BENCH=ON ./test.sh   the benchmarks are built too
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 source scripts/setup.sh
@@ -27,6 +28,7 @@ install_packages build run tour test
 export LC_ALL=C.UTF-8
 set_sanitizer_options
 # The build starts the test programs too, for a list of their tests.
-configure "$preset" -DROTAVEL_TESTS=ON "-DROTAVEL_WERROR=${ROTAVEL_WERROR:-OFF}"
+configure "$preset" -DROTAVEL_TESTS=ON "-DROTAVEL_WERROR=${ROTAVEL_WERROR:-OFF}" \
+    "-DROTAVEL_BENCH=${ROTAVEL_BENCH:-OFF}"
 build "$preset"
 ctest --preset "$preset" --no-tests=error --timeout 300 --parallel "$(nproc)" "$@"
