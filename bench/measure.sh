@@ -39,7 +39,8 @@ values=("RearWheelWidth = 180" "RearWheelPercentHeight = 55" "RearWheelDiameter 
 
 install_packages build run tour bench
 configure release -DROTAVEL_BENCH=ON
-for target in Rotavel window_clock empty_window bare_widgets chart_bench settings_bench; do
+for target in Rotavel window_clock empty_window bare_widgets chart_bench settings_bench \
+    settings_peers_bench; do
     build release "$target"
 done
 open_display measure build/measure
@@ -53,3 +54,4 @@ build/release/bench/window_clock start "$starts" build/release/bench/{empty_wind
 build/release/bench/window_clock chart "$charts" "$folder/59/bin/Rotavel"
 build/release/bench/chart_bench
 build/release/bench/settings_bench
+build/release/bench/settings_peers_bench
