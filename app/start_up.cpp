@@ -1,5 +1,6 @@
 #include "app/start_up.h"
 
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -98,6 +99,7 @@ void ShutDown(const Program& program) {
 }
 
 int RunProgram() {
+    std::signal(SIGXFSZ, SIG_IGN);  // a save beyond the user's limit is one that fails, no more
     GuiStart();
     BringToFront();
     EnterBundleContents();
