@@ -84,7 +84,7 @@ void QzGadgetFunctions::ActivateGadget() {
     }
     const GadgetRecord* const record = GadgetRegistry().Find(number);
     const bool isPresent = record != nullptr && view != nullptr && record->View == view;
-    if (isPresent && view->focusPolicy() != Qt::NoFocus) {
+    if (isPresent && view->focusPolicy() != Qt::NoFocus && !window->IsDisabled()) {
         window->MakeFirstResponder(view);
     }
 }

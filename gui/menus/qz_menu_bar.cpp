@@ -11,6 +11,7 @@
 #include "gui/menus/letters.h"
 #include "gui/menus/qz_menu.h"
 #include "gui/menus/shortcuts.h"
+#include "gui/windows/popups.h"
 
 namespace rotavel {
 
@@ -18,13 +19,6 @@ namespace {
 
 // The toolkit's name for the button that opens what it has no room for.
 constexpr const char* RestButtonName = "qt_menubar_ext_button";
-
-bool StemsFrom(const QWidget* widget, const QWidget* ancestor) {
-    while (widget != nullptr && widget != ancestor) {
-        widget = widget->parentWidget();
-    }
-    return widget != nullptr;
-}
 
 }  // namespace
 
@@ -146,16 +140,6 @@ void QzMenuBar::ForgetAlt() {
     QMenuBar::eventFilter(window(), &done);
 }
 
-void QzMenuBar::CloseMenus() {
-    QWidget* closed = nullptr;
-    QWidget* open = QApplication::activePopupWidget();
-    while (open != nullptr && open != closed && StemsFrom(open, this)) {
-        closed = open;
-        open->close();
-        open = QApplication::activePopupWidget();
-    }
-}
-
 bool QzMenuBar::eventFilter(QObject* object, QEvent* event) {
     if (!isEnabled() && event->type() == QEvent::ShortcutOverride) {
         return false;
@@ -167,13 +151,13 @@ void QzMenuBar::changeEvent(QEvent* event) {
     QMenuBar::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled()) {
         ForgetAlt();
-        CloseMenus();
+        ClosePopupsOf(*this);
     }
 }
 
 void QzMenuBar::hideEvent(QHideEvent* event) {
     QMenuBar::hideEvent(event);
-    CloseMenus();
+    ClosePopupsOf(*this);
 }
 
 void QzMenuBar::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {

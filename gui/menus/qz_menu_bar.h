@@ -42,7 +42,6 @@ class QzMenuBar final : public QMenuBar {
     void Open(QAction& title);
     void TakeKeyboard();
     void ForgetAlt();
-    void CloseMenus();
 
     const ApplicationMenu application;
     QzMenu* rest = nullptr;  // the titles that the window is too narrow for

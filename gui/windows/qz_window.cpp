@@ -11,6 +11,7 @@
 #include "gui/toolkit/native_events.h"
 #include "gui/toolkit/retired_objects.h"
 #include "gui/window.h"
+#include "gui/windows/popups.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/window_frame.h"
 #include "gui/windows/window_list.h"
@@ -153,8 +154,13 @@ void QzWindow::Show(std::uint32_t showFlags) {
 }
 
 void QzWindow::PresentIfPending() {
-    if (showPending) {
+    // Two windows may be centred over each other.
+    if (showPending && !std::exchange(isPresenting, true)) {
+        const QPointer<QzWindow> self = this;
         Present();
+        if (self != nullptr) {
+            isPresenting = false;
+        }
     }
 }
 
@@ -168,15 +174,15 @@ void QzWindow::Hide() {
 }
 
 void QzWindow::Present() {
-    showPending = false;
+    // A timer or binding of the program's may close or hide it meanwhile.
     if ((flags & WindowOwnerCentred) != 0 && placementOwner != nullptr) {
         placementOwner->EnsureFramed();
     }
-    // A timer or binding of the program's may close it meanwhile.
-    if (delegate != nullptr) {
+    if (showPending && delegate != nullptr) {
         TakePlace();
     }
-    if (delegate == nullptr) {
+    const bool isStillWanted = std::exchange(showPending, false) && delegate != nullptr;
+    if (!isStillWanted) {
         return;
     }
     if (windowHandle() == nullptr && !IsCompositorInCharge()) {
@@ -264,6 +270,7 @@ void QzWindow::MakeKeyAndOrderFront() {
 }
 
 void QzWindow::Disable() {
+    ClosePopupsOf(*this);
     RemoveOverlay();
     overlay = new QzDisabledView(contentView, windowFlags());
     overlay->show();

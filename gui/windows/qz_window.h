@@ -123,6 +123,7 @@ class QzWindow final : public QWidget {
 
     QPoint popupCorner;  // where the program wants a popup
     bool showPending = false;
+    bool isPresenting = false;
     bool stands = false;
     QDeadlineTimer framePatience;
     // Of the window until its frame has moved it, and until it is zoomed.

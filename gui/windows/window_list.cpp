@@ -47,7 +47,7 @@ void BringWindowsToFront() {
 void MiniaturizeWindows() {
     ForEach([](QzWindow& window) {
         if (window.isVisible() && !window.IsBorderless()) {
-            window.showMinimized();
+            window.setWindowState(window.windowState() | Qt::WindowMinimized);
         }
     });
 }
