@@ -23,7 +23,7 @@ open_display() {
         XMODIFIERS
     export HOME=$folder XDG_RUNTIME_DIR=$folder DBUS_SESSION_BUS_ADDRESS=disabled:
 
-    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$folder/display" 2>/dev/null &
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>"$folder/display" 2>/dev/null &
     server=$!
     wait_for "display" test -s "$folder/display"
     DISPLAY=:$(<"$folder/display")
