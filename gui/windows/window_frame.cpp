@@ -139,6 +139,7 @@ void CentreFrameOnScreen(QWidget& window) {
 }
 
 void CentreFrameOver(QWidget& window, const QWidget& owner) {
+    RememberFrame(owner);  // it may have got its frame only after it was painted
     CentreFrame(window, FrameOf(owner));
 }
 
