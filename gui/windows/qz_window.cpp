@@ -423,6 +423,7 @@ void QzWindow::BecameActive() {
         isKey = true;
         chosenKeyWindow = this;
         lastKeyWindow = this;
+        update();  // metacity's compositor may have missed the first painting and show black
         delegate->WindowDidBecomeKey();
         return;
     }
