@@ -8,7 +8,8 @@ patience=20 # seconds that anything may take; far more than it does, for the slo
 
 # open_display NAME PICTURES: sets `folder`, a scratch folder. Pictures go to the folder PICTURES
 # under names that start with NAME, of which old ones are removed. Display, folder and the process
-# `program` go when the script ends.
+# `program` go when the script ends. The windows are managed by the command WINDOW_MANAGER, or by
+# openbox.
 open_display() {
     picture_name=$1
     pictures=$2
@@ -32,7 +33,8 @@ open_display() {
     mkdir -p "$folder/.config/openbox"
     sed 's/<animateIconify>yes/<animateIconify>no/' /etc/xdg/openbox/rc.xml \
         >"$folder/.config/openbox/rc.xml"
-    openbox >/dev/null 2>&1 &
+    # shellcheck disable=SC2086 # a command with its options
+    ${WINDOW_MANAGER:-openbox} >/dev/null 2>&1 &
     manager=$!
     wait_for "window manager" xdotool get_desktop
 }
@@ -84,6 +86,19 @@ has_keyboard() {
 look_at() {
     read -r left top width height < <(xwininfo -id "$1" |
         awk '/Absolute|Width:|Height:/ { line = line " " $NF } END { print line }')
+}
+
+# look_at_frame WINDOW: the same with its frame, of which i3 does not say how wide it is.
+look_at_frame() {
+    local edges
+    look_at "$1"
+    IFS='=, ' read -r -a edges < <(xprop -id "$1" -notype _NET_FRAME_EXTENTS)
+    if [[ ${edges[1]} == not ]]; then
+        look_at "$(xwininfo -id "$1" -tree | awk '/Parent/ { print $4 }')"
+    else
+        ((left -= edges[1], width += edges[1] + edges[2]))
+        ((top -= edges[3], height += edges[3] + edges[4]))
+    fi
 }
 
 # The process `program` ends, with status 0.

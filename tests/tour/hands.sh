@@ -26,10 +26,9 @@ click() {
     xdotool mousemove $((left + x)) $((top + height - content_height + y)) click 1
 }
 
-# click_close_box WINDOW: it stands at the right end of the title bar.
-click_close_box() {
-    look_at "$1"
-    xdotool mousemove $((left + width - 11)) $((top - 10)) click 1
+# close_window WINDOW: as its close box does, which stands elsewhere under every window manager.
+close_window() {
+    wmctrl -i -c "$1"
 }
 
 # type_over FIELD TEXT: in place of all that the field shows.
@@ -136,4 +135,20 @@ choose_last_model() {
     xdotool mousemove $((left + width / 2)) $((top + height / 2)) click --repeat 50 --delay 5 5 \
         mousemove $((left + width / 2)) $((top + height - row_height / 2))
     choose
+}
+
+# expect_chart_places CHART MAGNIFIER: the chart stands in the middle over the main window, as it
+# was before it got its status bar; the magnifier touches its upper right corner.
+expect_chart_places() {
+    local across down corner status_bar=24
+    look_at_frame "$main"
+    across=$((2 * left + width)) down=$((2 * top + height))
+    look_at_frame "$1"
+    ((across -= 2 * left + width, down -= 2 * top + height - status_bar)) || true
+    ((${across#-} <= 2 && ${down#-} <= 2)) ||
+        fail "chart: ${width}x$height at $left $top is not in the middle over the main window"
+    corner="$((left + width)) $top"
+    look_at "$2"
+    [[ "$left $top $width $height" == "$corner 100 100" ]] ||
+        fail "magnifier: expected 100x100 at $corner, got ${width}x$height at $left $top"
 }
