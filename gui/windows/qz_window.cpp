@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QTimer>
 #include <QWindow>
 
 #include "gui/toolkit/accessible_role.h"
@@ -22,6 +23,7 @@ namespace {
 
 // How long a window manager may take to frame a window before its frame is taken as it is.
 constexpr int FramingPatienceMs = 1000;
+constexpr int SecondPaintingMs = 500;
 
 constexpr std::uint32_t ClosableFlags = WindowCloseBox | WindowMaximizeBox | WindowMinimizeBox;
 constexpr std::uint32_t ResizableFlags = WindowResizable | WindowMaximizeBox | WindowStartZoomed;
@@ -318,6 +320,8 @@ void QzWindow::ContentPainted() {
         return;
     }
     stands = true;
+    // A compositor may have missed this painting while the window was framed, and show black.
+    QTimer::singleShot(SecondPaintingMs, this, qOverload<>(&QWidget::update));
     if (delegate != nullptr) {
         delegate->WindowDidShow();
     }
@@ -423,7 +427,6 @@ void QzWindow::BecameActive() {
         isKey = true;
         chosenKeyWindow = this;
         lastKeyWindow = this;
-        update();  // metacity's compositor may have missed the first painting and show black
         delegate->WindowDidBecomeKey();
         return;
     }
