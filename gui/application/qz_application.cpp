@@ -57,7 +57,7 @@ bool QzApplication::notify(QObject* receiver, QEvent* event) {
         return true;
     }
     const NativeDelivery delivery;
-    if (isNative && (IsFiltered(event) || TakesShortcut(receiver, event) ||
+    if (isNative && (IsFiltered(*event) || TakesShortcut(receiver, event) ||
                      (event->type() == QEvent::KeyPress &&
                       TakesMenuKey(receiver, static_cast<QKeyEvent&>(*event))))) {
         return true;
@@ -95,10 +95,35 @@ bool QzApplication::event(QEvent* event) {
     return true;
 }
 
-bool QzApplication::IsFiltered(QEvent* event) const {
+bool QzApplication::IsFiltered(QEvent& event) {
+    if (filters.empty()) {
+        return false;
+    }
+    // The toolkit asks first whether a key is wanted, else it looks for a menu item that has it. A
+    // filter comes before both, and sees the key once.
+    if (event.type() == QEvent::ShortcutOverride) {
+        auto& question = static_cast<QKeyEvent&>(event);
+        QKeyEvent key(QEvent::KeyPress, question.key(), question.modifiers(),
+                      question.nativeScanCode(), question.nativeVirtualKey(),
+                      question.nativeModifiers(), question.text(), question.isAutoRepeat(),
+                      static_cast<quint16>(question.count()));
+        key.setTimestamp(question.timestamp());
+        offeredKeyTime = question.timestamp();
+        isOfferedKeyHandled = Offer(key);
+        event.setAccepted(event.isAccepted() || isOfferedKeyHandled);
+        return isOfferedKeyHandled;
+    }
+    const bool wasOffered =
+        event.type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent&>(event).timestamp() == std::exchange(offeredKeyTime, std::nullopt);
+    return wasOffered ? isOfferedKeyHandled : Offer(event);
+}
+
+bool QzApplication::Offer(QEvent& event) const {
     const auto present = filters;  // a filter may add and remove some
-    return std::any_of(present.begin(), present.end(),
-                       [event](const auto& filter) { return filter.first(event, filter.second); });
+    return std::any_of(present.begin(), present.end(), [&event](const auto& filter) {
+        return filter.first(&event, filter.second);
+    });
 }
 
 }  // namespace rotavel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -34,11 +35,15 @@ class QzApplication final : public QApplication {
 
   private:
     static void FollowFocus(QWidget* before, QWidget* now);
-    bool IsFiltered(QEvent* event) const;
+    // Whether a filter has handled a native event.
+    bool IsFiltered(QEvent& event);
+    bool Offer(QEvent& event) const;
     // Whether a key event is a shortcut of the window it goes to.
     static bool TakesShortcut(QObject* nativeWindow, QEvent* event);
 
     std::vector<std::pair<NativeEventFilter, void*>> filters;
+    std::optional<quint64> offeredKeyTime;  // of a key whose press itself is still to come
+    bool isOfferedKeyHandled = false;
 };
 
 }  // namespace rotavel

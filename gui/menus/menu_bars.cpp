@@ -72,6 +72,9 @@ void MenuBars::Free(std::int64_t number) {
         return;
     }
     const bool isMain = mainBar == bar;
+    if (isMain) {
+        mainBar = nullptr;
+    }
     if (window != nullptr && window->Layout().MenuBar() == bar) {
         window->Layout().SetMenuBar(PlainBar(*window));
         mainBar = isMain ? PlainBar(*window) : mainBar.data();
@@ -87,6 +90,10 @@ void MenuBars::FreeAll() {
     for (const std::int64_t number : numbers) {
         Free(number);
     }
+}
+
+QzMenuBar& MenuBars::MainBarFor(QzWindow& window) const {
+    return mainBar != nullptr ? *mainBar : *PlainBar(window);
 }
 
 MenuBuilder* MenuBars::Building() const {

@@ -45,9 +45,9 @@ class MenuBars final : public WindowObserver {
 
     // Of the bar made last, or null when that is gone.
     MenuBuilder* Building() const;
-    // The bar of the window that had the keyboard last, of those that have one: its application
-    // menu is there for the windows without a bar of their own. Null for none.
-    QzMenuBar* MainBar() const { return mainBar; }
+    // What serves the application menu's keys in a window without a bar of its own: the bar of the
+    // window that had the keyboard last, of those that have one, else one that is not seen.
+    QzMenuBar& MainBarFor(QzWindow& window) const;
 
     void WindowBecameKey(QzWindow& window) override;
     void WindowCloses(QzWindow& window, WindowNumber number) override;

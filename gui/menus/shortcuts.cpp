@@ -97,8 +97,7 @@ bool TakesMenuKey(const QObject* nativeWindow, const QKeyEvent& event) {
     if (auto* const own = dynamic_cast<QzMenuBar*>(window->Layout().MenuBar())) {
         return own->TakesKey(event);
     }
-    QzMenuBar* const main = MenuBars::Shared().MainBar();
-    return main != nullptr && main->TakesApplicationKey(event);
+    return MenuBars::Shared().MainBarFor(*window).TakesApplicationKey(event);
 }
 
 void WindowAddShortcut(WindowNumber window, std::u16string_view keys, std::int64_t menuItem) {

@@ -83,10 +83,14 @@ void QzWindowEvents::WindowWillShow() {
 }
 
 void QzWindowEvents::WindowDidShow() {
-    const QPoint corner = told.Corner;
-    told = CurrentGeometry();
-    told.Corner = corner;
+    const Geometry asked = std::exchange(told, CurrentGeometry());
+    told.Corner = asked.Corner;
     managerAnswered.setRemainingTime(ManagerAnswersMs);  // it may frame the window only now
+    // Where windows are tiled one gets another size than it was made with.
+    if (WindowInstance->IsResizable() && !told.IsZoomed && told.Content != asked.Content) {
+        told.Content = asked.Content;
+        WindowFrameDidChange();
+    }
 }
 
 void QzWindowEvents::WindowFrameDidChange() {
