@@ -24,7 +24,7 @@ set_sanitizer_options() {
     export LSAN_OPTIONS=suppressions=$PWD/scripts/leaks.supp:print_suppressions=0
 }
 
-install_packages build run tour test
+install_packages build run wayland tour test
 export LC_ALL=C.UTF-8
 set_sanitizer_options
 # The build starts the test programs too, for a list of their tests.

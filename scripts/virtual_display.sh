@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# Sourced by what drives or measures a real window: a display of its own with a
-# window manager, and what is always done on it.
+# Sourced by what drives or measures a real window: a display of its own, and what is always done on
+# it.
 #
 # shellcheck disable=SC2034 # the script that sources this reads what look_at and others set
 
@@ -11,19 +11,7 @@ patience=20 # seconds that anything may take; far more than it does, for the slo
 # `program` go when the script ends. The windows are managed by the command WINDOW_MANAGER, or by
 # openbox.
 open_display() {
-    picture_name=$1
-    pictures=$2
-    folder=$(mktemp -d)
-    trap close_display EXIT
-    trap 'exit 1' INT TERM HUP
-    mkdir -p "$pictures"
-    rm -f "$pictures/$picture_name"-*.png
-
-    # What the user's session says of displays, looks, input methods and buses is not for this one.
-    unset "${!GTK@}" "${!KDE@}" "${!QT@}" "${!XDG@}" SESSION_MANAGER WAYLAND_DISPLAY XAUTHORITY \
-        XMODIFIERS
-    export HOME=$folder XDG_RUNTIME_DIR=$folder DBUS_SESSION_BUS_ADDRESS=disabled:
-
+    open_folder "$@"
     Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>"$folder/display" 2>/dev/null &
     server=$!
     wait_for "display" test -s "$folder/display"
@@ -37,6 +25,33 @@ open_display() {
     ${WINDOW_MANAGER:-openbox} >/dev/null 2>&1 &
     manager=$!
     wait_for "window manager" xdotool get_desktop
+}
+
+# open_wayland_display NAME PICTURES: the same with a Wayland compositor and no X. It has neither
+# keys nor a mouse, and no pictures are taken.
+open_wayland_display() {
+    open_folder "$@"
+    unset DISPLAY
+    export WAYLAND_DISPLAY=wayland QT_QPA_PLATFORM=wayland
+    weston --backend=headless-backend.so --no-config --idle-time=0 --socket=$WAYLAND_DISPLAY \
+        >/dev/null 2>&1 &
+    server=$!
+    wait_for "compositor" test -S "$folder/$WAYLAND_DISPLAY"
+}
+
+open_folder() {
+    picture_name=$1
+    pictures=$2
+    folder=$(mktemp -d)
+    trap close_display EXIT
+    trap 'exit 1' INT TERM HUP
+    mkdir -p "$pictures"
+    rm -f "$pictures/$picture_name"-*.png
+
+    # What the user's session says of displays, looks, input methods and buses is not for this one.
+    unset "${!GTK@}" "${!KDE@}" "${!QT@}" "${!XDG@}" SESSION_MANAGER WAYLAND_DISPLAY XAUTHORITY \
+        XMODIFIERS
+    export HOME=$folder XDG_RUNTIME_DIR=$folder DBUS_SESSION_BUS_ADDRESS=disabled:
 }
 
 close_display() {

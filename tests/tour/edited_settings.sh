@@ -12,7 +12,7 @@ source "$here/../../scripts/virtual_display.sh"
 source "$here/stage.sh"
 source "$here/hands.sh"
 
-open_stage "$1" "$here/../../build/tour"
+open_stage "$1" edited_settings
 main_title="Rotavel V1.55"
 group='[Own - %s]\n; as an editor wrote it\nPrimaryRatio = 1.75\n'
 

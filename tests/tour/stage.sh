@@ -1,12 +1,13 @@
 # shellcheck shell=bash
-# Sourced by tour.sh: the program in a folder of its own on a display of its own, and what it left
-# behind.
+# Sourced by what drives the real program: that in a folder of its own on a display of its own, and
+# what it left behind.
 #
 # shellcheck disable=SC2034,SC2154 # variables that the scripts share
 
-# open_stage PROGRAM PICTURES: pictures go to the folder PICTURES, as tour-*.png.
+# open_stage PROGRAM NAME [open_wayland_display]: pictures go to build/tour of the tree under names
+# that start with NAME.
 open_stage() {
-    open_display tour "$2"
+    "${3:-open_display}" "$2" "$(dirname "${BASH_SOURCE[0]}")/../../build/tour"
     settings=$folder/Resources/Rotavel.ini
     mkdir -p "$folder/bin" "$folder/Resources"
     cp "$1" "$folder/bin/Rotavel"

@@ -14,7 +14,7 @@ source "$here/../../scripts/virtual_display.sh"
 source "$here/stage.sh"
 source "$here/hands.sh"
 
-open_stage "$1" "$here/../../build/tour"
+open_stage "$1" tour
 main_title="Rotavel V1.55"
 
 echo "The first start writes the motorcycles; the last model of a long menu can be reached"
