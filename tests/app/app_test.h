@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
+#include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 #include "app/main_loop.h"
 #include "app/main_window.h"
@@ -27,6 +29,8 @@ inline std::uint64_t HashOf(std::string_view text) {
     }
     return hash;
 }
+
+inline constexpr std::int64_t ChartCanvas = 63;
 
 // A screen that charts fit on, in place of the small one that the toolkit makes up.
 [[maybe_unused]] inline const int largeScreen =
@@ -65,6 +69,12 @@ class AppTest : public DrawTest {
     }
     void Push(std::int64_t button) {
         Click(button);
+        Run();
+    }
+    // A point of the open chart's image.
+    void PointAt(int x, int y) {
+        QWidget& window = *View(ChartCanvas)->window();
+        QTest::mouseMove(window.windowHandle(), View(ChartCanvas)->mapTo(&window, QPoint(x, y)));
         Run();
     }
 

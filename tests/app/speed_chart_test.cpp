@@ -5,9 +5,6 @@
 #include <malloc.h>
 #include <tuple>
 
-#include <QTest>
-#include <QWindow>
-
 #include "app/current_motorcycle.h"
 #include "app/default_settings.h"
 #include "app/gear_commands.h"
@@ -23,7 +20,7 @@ using namespace tests;
 
 constexpr std::int64_t chart = 1;
 constexpr std::int64_t magnifier = 2;
-constexpr std::int64_t canvas = 63;
+constexpr std::int64_t canvas = ChartCanvas;
 constexpr std::int64_t magnifierImage = 64;
 
 class SpeedChartTest : public AppTest {
@@ -37,11 +34,6 @@ class SpeedChartTest : public AppTest {
     }
     void Close() {
         AskToClose(chart);
-        Run();
-    }
-    void PointAt(int x, int y) {
-        QWidget& window = *View(canvas)->window();
-        QTest::mouseMove(window.windowHandle(), View(canvas)->mapTo(&window, QPoint(x, y)));
         Run();
     }
     static bool MagnifierIsVisible() { return View(magnifierImage)->window()->isVisible(); }
