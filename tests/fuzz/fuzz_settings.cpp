@@ -1,0 +1,107 @@
+// Any file is opened, read, changed and rewritten, and must then hold what it held, and the
+// changes.
+
+#include <strings.h>
+
+#include "fuzz.h"
+
+namespace rotavel::tests {
+namespace {
+
+bool IsSame(const std::string& left, const std::string& right) {
+    return std::ranges::equal(left, right,
+                              [](char a, char b) { return strncasecmp(&a, &b, 1) == 0; });
+}
+
+std::string WithoutBlanks(const std::string& value) {
+    return value.substr(std::min(value.find_first_not_of(" \t"), value.size()));
+}
+
+Group::Line* FindKey(Group& group, const std::string& key) {
+    const auto line = std::ranges::find_if(
+        group.Lines, [&](const auto& each) { return each.Key && IsSame(*each.Key, key); });
+    return line == group.Lines.end() ? nullptr : &*line;
+}
+
+// Adds the group when there is none of that name.
+Group& GroupNamed(std::vector<Group>& groups, const std::string& name) {
+    for (Group& each : groups) {
+        if (IsSame(each.Name, name)) {  // the empty name is the first group's
+            return each;
+        }
+    }
+    return groups.emplace_back(Group{name, {}});
+}
+
+void CheckReads(std::vector<Group> groups) {
+    Check(SettingsOpen(ToUtf16(SettingsFile()), 0));
+    for (std::size_t i = 1; i < groups.size(); ++i) {
+        Check(SettingsNextGroup() && SettingsGroupName() == ToUtf16(groups[i].Name));
+        for (const Group::Line& line : groups[i].Lines) {
+            // What cannot be said in UTF-16 cannot be asked for.
+            const std::u16string key = ToUtf16(line.Key.value_or(""));
+            if (line.Key && ToUtf8(key) == *line.Key) {
+                const std::string& value = FindKey(groups[i], *line.Key)->Value;
+                Check(SettingsReadString(key, u"?") == ToUtf16(WithoutBlanks(value)));
+                Check(SettingsReadInteger(key, -7) == Integer(value));
+            }
+        }
+    }
+    Check(!SettingsNextGroup());
+    SettingsClose();
+}
+
+std::string LineText(FuzzedDataProvider& input) {
+    std::string text = input.ConsumeRandomLengthString(20);
+    std::erase_if(text, [](char each) { return each == '\r' || each == '\n' || each == ']'; });
+    return ToUtf8(ToUtf16(text));
+}
+
+// Into a group and key of the file, or new ones.
+void ChangeSomething(FuzzedDataProvider& input, std::vector<Group>& groups) {
+    const std::string name =
+        input.ConsumeBool() ? LineText(input)
+                            : groups[input.ConsumeIntegral<std::uint8_t>() % groups.size()].Name;
+    SettingsSelectGroup(ToUtf16(name));
+    Group& group = GroupNamed(groups, ToUtf8(ToUtf16(name)));
+    std::string key = "MAXrpm";
+    if (!group.Lines.empty()) {
+        const auto& line = group.Lines[input.ConsumeIntegral<std::uint8_t>() % group.Lines.size()];
+        key = ToUtf8(ToUtf16(line.Key.value_or(key)));
+    }
+    const std::string value = LineText(input);
+    Check(SettingsWriteString(ToUtf16(key), ToUtf16(value)));
+    Check(SettingsReadString(ToUtf16(key), u"?") == ToUtf16(WithoutBlanks(value)));
+    if (Group::Line* const line = FindKey(group, key)) {
+        *line = {key, WithoutBlanks(value)};
+    } else {
+        group.Lines.push_back({key, WithoutBlanks(value)});
+    }
+}
+
+void Run(FuzzedDataProvider input) {
+    const auto flags = input.ConsumeIntegral<std::uint32_t>();
+    const std::string content = input.ConsumeRandomLengthString();
+    WriteFile(SettingsFile(), content);
+    std::vector<Group> groups = GroupsOf(content);
+    CheckReads(groups);
+    Check(ReadFile(SettingsFile()) == content);
+    // Without a mark, as an empty file is rewritten, nothing but ASCII lasts.
+    if (content.empty() || !SettingsOpen(ToUtf16(SettingsFile()), flags)) {
+        return;
+    }
+    for (int changes = input.ConsumeIntegralInRange(0, 3); changes > 0; --changes) {
+        ChangeSomething(input, groups);
+    }
+    SettingsClose();
+    Check(SettingsSaveError() == 0 && GroupsOf(ReadFile(SettingsFile())) == groups);
+    CheckReads(groups);
+}
+
+}  // namespace
+}  // namespace rotavel::tests
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    rotavel::tests::Run({data, size});
+    return 0;
+}
