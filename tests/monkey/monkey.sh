@@ -1,0 +1,125 @@
+#!/usr/bin/env bash
+# Lets a monkey loose on the real program: keys, clicks, drags and the wheel wherever they fall, in
+# rounds between which the screen changes its size or the window manager starts anew. Where it hits
+# upon "Quit" the program is started again. Every end must be an orderly one, and leave a whole
+# settings file.
+#
+#   monkey.sh PROGRAM ACTIONS [SEED]
+#
+# The same seed does the same again.
+#
+# shellcheck source-path=SCRIPTDIR
+set -euo pipefail
+export LC_ALL=C.UTF-8
+here=$(dirname "${BASH_SOURCE[0]}")
+source "$here/../../scripts/virtual_display.sh"
+source "$here/../tour/stage.sh"
+
+actions=$2
+RANDOM=${3:-1}
+keys=(0 1 2 3 5 7 8 9 period comma minus x Tab Tab shift+Tab Return space Escape Up Down Left Right
+    shift+Left shift+Up Home End Prior Next BackSpace Delete ctrl+a ctrl+c ctrl+v ctrl+x ctrl+z
+    alt+f alt+h F10 Menu F4 alt+Down alt+F4 alt+F4 ctrl+q)
+modes=(1024x768 small tiny)
+round=40 # actions
+downs="Down Down Down Down Down Down Down Down Down Down Down"
+
+# place_somewhere: sets `place` to a point of the screen, mostly in the main window.
+place_somewhere() {
+    if ((RANDOM % 4 == 0)); then
+        place="$((RANDOM % 1024)) $((RANDOM % 768))"
+    else
+        place="$((left - 5 + RANDOM % (width + 10))) $((top - 30 + RANDOM % (height + 40)))"
+    fi
+}
+
+# act: writes one action for xdotool.
+act() {
+    local from
+    place_somewhere
+    case $((RANDOM % 14)) in
+        0 | 1 | 2 | 3) echo "mousemove $place click --delay 3 1" ;;
+        4) echo "mousemove $place click --repeat 2 --delay 5 1" ;;
+        5)
+            from=$place
+            place_somewhere
+            echo "mousemove $from mousedown 1 mousemove $place mouseup 1"
+            ;;
+        6) echo "mousemove $place click --repeat $((1 + RANDOM % 5)) --delay 2 $((4 + RANDOM % 2))" ;;
+        7) echo "mousemove $place click --delay 3 3" ;;
+        8) echo "mousemove $place" ;;
+        9) echo "key --delay 5 alt+f Return Return ${downs:0:RANDOM % 12 * 5} Return" ;; # a motorcycle
+        10) echo "mousemove $((left + 170)) $((top + height - 70)) click --delay 3 1" ;; # "Graphic"
+        *) echo "key --delay 0 ${keys[RANDOM % ${#keys[@]}]}" ;;
+    esac
+    echo "sleep 0.005"
+}
+
+# disturb: what may happen to a program from outside.
+disturb() {
+    case $((RANDOM % 6)) in
+        0 | 1) xrandr --output screen --mode "${modes[RANDOM % ${#modes[@]}]}" ;;
+        2 | 3)
+            kill "$manager"
+            wait "$manager" || true
+            xprop -root -remove _NET_SUPPORTING_WM_CHECK
+            openbox >/dev/null 2>&1 &
+            manager=$!
+            wait_for "window manager" is_managed
+            ;;
+    esac
+}
+
+is_managed() {
+    [[ $(xprop -root _NET_SUPPORTING_WM_CHECK) == *window* ]]
+}
+
+# expect_whole: the settings file has all its motorcycles and keys.
+expect_whole() {
+    local keys
+    keys=$(sed -n '/^\[Settings\]$/,/^$/p' "$settings" | grep -c '^[A-Za-z1-6]* = ')
+    ((keys == 15)) || fail "expected 15 keys in"$'\n'"$(head -20 "$settings")"
+    motorcycles | cmp - "$folder/motorcycles" || fail "the motorcycles have changed"
+}
+
+# A blank at the end of a line may go.
+motorcycles() {
+    sed -n 's/[ \r]*$//; /^\[Moto Guzzi - 1200/,$p' "$settings"
+}
+
+open_stage "$1" monkey
+# One desktop, and none of its own menus: they could start anything.
+sed -i 's/<number>4</<number>1</; /<context name="\(Root\|Desktop\)">/,/<\/context>/d' \
+    "$HOME/.config/openbox/rc.xml"
+openbox --reconfigure
+xrandr --newmode small 30 800 810 820 830 600 610 620 630
+xrandr --newmode tiny 30 640 650 660 670 480 490 500 510
+xrandr --addmode screen small
+xrandr --addmode screen tiny
+
+title="Rotavel V1.55"
+start "$title"
+look_at "$main"
+motorcycles >"$folder/motorcycles"
+ends=0
+for ((done = 0; done < actions; done += round)); do
+    {
+        echo "windowmap $main windowactivate $main"
+        for ((i = 0; i < round; ++i)); do
+            act
+        done
+    } >"$folder/actions"
+    # A window that closes meanwhile may end xdotool too.
+    timeout "$patience" xdotool - <"$folder/actions" 2>/dev/null || true
+    disturb
+    if has_ended "$program" 2>/dev/null; then
+        expect_end
+        expect_whole
+        start "$title"
+        ends=$((ends + 1))
+    fi
+done
+kill -TERM "$program"
+expect_end
+expect_whole
+echo "$done actions; the program ended $ends times between them"
