@@ -1,0 +1,120 @@
+#!/usr/bin/env python3
+"""Plants one small error at a time in a copy of the tree and tells which of them no test notices.
+
+    planted.py COUNT SEED FOLDER...
+
+The copy is build/planted, with a build of its own. The tests that drive real windows (label
+windows) are left out. What survives is a gap in the tests, or changes nothing that can be seen.
+"""
+import os
+import pathlib
+import random
+import re
+import shutil
+import signal
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+COPY = ROOT / "build/planted"
+BUILD_SECONDS, TEST_SECONDS = 400, 300
+
+# What is looked for in a line of code, and what takes its place.
+CHANGES = [
+    (r"(?<![\w.'])\d+(?![\w.'])", lambda found: str(int(found) + 1)),
+    (r"(?<![\w.'])\d+\.\d+(?![\w.'])", lambda found: str(float(found) * 1.01 + 0.001)),
+    (r" == ", " != "), (r" != ", " == "), (r" <= ", " < "), (r" >= ", " > "),
+    (r" < ", " <= "), (r" > ", " >= "), (r" && ", " || "), (r" \|\| ", " && "),
+    (r" \+ ", " - "), (r" - ", " + "), (r" \* ", " / "), (r" / ", " * "), (r" \+= ", " -= "),
+    (r" -= ", " += "), (r"\+\+", "--"), (r"--", "++"), (r"(?<=[( ])-(?=[\w(])", ""),
+    (r"(?<=[( ])!(?=[\w(])", ""), (r"\btrue\b", "false"), (r"\bfalse\b", "true"),
+    (r"(?<=if \().*(?=\) \{$)", "true"), (r"(?<=if \().*(?=\) \{$)", "false"),
+    (r"^ *[A-Za-z][\w.:<>\[\]-]*(\(| = | [+-]= |\+\+).*;$", ""),  # leaves a statement out
+]
+NO_CODE = re.compile(r"\s*(#|//|using |namespace |static_assert|return;|break;|continue;|\}|$)")
+
+
+def errors_in(path, pick):
+    """One (path, line number, changed line) for each line of a file where something can change."""
+    for number, line in enumerate(path.read_text().split("\n")):
+        code = line.split("//")[0].rstrip()
+        changed = [code[:found.start()] + (new(found.group()) if callable(new) else new)
+                   + code[found.end():] for pattern, new in CHANGES
+                   for found in re.finditer(pattern, code)
+                   if code[:found.start()].count('"') % 2 == 0 and not NO_CODE.match(code)]
+        if changed:
+            yield path, number, pick.choice(changed)
+
+
+def run(seconds, *command):
+    """The status and output of a command, which is killed with all it started when time is up."""
+    with subprocess.Popen(command, cwd=COPY, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                          stderr=subprocess.STDOUT, text=True, start_new_session=True) as process:
+        try:
+            return process.communicate(timeout=seconds)[0], process.returncode
+        except subprocess.TimeoutExpired:
+            os.killpg(process.pid, signal.SIGKILL)
+            return process.communicate()[0], -signal.SIGKILL
+
+
+def build():
+    return run(BUILD_SECONDS, "nice", "cmake", "--build", "--preset", "release")
+
+
+def test():
+    return run(TEST_SECONDS, "nice", "ctest", "--preset", "release", "--label-exclude", "windows",
+               "--exclude-regex", "^house", "--stop-on-failure", "--timeout", "60",
+               "--parallel", str(os.cpu_count()))
+
+
+def fate_of(path, number, changed):
+    """What became of one error: "no code" that compiles, "noticed" by build or tests, "SURVIVED"."""
+    original = path.read_text()
+    lines = original.split("\n")
+    lines[number] = changed
+    path.write_text("\n".join(lines))
+    try:
+        output, status = build()
+        if status != 0:
+            return "no code" if "error: " in output else "noticed"
+        return "noticed" if test()[1] != 0 else "SURVIVED"
+    finally:
+        path.write_text(original)
+
+
+def prepare(files):
+    for name in files:
+        source, target = ROOT / name, COPY / name
+        # What is the same stays as old as it is, or its errors of the last time would stay built.
+        if not target.exists() or target.read_bytes() != source.read_bytes():
+            target.parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(source, target)
+    os.environ |= {"CCACHE_BASEDIR": str(COPY), "CCACHE_NOHASHDIR": "1", "LC_ALL": "C.UTF-8"}
+    run(BUILD_SECONDS, "cmake", "--preset", "release", "-DCMAKE_CXX_COMPILER_LAUNCHER=ccache")
+    for step in (build, test):
+        output, status = step()
+        if status != 0:
+            sys.exit(f"{output}\nwithout an error in it")
+
+
+def main(count, seed, *folders):
+    listed = subprocess.run(["git", "ls-files"], cwd=ROOT, stdout=subprocess.PIPE, check=True)
+    files = listed.stdout.decode().splitlines()
+    prepare(files)
+    pick = random.Random(seed)
+    errors = [error for name in files
+              if name.split("/")[0] in folders and name.endswith((".cpp", ".h"))
+              for error in errors_in(COPY / name, pick)]
+    pick.shuffle(errors)
+    fates = []
+    while errors and len(fates) < int(count):
+        path, number, changed = errors.pop()
+        before = path.read_text().split("\n")[number].strip()
+        fate = fate_of(path, number, changed)
+        fates += [fate] if fate != "no code" else []
+        print(f"{fate}: {path.relative_to(COPY)}:{number + 1}: {before} -> {changed.strip()}",
+              flush=True)
+    print(f"{len(fates)} errors planted, {fates.count('SURVIVED')} survived")
+
+
+main(*sys.argv[1:])
