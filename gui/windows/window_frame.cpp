@@ -153,16 +153,26 @@ void MoveFrameOntoScreen(QWidget& window) {
 
 QPoint CornerForPopup(const QWidget& popup, const QWidget& owner, QPoint corner) {
     const QRect asked(corner, popup.size());
-    const auto screens = QGuiApplication::screens();
-    if (IsCompositorInCharge() ||
-        std::any_of(screens.begin(), screens.end(), [&asked](const QScreen* screen) {
+    const QRect beside = FrameOf(owner);
+    QRect room = owner.screen()->availableGeometry();
+    bool fits = false;
+    if (IsCompositorInCharge()) {
+        room.moveTo(beside.topLeft());  // as far left as the owner can be, for all that is known
+        fits = room.contains(asked);
+    } else {
+        const auto screens = QGuiApplication::screens();
+        fits = std::any_of(screens.begin(), screens.end(), [&asked](const QScreen* screen) {
             return screen->availableGeometry().contains(asked);
-        })) {
+        });
+    }
+    if (fits) {
         return corner;
     }
-    const QRect room = owner.screen()->availableGeometry();
-    const QRect beside = FrameOf(owner);
-    const QPoint near = CornerInside(asked, room);
+    QPoint near = CornerInside(asked, room);
+    if (near.x() <= beside.right()) {
+        // The buttons of the owner's title bar stay free.
+        near.setY(std::max(near.y(), InnerCornerOf(owner).y()));
+    }
     const QPoint pointer = QCursor::pos();
     const QRect pointed =
         QRect(pointer, pointer)

@@ -318,6 +318,13 @@ TEST_F(WindowTest, PopupKeepsItsPlaceWhereThereIsRoom) {
         ForgetEvents();
         EXPECT_TRUE(IsCentred(2, Frame(0)));
     }
+
+    // Where its owner reaches to the edge of the screen, the close box there stays free.
+    WindowSetBounds(0, room.right() - 210, 100, IgnoreValue, IgnoreValue);
+    WindowSetBounds(2, WindowGetX(0) + WindowGetWidth(0, OuterFrame), 100, IgnoreValue,
+                    IgnoreValue);
+    ForgetEvents();
+    EXPECT_EQ(Frame(2).topLeft(), QPoint(inCorner.left(), int(WindowGetY(0, InnerContent))));
 }
 
 TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
