@@ -205,6 +205,8 @@ void QzWindow::Present() {
     } else if ((flags & WindowStartZoomed) != 0) {
         unzoomedSize = size();
         showMaximized();
+    } else if (IsCompositorInCharge() && layout.IsScrolled()) {
+        showMaximized();  // the compositor alone knows how much room there is
     } else {
         show();
     }

@@ -18,6 +18,9 @@ namespace {
 // From the pointer to a popup that has to keep clear of it, in pixels.
 constexpr int PointerDistance = 24;
 
+// What a compositor may keep for its panels, in pixels; it does not say how much.
+constexpr int PanelHeight = 48;
+
 // Of the window framed last.
 std::optional<QMargins> lastFrame;
 
@@ -112,7 +115,8 @@ QPoint InnerCornerOf(const QWidget& window) {
 }
 
 QSize RoomFor(const QWidget& window) {
-    return window.screen()->availableGeometry().size().shrunkBy(MarginsOf(window));
+    const QMargins panels(0, 0, 0, IsCompositorInCharge() ? PanelHeight : 0);
+    return window.screen()->availableGeometry().size().shrunkBy(MarginsOf(window) + panels);
 }
 
 void SetFrameCorner(QWidget& window, QPoint corner) {
