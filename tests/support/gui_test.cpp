@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 #include <map>
+#include <memory>
+#include <utility>
 
 #include <QApplication>
 #include <QMenu>
@@ -24,14 +26,47 @@ namespace rotavel::tests {
 
 namespace {
 
+constexpr std::uint32_t Answered = FirstUnmergedKind + 1000;
+constexpr std::int64_t PatienceMs = 2000;
+
+// A window that is never shown. It is the window manager that moves it on request, and requests are
+// granted one after the other: once this one is, so are those before it.
+class Messenger final : public QWindow {
+  public:
+    Messenger() {
+        setGeometry(0, 0, 10, 10);
+        create();
+        connect(this, &QWindow::xChanged, this, [this] {
+            isAnswered = true;
+            PostProgramEvent(Answered);
+        });
+    }
+    void Ask() {
+        if (std::exchange(isAnswered, false)) {
+            setX(1 - x());
+        }
+    }
+
+  private:
+    bool isAnswered = true;
+};
+
+std::unique_ptr<Messenger> messenger;
+
 class Toolkit final : public testing::Environment {
   public:
     void SetUp() override {
         const char* const platform = std::getenv("ROTAVEL_TEST_PLATFORM");
         setenv("QT_QPA_PLATFORM", platform == nullptr ? "offscreen" : platform, 1);
         GuiStart();
+        if (QGuiApplication::platformName() == "xcb") {
+            messenger = std::make_unique<Messenger>();
+        }
     }
-    void TearDown() override { GuiStop(); }
+    void TearDown() override {
+        messenger.reset();
+        GuiStop();
+    }
 };
 
 [[maybe_unused]] const testing::Environment* const toolkit =
@@ -50,12 +85,13 @@ const Names typeNames = {{Focus, "Focus"}, {LostFocus, "LostFocus"}, {Change, "C
 
 std::string TakenOf(const Names& names) {
     std::string taken;
-    // A first turn may have nothing to report but leave something for the next, and a window
-    // manager answers at its own pace.
-    const int patienceMs = QGuiApplication::platformName() == "offscreen" ? 0 : 100;
-    for (int idleTurns = 0; idleTurns < 2;) {
-        const std::int64_t kind = WaitForEvent(patienceMs);
-        idleTurns = kind == 0 ? idleTurns + 1 : 0;
+    // What comes of one turn may leave something for the next.
+    for (int quietTurns = 0; quietTurns < 2;) {
+        if (messenger != nullptr) {
+            messenger->Ask();
+        }
+        const std::int64_t kind = WaitForEvent(messenger == nullptr ? 0 : PatienceMs);
+        quietTurns = kind == Answered || kind == 0 ? quietTurns + 1 : 0;
         const auto name = names.find(CurrentEventKind());
         if (kind <= 0 || name == names.end()) {
             continue;
