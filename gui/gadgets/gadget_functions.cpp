@@ -102,7 +102,12 @@ void QzGadgetFunctions::GadgetName(std::u16string_view text) const {
 }
 
 void QzGadgetFunctions::HideGadget(bool state) {
-    Gadget->Container->setHidden(state);
+    const QPointer<QWidget> container = Gadget->Container;
+    container->setHidden(state);
+    // Where no other view takes the keyboard over, the toolkit leaves it with the hidden one.
+    if (container != nullptr && container->isHidden()) {
+        TakeKeyboardFrom(*container);
+    }
 }
 
 void QzGadgetFunctions::DisableGadget(bool state) {
