@@ -8,4 +8,4 @@ set -euo pipefail
 here=$(dirname "${BASH_SOURCE[0]}")
 source "$here/../../scripts/virtual_display.sh"
 open_display gui "$here/../../build/tour"
-ROTAVEL_TEST_PLATFORM=xcb "$1" --gtest_brief=1
+ROTAVEL_TEST_PLATFORM=xcb ROTAVEL_RANDOM_DEEDS=5000 "$1" --gtest_brief=1

@@ -1,0 +1,28 @@
+#pragma once
+
+// The whole layer, and what its tests see of its inside.
+
+#include "gui/application.h"
+#include "gui/button_gadget.h"
+#include "gui/canvas_gadget.h"
+#include "gui/combo_box_gadget.h"
+#include "gui/drag_and_drop.h"
+#include "gui/event_loop.h"
+#include "gui/events/event_posting.h"
+#include "gui/font.h"
+#include "gui/gadget.h"
+#include "gui/gadget_list.h"
+#include "gui/gadgets/gadget_registry.h"
+#include "gui/image_gadget.h"
+#include "gui/menu.h"
+#include "gui/requester.h"
+#include "gui/status_bar.h"
+#include "gui/string_gadget.h"
+#include "gui/text_gadget.h"
+#include "gui/toolkit/handle.h"
+#include "gui/window.h"
+#include "gui/windows/qz_views.h"
+#include "gui/windows/qz_window.h"
+#include "gui/windows/window_record.h"
+#include "runtime/numbers.h"
+#include "tests/support/gui_test.h"
