@@ -1,20 +1,10 @@
-#include <QClipboard>
-#include <QDropEvent>
+#include <QComboBox>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QMimeData>
-#include <QWidget>
-#include <QWindow>
+#include <QWheelEvent>
 
-#include "gui/combo_box_gadget.h"
-#include "gui/drag_and_drop.h"
-#include "gui/event_loop.h"
-#include "gui/gadget.h"
-#include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
-#include "gui/window.h"
-#include "gui/windows/qz_window.h"
-#include "tests/support/gui_test.h"
+#include "stage.h"
 
 namespace rotavel {
 namespace {
@@ -60,7 +50,6 @@ TEST_F(ComboBoxTest, ItemsComeAndGoWithoutChangingTheChoice) {
     EXPECT_EQ(GetGadgetItemData(1, 2), std::int64_t{1} << 40);
     EXPECT_EQ(GetGadgetItemData(1, 1), 0);
     SetGadgetState(1, 5);
-    EXPECT_EQ(GetGadgetState(1), 1);
     EXPECT_EQ(GetGadgetText(1), u"b");
     ClearGadgetItems(1);
     EXPECT_EQ(CountGadgetItems(1), 0);
@@ -104,11 +93,9 @@ TEST_F(ComboBoxTest, EditableFormKeepsItsStateByItself) {
     RemoveGadgetItem(1, 3);
     SetGadgetState(1, 9);
     EXPECT_EQ(GetGadgetState(1), 2) << "nothing of this selects";
-    EXPECT_EQ(GetGadgetText(1), u"none");
-    EXPECT_EQ(Items(), u"first,a,b,");
+    EXPECT_EQ(GetGadgetText(1) + u":" + Items(), u"none:first,a,b,");
     EXPECT_EQ(GetGadgetItemData(1, 2), 7);
     SetGadgetText(1, u"a");
-    EXPECT_EQ(GetGadgetState(1), 1);
     ClearGadgetItems(1);
     EXPECT_EQ(GetGadgetState(1), 1);
     SetGadgetState(1, -1);
@@ -122,61 +109,40 @@ TEST_F(ComboBoxTest, ShowsImagesWhereItsFlagSays) {
     for (const std::uint32_t flags : {0U, ComboBoxImages}) {
         Create({u""}, flags);
         SetGadgetState(1, 0);
-        const auto reds = [] {
-            const QImage image = View(1)->grab().toImage();
-            return image.pixelColor(12, 10) == QColor(Qt::red);
-        };
-        EXPECT_FALSE(reds());
         SetGadgetItemImage(1, 0, ToHandle<NativeImage>(&red));
-        EXPECT_EQ(reds(), flags != 0);
+        EXPECT_EQ(View(1)->grab().toImage().pixel(12, 10) == 0xFFFF0000, flags != 0);
     }
 }
 
-TEST_F(ComboBoxTest, PostsEveryChoiceOfTheUser) {
+TEST_F(ComboBoxTest, ReportsEveryChoiceButNoneByTheWheel) {
     Create({u"a", u"b"});
-    SetGadgetState(1, 0);
+    SetGadgetState(1, 1);
     ForgetEvents();
-    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_End}) {
-        Click(1);
-        Press(key);
-        EXPECT_EQ(Taken(), "");
-        Press(Qt::Key_Return);
-        EXPECT_EQ(Taken(), "Change 1") << "also of the item selected already";
-        EXPECT_EQ(GetGadgetState(1), 1);
-    }
+    Click(1);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Taken(), "Change 1") << "also of the item selected already";
+    QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, {}, {}, {}, false);
+    QCoreApplication::sendEvent(View(1), &wheel);
+    EXPECT_EQ(GetGadgetState(1), 1) << "what scrolls the window chooses nothing on its way";
 }
 
 TEST_F(ComboBoxTest, EditableFormReportsEditsAndDrops) {
     Create({u"a", u"b"}, ComboBoxEditable);
     ActivateGadget(1);
     ForgetEvents();
-    QGuiApplication::clipboard()->setText("x\ny\n");
-    Press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(GetGadgetText(1), u"x y");
+    Type("x");
     EXPECT_EQ(Taken(), "Change 1");
     Press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(GetGadgetText(1), u"");
     EXPECT_EQ(Taken(), "Change 1");
-    const auto dropped = [] {
-        QMimeData data;
-        data.setText("dropped");
-        QObject* const window = Native(0)->windowHandle();
-        const QPoint place = View(1)->mapTo(Native(0), View(1)->rect().center());
-        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(window, &enter);
-        QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(window, &drop);
+    for (const bool isGadgets : {false, true, false}) {
+        EnableGadgetDrop(1, isGadgets);
+        SetGadgetText(1, u"");
+        Drop(*Native(0)->windowHandle(), View(1)->geometry().center());
         while (WaitForEvent(0) != 0 && CurrentEventKind() != DropOnGadget) {
         }
-        return EventDropText();
-    };
-    EXPECT_EQ(dropped(), u"");
-    EXPECT_EQ(GetGadgetText(1), u"dropped");
-    EnableGadgetDrop(1, true);
-    EXPECT_EQ(dropped(), u"dropped");
-    EXPECT_EQ(GetGadgetText(1), u"dropped") << "the field did not take it";
-    EnableGadgetDrop(1, false);
-    EXPECT_EQ(dropped(), u"");
+        EXPECT_EQ(EventDropText(), isGadgets ? u"dropped" : u"");
+        EXPECT_EQ(GetGadgetText(1), isGadgets ? u"" : u"dropped");
+    }
 }
 
 TEST_F(ComboBoxTest, LeavesCommandKeysToTheWindow) {
@@ -188,7 +154,6 @@ TEST_F(ComboBoxTest, LeavesCommandKeysToTheWindow) {
         QCoreApplication::sendEvent(QGuiApplication::focusObject(), &key);
         EXPECT_FALSE(key.isAccepted());
         EXPECT_EQ(GetGadgetText(1), u"");
-        EXPECT_EQ(Taken(), "");
         Press(Qt::Key_F);
         EXPECT_EQ(Taken(), "Change 1");
     }

@@ -1,15 +1,11 @@
 #include <algorithm>
 #include <chrono>
-#include <limits>
+#include <cstdint>
 
 #include <QTest>
 #include <QTimer>
 
-#include "gui/event_loop.h"
-#include "gui/events/event_posting.h"
-#include "gui/window.h"
-#include "gui/windows/qz_window.h"
-#include "tests/support/gui_test.h"
+#include "layer.h"
 
 namespace rotavel {
 namespace {
@@ -102,6 +98,9 @@ TEST_F(EventQueueTest, BindingsRunFromTheClosestKeyToTheWidest) {
     QueueEvent(GadgetActivity, 2, 1, Change);
     EXPECT_EQ(calls, all + all) << "a merged event runs them too";
     EXPECT_EQ(Current(), "1 0 5 0;");
+    calls.clear();
+    QueueEvent(GadgetActivity, -1, 1, -1);
+    EXPECT_EQ(calls, "c3 1 -1 -1;d3 1 -1 -1;") << "once, though several keys name them";
 
     calls.clear();
     UnbindEvent(Note<'z'>, GadgetActivity, 1, 2, Change);
@@ -114,6 +113,18 @@ TEST_F(EventQueueTest, BindingsRunFromTheClosestKeyToTheWidest) {
     UnbindWindowEvents(1);
     QueueEvent(GadgetActivity, 2, 1, Change);
     EXPECT_EQ(calls, "e3 1 2 768;");
+}
+
+TEST_F(EventQueueTest, BindingsThatAnEarlierOneRemovedDoNotRun) {
+    const EventCallback removals[] = {[] { UnbindEvent(Note<'b'>, MenuChosen, 1); },
+                                      [] { UnbindWindowEvents(1); }, ReleaseEventQueue};
+    for (const EventCallback removal : removals) {
+        BindEvent(removal, MenuChosen, 1);
+        BindEvent(Note<'b'>, MenuChosen, 1);
+        QueueEvent(MenuChosen, 7, 1, 0);
+        EXPECT_EQ(calls, "");
+        ReleaseEventQueue();
+    }
 }
 
 TEST_F(EventQueueTest, DataLivesUntilTheNextEventIsTaken) {
@@ -141,12 +152,7 @@ TEST_F(EventQueueTest, DataLivesUntilTheNextEventIsTaken) {
 }
 
 TEST_F(EventQueueTest, CallbacksThatTakeEventsRobNobody) {
-    BindEvent(
-        [] {
-            while (TakeEvent() != 0) {
-            }
-        },
-        MenuChosen);
+    BindEvent([] { TakeAll(); }, MenuChosen);
     PostProgramEvent(MenuChosen, 0, 5);
     PostProgramEvent(GadgetActivity, 0, 6);
     EXPECT_EQ(TakeEvent(), MenuChosen);
@@ -170,7 +176,7 @@ TEST_F(EventQueueTest, WaitsAsLongAsItIsTold) {
     const auto start = steady_clock::now();
     EXPECT_EQ(WaitForEvent(30), 0);
     EXPECT_GE(steady_clock::now() - start, std::chrono::milliseconds(30));
-    for (const auto timeout : {std::int64_t{-1}, std::numeric_limits<std::int64_t>::max()}) {
+    for (const std::int64_t timeout : {INT64_C(-1), INT64_MAX}) {
         QTimer::singleShot(10, [] { QueueEvent(MenuChosen, 4, 0, 0); });
         EXPECT_EQ(WaitForEvent(timeout), MenuChosen);
     }

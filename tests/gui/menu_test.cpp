@@ -1,5 +1,3 @@
-#include "gui/menu.h"
-
 #include <csignal>
 #include <string>
 
@@ -8,23 +6,18 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 #include <QWindow>
 
-#include "gui/event_loop.h"
-#include "gui/gadget.h"
-#include "gui/requester.h"
-#include "gui/string_gadget.h"
-#include "gui/window.h"
-#include "gui/windows/qz_window.h"
-#include "runtime/numbered_objects.h"
-#include "tests/support/gui_test.h"
+#include "layer.h"
 
 namespace rotavel {
 namespace {
 
 using namespace tests;
+
+constexpr Qt::KeyboardModifiers Control = Qt::ControlModifier;
+constexpr Qt::KeyboardModifiers Alt = Qt::AltModifier;
 
 class MenuTest : public GuiTest {
   protected:
@@ -34,6 +27,8 @@ class MenuTest : public GuiTest {
     }
 
     static QMenuBar& Bar() { return *Native(3)->Layout().MenuBar(); }
+    static std::string Name() { return Bar().actions().front()->text().toStdString(); }
+    static bool IsMenuOpen() { return QApplication::activePopupWidget() != nullptr; }
     // File (Makers (Moto Guzzi (a1, b2), Ducati), MV, Leave), Help (About), Fork (Oil).
     static void BuildMotorcycles() {
         MenuCreate(0, WindowNativeHandle(3));
@@ -52,30 +47,32 @@ class MenuTest : public GuiTest {
         MenuTitle(u"Fork");
         MenuItem(3, u"Oil");
     }
-    // The texts of what is selected in the bar and in every open menu, from the bar on.
-    static std::string Selected() {
-        Taken();
+    // A field with the keyboard.
+    static void CreateField() {
+        StringGadgetCreate(1, 0, 0, 100, 20);
+        ActivateGadget(1);
+        ForgetEvents();
+    }
+    // The offscreen platform gives every menu the keyboard and, sometimes, nobody when it closes.
+    static void GiveKeyboardBack() {
+        Native(3)->activateWindow();
+        ForgetEvents();
+    }
+    // The events that came, else what is selected in the bar and in every open menu, from the bar
+    // on.
+    static std::string Result() {
+        const std::string taken = Taken();
         std::string selected;
         for (const QAction* action = Bar().activeAction(); action != nullptr;) {
             selected.append(selected.empty() ? "" : " > ").append(action->text().toStdString());
             const QMenu* const menu = action->menu();
             action = menu != nullptr && menu->isVisible() ? menu->activeAction() : nullptr;
         }
-        return selected;
+        return taken.empty() ? selected : taken;
     }
-    static bool IsMenuOpen() { return QApplication::activePopupWidget() != nullptr; }
-
-    // The offscreen platform gives every menu the keyboard and, sometimes, nobody when it closes.
-    static void GiveKeyboardBack() {
-        Native(3)->activateWindow();
-        ForgetEvents();
-    }
-
-    // The item at a place of a menu of the window's bar.
-    static QAction& Item(int title, int item) {
-        QMenu& menu = *Bar().actions().at(title)->menu();
-        emit menu.aboutToShow();
-        return *menu.actions().at(item);
+    static std::string After(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        Press(key, modifiers);
+        return Result();
     }
 };
 
@@ -83,7 +80,6 @@ TEST_F(MenuTest, IsBuiltFromFrontToBack) {
     EXPECT_EQ(MenuCreate(0, nullptr), 0);
     const std::int64_t handle = MenuCreate(0, WindowNativeHandle(3));
     EXPECT_EQ(handle, reinterpret_cast<std::intptr_t>(&Bar()));
-    const std::string name = Bar().actions().front()->text().toStdString();
     MenuItem(1, u"dropped");
     MenuSeparator();
     MenuOpenSubmenu(u"dropped");
@@ -91,8 +87,6 @@ TEST_F(MenuTest, IsBuiltFromFrontToBack) {
     MenuOpenSubmenu(u"&Makers");
     MenuOpenSubmenu(u"A");
     MenuItem(10, u"a&1");
-    MenuCloseSubmenu();
-    MenuOpenSubmenu(u"");
     MenuCloseSubmenu();
     MenuItem(11, u"m");
     MenuCloseSubmenu();
@@ -103,31 +97,28 @@ TEST_F(MenuTest, IsBuiltFromFrontToBack) {
     MenuItem(13, u"dropped");
     MenuTitle(u"Help");
     MenuItem(3, u"R&&D");
-    EXPECT_EQ(MenuOutline(3), name + "(About " + name + ",-,Preferences\u2026,-,Services,-,Hide " +
-                                  name + ",Hide Others,Show All,-,Quit " + name +
-                                  ",),File(Makers(A(a1,),(),m,),-,),bar,Help(RD,),");
-}
-
-TEST_F(MenuTest, FirstBarOfAWindowIsOnShowBeforeItHasTheKeyboard) {
+    EXPECT_EQ(MenuOutline(3), Name() + "(About " + Name() +
+                                  ",-,Preferences\u2026,-,Services,-,Hide " + Name() +
+                                  ",Hide Others,Show All,-,Quit " + Name() +
+                                  ",),File(Makers(A(a1,),m,),-,),bar,Help(RD,),");
+    // The first bar of a window that does not have the keyboard is on show.
     WindowCreate(4, 0, 0, 200, 100, {}, WindowHidden);
-    MenuCreate(1, WindowNativeHandle(4));
-    const QMenuBar* const first = Native(4)->Layout().MenuBar();
-    ASSERT_NE(first, nullptr);
+    const std::int64_t first = MenuCreate(1, WindowNativeHandle(4));
     MenuCreate(2, WindowNativeHandle(4));
-    EXPECT_EQ(Native(4)->Layout().MenuBar(), first);
+    EXPECT_EQ(reinterpret_cast<std::intptr_t>(Native(4)->Layout().MenuBar()), first);
     EXPECT_EQ(WindowGetHeight(4), 100);
 }
 
 TEST_F(MenuTest, ApplicationMenuPostsItsFixedNumbers) {
     MenuCreate(0, WindowNativeHandle(3));
-    QAction& about = Item(0, 0);
-    EXPECT_FALSE(about.isEnabled() || Item(0, 2).isEnabled());
-    Press(Qt::Key_Comma, Qt::ControlModifier);
+    QAction& about = *Bar().actions().front()->menu()->actions().front();
+    EXPECT_FALSE(about.isEnabled());
+    EXPECT_EQ(After(Qt::Key_Comma, Control), "");
     MenuItem(AboutItem, u"");
     MenuItem(PreferencesItem, u"");
     about.trigger();
-    Press(Qt::Key_Comma, Qt::ControlModifier);
-    Press(Qt::Key_Q, Qt::ControlModifier);
+    Press(Qt::Key_Comma, Control);
+    Press(Qt::Key_Q, Control);
     QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit));  // the session ends
     EXPECT_EQ(Taken(), "Menu -3@3, Menu -2@3, Menu -4@3, Menu -4@-1");
 }
@@ -135,230 +126,169 @@ TEST_F(MenuTest, ApplicationMenuPostsItsFixedNumbers) {
 TEST_F(MenuTest, ShortcutsAreReadFromTheText) {
     const struct {
         const char16_t* Text;
-        const char* Title;
         Qt::Key Key;
         Qt::KeyboardModifiers Modifiers;
+        const char* Result = "Menu 5@3";  // of two items with the keys the first is chosen
     } cases[] = {
-        {u"&Save\tCTRL+SHIFT+S", "Save", Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier},
-        {u"Open\tcmd+alt+o", "Open", Qt::Key_O, Qt::ControlModifier | Qt::AltModifier},
-        {u"Twelve\tF12", "Twelve", Qt::Key_F12, {}},
-        {u"Last\tF1+ALT+X+Y", "Last", Qt::Key_Y, Qt::AltModifier},
-        {u"Quit\tCMD+Q", "Quit", Qt::Key_Q, Qt::ControlModifier},
+        {u"&Item\tCTRL+SHIFT+S", Qt::Key_S, Control | Qt::ShiftModifier},
+        {u"Item\tcmd+alt+o", Qt::Key_O, Control | Alt},
+        {u"Item\tF12", Qt::Key_F12, {}},
+        {u"Item\tF1+ALT+X+Y", Qt::Key_Y, Alt},
+        {u"Item\tCMD+Q", Qt::Key_Q, Control, "Menu -4@3"},  // the application menu comes first
     };
-    for (const auto& [text, title, key, modifiers] : cases) {
+    for (const auto& [text, key, modifiers, result] : cases) {
         MenuCreate(0, WindowNativeHandle(3));
         MenuTitle(u"File");
         MenuItem(5, text);
         MenuItem(6, text);
-        EXPECT_EQ(Item(1, 0).text(), title);
-        EXPECT_EQ(Item(1, 0).shortcut(), QKeySequence(QKeyCombination(modifiers, key)));
-        Press(key, modifiers);
-        // Of items with the same keys the first is chosen, and the application menu comes first.
-        EXPECT_EQ(Taken(), key == Qt::Key_Q ? "Menu -4@3" : "Menu 5@3") << title;
+        const QAction& item = *Bar().actions()[1]->menu()->actions().front();
+        EXPECT_EQ(item.text(), "Item");
+        EXPECT_EQ(item.shortcut(), QKeySequence(QKeyCombination(modifiers, key)));
+        EXPECT_EQ(After(key, modifiers), result);
     }
     // What cannot be chosen leaves its keys to the program: until it can.
-    MenuCreate(0, WindowNativeHandle(3));
-    MenuTitle(u"File");
     MenuItem(7, u"Comma\tCMD+,");
     MenuItem(8, u"Others\tCMD+ALT+H");
-    Press(Qt::Key_Comma, Qt::ControlModifier);
-    Press(Qt::Key_H, Qt::ControlModifier | Qt::AltModifier);
-    EXPECT_EQ(Taken(), "Menu 7@3, Menu 8@3");
+    EXPECT_EQ(After(Qt::Key_Comma, Control), "Menu 7@3");
+    EXPECT_EQ(After(Qt::Key_H, Control | Alt), "Menu 8@3");
     MenuItem(PreferencesItem, u"");
-    Press(Qt::Key_Comma, Qt::ControlModifier);
-    Press(Qt::Key_H, Qt::ControlModifier | Qt::AltModifier);
-    EXPECT_EQ(Taken(), "Menu -2@3, Menu 8@3");
+    EXPECT_EQ(After(Qt::Key_Comma, Control), "Menu -2@3");
 }
 
-TEST_F(MenuTest, LettersOpenMenusAndChoose) {
+TEST_F(MenuTest, KeysGoThroughMenusAndBack) {
     BuildMotorcycles();
-    StringGadgetCreate(1, 0, 0, 100, 20, u"text");
-    ActivateGadget(1);
-    ForgetEvents();
-    const std::string name = Bar().actions().front()->text().toStdString();
-    // With Alt the next title that begins with the letter, also when a menu is open.
-    const char* const titles[] = {"File > Makers", "Fork > Oil", "File > Makers"};
-    for (const char* const title : titles) {
-        Press(Qt::Key_F, Qt::AltModifier);
-        EXPECT_EQ(Selected(), title);
-    }
-    Press(Qt::Key_H, Qt::AltModifier);
-    EXPECT_EQ(Selected(), "Help > About");
-    Press(Qt::Key_H, Qt::AltModifier);
-    EXPECT_EQ(Selected(), "Help > About") << "it is open already";
-    Press(Qt::Key_Escape);
-    EXPECT_EQ(Selected(), "Help") << "back on the bar";
-    Press(Qt::Key_F);
-    Press(Qt::Key_X);
-    EXPECT_EQ(Selected(), "Fork > Oil") << "an item with that letter there is not";
-    Press(Qt::Key_F, Qt::AltModifier);
-    // Of several items a letter selects the next; the only one it chooses.
-    const char* const makers[] = {"File > MV", "File > Makers", "File > MV", "File > Makers"};
-    for (const char* const maker : makers) {
-        Press(Qt::Key_M);
-        EXPECT_EQ(Selected(), maker);
-    }
-    Press(Qt::Key_Right);
-    Press(Qt::Key_M);
-    EXPECT_EQ(Selected(), "File > Makers > Moto Guzzi > a1") << "it opens what it chooses";
-    Press(Qt::Key_B, Qt::ShiftModifier);
-    EXPECT_EQ(Taken(), "Menu 11@3") << "and no Focus or Change of the field";
-    EXPECT_FALSE(IsMenuOpen());
-    EXPECT_EQ(View(1), QApplication::focusWidget());
-    EXPECT_EQ(GetGadgetText(1), u"text");
-    // The application menu's own: what cannot be chosen has no letter.
-    Press(Qt::Key(Qt::Key(QChar(name.front()).toUpper().unicode())), Qt::AltModifier);
-    Press(Qt::Key_A);
-    EXPECT_TRUE(IsMenuOpen());
-    Press(Qt::Key_S);
-    EXPECT_FALSE(IsMenuOpen()) << "of two with the letter only one can be chosen";
-    // On the bar itself.
     MenuCloseSubmenu();
     MenuItem(21, u"Direct");
-    ForgetEvents();
-    QTest::keyPress(Native(3)->windowHandle(), Qt::Key_D, Qt::AltModifier);
-    QTest::keyRelease(Native(3)->windowHandle(), Qt::Key_Alt);  // the first of the two to be let go
-    EXPECT_EQ(Selected(), "");
-    EXPECT_TRUE(View(1)->hasFocus());
-}
+    CreateField();
+    const std::string name = Name();
+    const struct {
+        Qt::Key Key;
+        Qt::KeyboardModifiers Modifiers;
+        std::string Result;
+    } steps[] = {
+        // With Alt the next title that begins with the letter, also when a menu is open.
+        {Qt::Key_F, Alt, "File > Makers"},
+        {Qt::Key_F, Alt, "Fork > Oil"},
+        {Qt::Key_F, Alt, "File > Makers"},
+        {Qt::Key_H, Alt, "Help > About"},
+        {Qt::Key_H, Alt, "Help > About"},
+        {Qt::Key_Escape, {}, "Help"},
+        {Qt::Key_F, {}, "Fork > Oil"},
+        {Qt::Key_X, {}, "Fork > Oil"},
+        {Qt::Key_F, Alt, "File > Makers"},
+        // Of several items a letter selects the next; the only one it chooses.
+        {Qt::Key_M, {}, "File > MV"},
+        {Qt::Key_M, {}, "File > Makers"},
+        {Qt::Key_M, {}, "File > MV"},
+        {Qt::Key_M, {}, "File > Makers"},
+        {Qt::Key_Right, {}, "File > Makers > Moto Guzzi"},
+        {Qt::Key_M, {}, "File > Makers > Moto Guzzi > a1"},
+        {Qt::Key_B, Qt::ShiftModifier, "Menu 11@3"},
+        {Qt::Key_A, {}, "Change 1@3"},  // the field has kept the window's focus
+        // The application menu's own: what cannot be chosen has no letter.
+        {Qt::Key(QChar(name.front()).toUpper().unicode()), Alt, name + " > Hide " + name},
+        {Qt::Key_A, {}, name + " > Hide " + name},
+        {Qt::Key_S, {}, ""},
+        {Qt::Key_D, Alt, "Menu 21@3"},
+        {Qt::Key_F10, {}, name},
+        {Qt::Key_Right, {}, "File"},
+        {Qt::Key_F10, {}, ""},
+        {Qt::Key_Alt, {}, name},
+        {Qt::Key_Alt, {}, ""},
+        {Qt::Key_B, {}, "Change 1@3"},
+    };
+    for (const auto& [key, modifiers, result] : steps) {
+        EXPECT_EQ(After(key, modifiers), result) << "after " << &key - &steps[0].Key;
+    }
+    EXPECT_EQ(GetGadgetText(1), u"ab");
+    EXPECT_EQ(View(1), QApplication::focusWidget());
+    // Alt may be let go last or first: it was for the letter.
+    QWindow* const handle = Native(3)->windowHandle();
+    QTest::keyPress(handle, Qt::Key_Alt);
+    Press(Qt::Key_H, Alt);
+    QTest::keyRelease(handle, Qt::Key_Alt);
+    EXPECT_EQ(Result(), "Help > About");
+    EXPECT_EQ(After(Qt::Key_Return), "Menu 2@3");
+    QTest::keyPress(handle, Qt::Key_D, Alt);
+    QTest::keyRelease(handle, Qt::Key_Alt);
+    EXPECT_EQ(Result(), "Menu 21@3");
+    EXPECT_EQ(Result(), "");
 
-TEST_F(MenuTest, KeysGoToTheBarAndBack) {
-    BuildMotorcycles();
-    StringGadgetCreate(1, 0, 0, 100, 20, u"");
-    ActivateGadget(1);
-    ForgetEvents();
     const auto pictureOfTitle = [] {
-        return Bar().grab(Bar().actionGeometry(Bar().actions().at(0))).toImage();
+        return Bar().grab(Bar().actionGeometry(Bar().actions().front())).toImage();
     };
     const QImage unselected = pictureOfTitle();
     Press(Qt::Key_F10);
-    EXPECT_EQ(Selected(), Bar().actions().front()->text().toStdString());
-    EXPECT_NE(pictureOfTitle(), unselected) << "to be seen";
+    EXPECT_NE(pictureOfTitle(), unselected) << "where the keys go is to be seen";
     Press(Qt::Key_Right);
-    EXPECT_EQ(Selected(), "File");
     EXPECT_EQ(pictureOfTitle(), unselected);
-    Press(Qt::Key_F10);
-    EXPECT_EQ(Selected(), "");
-    Type("x");
-    EXPECT_EQ(Taken(), "Change 1@3") << "the field kept the window's focus all the time";
-
-    QWindow* const handle = Native(3)->windowHandle();
-    const auto tapAlt = [handle] {
-        QTest::keyPress(handle, Qt::Key_Alt);
-        QTest::keyRelease(handle, Qt::Key_Alt);
-    };
-    tapAlt();
-    EXPECT_NE(Selected(), "");
-    tapAlt();
-    EXPECT_EQ(Selected(), "");
-    QTest::keyPress(handle, Qt::Key_Alt);
-    Press(Qt::Key_H, Qt::AltModifier);
-    QTest::keyRelease(handle, Qt::Key_Alt);
-    EXPECT_EQ(Selected(), "Help > About") << "Alt was for the letter";
-    Press(Qt::Key_Return);
-    EXPECT_EQ(Taken(), "Menu 2@3");
 }
 
 TEST_F(MenuTest, DisabledWindowHasNoMenus) {
-    StringGadgetCreate(1, 0, 0, 100, 20, u"");
-    ActivateGadget(1);
-    WindowDisable(3, true);
+    CreateField();
     BuildMotorcycles();
-    ForgetEvents();
-    const auto expectDeaf = [] {
-        QWindow* const handle = Native(3)->windowHandle();
-        QTest::keyPress(handle, Qt::Key_Alt);
-        QTest::keyRelease(handle, Qt::Key_Alt);
-        Press(Qt::Key_F, Qt::AltModifier);
-        Press(Qt::Key_F10);
-        Press(Qt::Key_Q, Qt::ControlModifier);
-        Type("x");
-        ClickMenuTitle(3, 1);
-        EXPECT_EQ(Taken(), "");
-        EXPECT_FALSE(IsMenuOpen());
-        EXPECT_EQ(Selected(), "");
+    static constexpr auto disable = [] { WindowDisable(3, true); };
+    const std::pair<void (*)(), void (*)()> cases[] = {
+        {[] { Press(Qt::Key_F, Alt); }, disable},
+        {[] { Press(Qt::Key_F10); }, disable},
+        {disable, BuildMotorcycles},
+        {disable, [] { FreeMenu(0); }},
     };
-    expectDeaf();
-    WindowDisable(3, false);
-    Press(Qt::Key_F, Qt::AltModifier);
-    Press(Qt::Key_M);
-    Press(Qt::Key_M);
-    Press(Qt::Key_Right);
-    EXPECT_EQ(Selected(), "File > Makers > Moto Guzzi");
-    WindowDisable(3, true);
-    ForgetEvents();
-    expectDeaf();
-    WindowDisable(3, false);
-    Press(Qt::Key_F10);
-    WindowDisable(3, true);
-    ForgetEvents();
-    expectDeaf();
-    FreeMenu(0);
-    EXPECT_FALSE(Bar().isEnabled());
-    WindowDisable(3, false);
-    EXPECT_TRUE(Bar().isEnabled());
-    EXPECT_EQ(Selected(), "");
-    Type("x");
-    EXPECT_EQ(Taken(), "Change 1@3");
+    for (const auto& [first, then] : cases) {
+        first();
+        then();
+        EXPECT_FALSE(IsMenuOpen());
+        ForgetEvents();
+        Press(Qt::Key_Alt);
+        Press(Qt::Key_F, Alt);
+        Press(Qt::Key_F10);
+        Press(Qt::Key_Q, Control);
+        Type("x");
+        ClickMenuTitle(3, 0);
+        EXPECT_EQ(Result(), "");
+        EXPECT_FALSE(IsMenuOpen() || Bar().isEnabled());
+        WindowDisable(3, false);
+        ForgetEvents();
+        EXPECT_EQ(After(Qt::Key_X), "Change 1@3");
+    }
 }
 
 TEST_F(MenuTest, WindowsWithoutBarHaveTheProgramsApplicationMenu) {
     BuildMotorcycles();
-    MenuTitle(u"Keys");
     MenuItem(5, u"Five\tCTRL+5");
     WindowCreate(4, 0, 0, 100, 50, {}, WindowCloseBox, WindowNativeHandle(3));
-    StringGadgetCreate(1, 0, 0, 100, 20, u"");
-    ActivateGadget(1);
+    CreateField();
     WindowDisable(3, true);
     ForgetEvents();
     ASSERT_EQ(KeyWindowNumber(), 4);
-    Press(Qt::Key_5, Qt::ControlModifier);
-    Press(Qt::Key_Comma, Qt::ControlModifier);
-    EXPECT_EQ(Taken(), "") << "items belong to their window";
-    Press(Qt::Key_Q, Qt::ControlModifier);
-    EXPECT_EQ(Taken(), "Menu -4@3");
+    Press(Qt::Key_5, Control);
+    EXPECT_EQ(After(Qt::Key_Comma, Control), "") << "items belong to their window";
+    EXPECT_EQ(After(Qt::Key_Q, Control), "Menu -4@3");
     FreeMenu(0);
-    ForgetEvents();
-    Press(Qt::Key_Q, Qt::ControlModifier);
-    EXPECT_EQ(Taken(), "Menu -4@3") << "the plain bar has it too";
+    EXPECT_EQ(After(Qt::Key_Q, Control), "Menu -4@3") << "the plain bar has it too";
     WindowDisable(4, true);
     ForgetEvents();
-    Press(Qt::Key_Q, Qt::ControlModifier);
-    EXPECT_EQ(Taken(), "");
+    EXPECT_EQ(After(Qt::Key_Q, Control), "");
 }
 
 TEST_F(MenuTest, EscapeAndTheKeyForClosingAskAWindowAboveAnotherToClose) {
     BuildMotorcycles();
-    const auto press = [] {
-        Press(Qt::Key_Escape);
-        Press(Qt::Key_A);
-        Press(Qt::Key_W, Qt::ControlModifier);
-        return Taken();
-    };
-    EXPECT_EQ(press(), "") << "a window of its own";
-    const auto open = [](std::uint32_t flags) {
+    EXPECT_EQ(After(Qt::Key_Escape) + After(Qt::Key_W, Control), "") << "a window of its own";
+    for (const std::uint32_t flags : {0U, WindowCloseBox}) {
         WindowCreate(4, 0, 0, 200, 50, {}, flags, WindowNativeHandle(3));
-        StringGadgetCreate(1, 0, 0, 100, 20, u"");
-        ActivateGadget(1);
-        ForgetEvents();
-    };
-    open(0);
-    EXPECT_EQ(press(), "Change 1@4") << "no close box";
-    open(WindowCloseBox);
-    EXPECT_EQ(press(), "Close 4, Change 1@4, Close 4");
+        CreateField();
+        const std::string result = flags == 0 ? "" : "Close 4";
+        EXPECT_EQ(After(Qt::Key_Escape), result);
+        EXPECT_EQ(After(Qt::Key_W, Control), result);
+    }
     MenuCreate(1, WindowNativeHandle(4));
     MenuTitle(u"Zoom");
     MenuItem(1, u"One");
-    Press(Qt::Key_Z, Qt::AltModifier);
-    ASSERT_TRUE(IsMenuOpen());
+    Press(Qt::Key_Z, Alt);
+    EXPECT_TRUE(IsMenuOpen());
     Press(Qt::Key_Escape);
-    Press(Qt::Key_Escape);
-    EXPECT_EQ(Taken(), "") << "the menu, then the bar, are left";
-    Press(Qt::Key_Escape);
-    EXPECT_EQ(Taken(), "Close 4");
-    WindowDisable(4, true);
-    ForgetEvents();
-    EXPECT_EQ(press(), "");
+    EXPECT_EQ(After(Qt::Key_Escape), "") << "the menu, then the bar, are left";
+    EXPECT_EQ(After(Qt::Key_Escape), "Close 4");
 }
 
 TEST_F(MenuTest, BarTooLongForItsWindowOpensItsRest) {
@@ -369,128 +299,53 @@ TEST_F(MenuTest, BarTooLongForItsWindowOpensItsRest) {
     }
     auto& button = *Bar().findChild<QToolButton*>();
     ASSERT_TRUE(button.isVisible());
-    const auto press = [&button] {
-        Taken();
-        QTest::mouseClick(Native(3)->windowHandle(), Qt::LeftButton, {},
-                          button.mapTo(Native(3), button.rect().center()));
-    };
-    press();
+    ForgetEvents();
+    QTest::mouseClick(Native(3)->windowHandle(), Qt::LeftButton, {},
+                      button.mapTo(Native(3), button.rect().center()));
     EXPECT_TRUE(IsMenuOpen());
     std::raise(SIGTERM);
     EXPECT_EQ(Taken(), "Close 0") << "waits go on meanwhile";
     Press(Qt::Key_Z);
-    Press(Qt::Key_L);
-    EXPECT_EQ(Taken(), "Menu 20@3");
+    EXPECT_EQ(After(Qt::Key_L), "Menu 20@3");
     EXPECT_FALSE(button.isDown());
     GiveKeyboardBack();
-    Press(Qt::Key_Z, Qt::AltModifier);
-    Press(Qt::Key_L);
-    EXPECT_EQ(Taken(), "Menu 20@3");
-    press();
-    WindowDisable(3, true);
-    EXPECT_FALSE(IsMenuOpen());
+    Press(Qt::Key_Z, Alt);
+    EXPECT_EQ(After(Qt::Key_L), "Menu 20@3");
 }
 
-TEST_F(MenuTest, ThousandsOfItemsCostLittleUntilTheyAreSeen) {
-    constexpr int count = 6000;
-    const auto fill = [] {
-        MenuCreate(0, WindowNativeHandle(3));
-        MenuTitle(u"File");
-        for (int i = 1; i <= count; ++i) {
-            MenuItem(i, i == count ? u"Zebra" : u"Model");
-        }
-    };
-    fill();
-    EXPECT_EQ(Bar().findChildren<QAction*>().size(), Bar().actions().size() * 2 + 10);
-    MenuItem(count + 1, u"With keys\tCTRL+5");
-    MenuSeparator();
-    MenuItem(count + 2, u"Behind");
-    Press(Qt::Key_5, Qt::ControlModifier);
-    EXPECT_EQ(Taken(), "Menu 6001@3");
-    Press(Qt::Key_F, Qt::AltModifier);
-    EXPECT_EQ(Bar().actions().at(1)->menu()->actions().size(), count + 3);
-    EXPECT_EQ(Item(1, count).text(), "With keys");
-    Press(Qt::Key_End);
-    EXPECT_EQ(Selected(), "File > Behind");
-    QMenu& menu = *Bar().actions().at(1)->menu();
-    EXPECT_TRUE(menu.rect().contains(menu.actionGeometry(menu.activeAction())));
-    Press(Qt::Key_Z);
-    EXPECT_EQ(Taken(), "Menu 6000@3");
+TEST_F(MenuTest, ItemsAreMadeWhenTheyAreSeen) {
+    MenuCreate(0, WindowNativeHandle(3));
+    MenuTitle(u"File");
+    MenuItem(1, u"Model");
+    const qsizetype before = Bar().findChildren<QAction*>().size();
+    MenuItem(2, u"Model");
+    MenuItem(3, u"Zebra");
+    EXPECT_EQ(Bar().findChildren<QAction*>().size(), before) << "thousands cost little";
+    MenuItem(4, u"With keys\tCTRL+5");
+    MenuItem(5, u"Behind");
+    EXPECT_EQ(After(Qt::Key_5, Control), "Menu 4@3");
+    Press(Qt::Key_F, Alt);
+    EXPECT_EQ(After(Qt::Key_End), "File > Behind");
+    EXPECT_EQ(After(Qt::Key_Z), "Menu 3@3");
 }
 
 TEST_F(MenuTest, FreeingPutsThePlainBarBack) {
-    const auto build = [] {
-        MenuCreate(0, WindowNativeHandle(3));
-        MenuTitle(u"File");
-        MenuItem(5, u"Five\tCTRL+5");
-    };
-    build();
-    FreeMenu(0);
-    FreeMenu(0);
-    MenuTitle(u"Lost");
-    EXPECT_EQ(Bar().actions().size(), 1);
-    EXPECT_EQ(WindowGetHeight(3), 100);
-    Press(Qt::Key_5, Qt::ControlModifier);
-    EXPECT_EQ(Taken(), "");
-    build();
-    const EventCallback destroy = [] { WindowDestroy(3); };
-    BindEvent(destroy, MenuChosen);
-    Press(Qt::Key_5, Qt::ControlModifier);
-    EXPECT_EQ(Taken(), "") << "event and menu went with the window";
-    UnbindEvent(destroy, MenuChosen);
-    WindowCreate(3, 0, 0, 200, 100);
-    EXPECT_EQ(Native(3)->Layout().MenuBar(), nullptr);
-    build();
-    ForgetEvents();
-    Press(Qt::Key_F, Qt::AltModifier);
+    MenuCreate(0, WindowNativeHandle(3));
+    MenuTitle(u"File");
+    MenuItem(5, u"Five\tCTRL+5");
+    Press(Qt::Key_F, Alt);
     ASSERT_TRUE(IsMenuOpen());
     FreeMenu(0);
     EXPECT_FALSE(IsMenuOpen()) << "an open menu goes at once";
     GiveKeyboardBack();
-    Press(Qt::Key_F, Qt::AltModifier);
-    EXPECT_FALSE(IsMenuOpen());
-}
-
-// What an item's event makes the program do, while the toolkit is still at the item.
-TEST_F(MenuTest, BindingsOfItemsMayDoAnything) {
-    const EventCallback deeds[] = {
-        [] { FreeMenu(0); },
-        [] { WindowDestroy(3); },
-        [] { WindowDisable(3, true); },
-        [] {
-            FreeMenu(AnyNumber);
-            WaitForEvent(0);
-        },
-        [] {
-            WindowDestroy(AnyNumber);
-            WaitForEvent(0);
-        },
-        [] { MenuCreate(0, WindowNativeHandle(3)); },
-        [] {
-            QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
-            FreeMenu(0);
-            EXPECT_EQ(MessageRequester(u"", u""), 0);
-        },
-    };
-    for (const EventCallback deed : deeds) {
-        for (const bool byKeys : {false, true}) {
-            WindowCreate(3, 0, 0, 200, 100);
-            BuildMotorcycles();
-            MenuItem(4, u"Deed\tCTRL+D");
-            ForgetEvents();
-            BindEvent(deed, MenuChosen);
-            if (byKeys) {
-                Press(Qt::Key_D, Qt::ControlModifier);
-            } else {
-                Press(Qt::Key_F, Qt::AltModifier);
-                Press(Qt::Key_F, Qt::AltModifier);
-                Press(Qt::Key_D);
-            }
-            UnbindEvent(deed, MenuChosen);
-            ForgetEvents();
-            EXPECT_FALSE(IsMenuOpen());
-        }
-    }
+    FreeMenu(0);
+    MenuTitle(u"Lost");
+    EXPECT_EQ(Bar().actions().size(), 1);
+    EXPECT_EQ(WindowGetHeight(3), 100);
+    EXPECT_EQ(After(Qt::Key_5, Control), "");
+    EXPECT_EQ(After(Qt::Key_F, Alt), "");
+    WindowCreate(3, 0, 0, 200, 100);
+    EXPECT_EQ(Native(3)->Layout().MenuBar(), nullptr);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "gui/string_gadget.h"
+#include <map>
 
 #include <QClipboard>
 #include <QFontMetricsF>
@@ -8,51 +8,40 @@
 #include <QTest>
 #include <QWidget>
 
-#include "gui/events/event_posting.h"
-#include "gui/gadget.h"
 #include "gui/toolkit/text.h"
-#include "gui/window.h"
-#include "runtime/numbered_objects.h"
-#include "tests/support/gui_test.h"
+#include "layer.h"
 
 namespace rotavel {
 namespace {
 
 using namespace tests;
 
-// Keys that a script of typing names besides characters.
-constexpr char Back = '\b';
-constexpr char Left = '\x02';
-constexpr char All = '\x01';
-constexpr char Cut = '\x18';
-constexpr char Paste = '\x16';
-constexpr char Undo = '\x1A';
-constexpr char Redo = '\x19';
-constexpr char AltF = '\x06';
-constexpr char ControlAltF = '\x07';
-constexpr char AltGrF = '\x05';
-constexpr char Commit = '\x03';  // what could be pasted comes from an input method
+// What a script of typing names besides characters; Commit is what could be pasted, come from an
+// input method.
+enum : char { Back = 1, Left, All, Cut, Paste, Undo, Redo, AltF, ControlAltF, AltGrF, Commit };
 
 void Play(const std::string& script) {
+    using Combination = std::pair<Qt::Key, Qt::KeyboardModifiers>;
+    const std::map<char, Combination> combinations = {
+        {Back, {Qt::Key_Backspace, {}}},
+        {Left, {Qt::Key_Left, {}}},
+        {All, {Qt::Key_A, Qt::ControlModifier}},
+        {Cut, {Qt::Key_X, Qt::ControlModifier}},
+        {Paste, {Qt::Key_V, Qt::ControlModifier}},
+        {Undo, {Qt::Key_Z, Qt::ControlModifier}},
+        {Redo, {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier}},
+        {AltF, {Qt::Key_F, Qt::AltModifier}},
+        {ControlAltF, {Qt::Key_F, Qt::ControlModifier | Qt::AltModifier}},
+        {AltGrF, {Qt::Key_F, Qt::GroupSwitchModifier | Qt::AltModifier}},
+    };
     for (const char key : script) {
-        if (key == Back) {
-            Press(Qt::Key_Backspace);
-        } else if (key == Left) {
-            Press(Qt::Key_Left);
+        const auto combination = combinations.find(key);
+        if (combination != combinations.end()) {
+            Press(combination->second.first, combination->second.second);
         } else if (key == Commit) {
             QInputMethodEvent event;
             event.setCommitString(QGuiApplication::clipboard()->text());
             QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
-        } else if (key == AltF) {
-            Press(Qt::Key_F, Qt::AltModifier);
-        } else if (key == ControlAltF) {
-            Press(Qt::Key_F, Qt::ControlModifier | Qt::AltModifier);
-        } else if (key == AltGrF) {
-            Press(Qt::Key_F, Qt::GroupSwitchModifier | Qt::AltModifier);
-        } else if (key == Redo) {
-            Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-        } else if (key < ' ') {
-            Press(Qt::Key(Qt::Key_A + key - 1), Qt::ControlModifier);
         } else {
             Type({&key, 1});
         }
@@ -163,23 +152,6 @@ TEST_F(StringGadgetTest, TellsWhenTheKeyboardComesAndGoes) {
     BindEvent([] { ActivateGadget(2); }, GadgetActivity, 0, 2, LostFocus);
     Press(Qt::Key_Backtab);
     EXPECT_EQ(Taken(), "LostFocus 2, Focus 2") << "the value was wrong";
-    UnbindWindowEvents(0);
-    ActivateGadget(AnyNumber);
-    ForgetEvents();
-    WindowActivate(1);
-    ForgetEvents();
-    WindowActivate(0);
-    EXPECT_EQ(Taken(), "") << "no field had the keyboard";
-}
-
-TEST_F(StringGadgetTest, PressOnWhatIsSelectedBeginsADrag) {
-    WindowCreate(0, 0, 0, 200, 100);
-    StringGadgetCreate(1, 0, 0, 90, 20, u"abcdefgh");
-    ActivateGadget(1);
-    ForgetEvents();
-    QTest::mousePress(View(1), Qt::LeftButton, {}, {10, 10});
-    EXPECT_EQ(static_cast<QLineEdit*>(View(1))->selectedText(), "abcdefgh");
-    QTest::mouseRelease(View(1), Qt::LeftButton, {}, {10, 10});
 }
 
 // The letters that the formatter puts in place of the typed ones are the wider ones.

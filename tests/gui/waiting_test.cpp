@@ -6,18 +6,7 @@
 #include <QTest>
 #include <QWindow>
 
-#include "gui/button_gadget.h"
-#include "gui/event_loop.h"
-#include "gui/gadget.h"
-#include "gui/image_gadget.h"
-#include "gui/menu.h"
-#include "gui/requester.h"
-#include "gui/string_gadget.h"
-#include "gui/window.h"
-#include "gui/windows/qz_views.h"
-#include "gui/windows/qz_window.h"
-#include "runtime/numbers.h"
-#include "tests/support/gui_test.h"
+#include "layer.h"
 
 namespace rotavel {
 namespace {
@@ -27,12 +16,6 @@ using namespace tests;
 // What comes in while the program is busy: the next wait finds it all at once.
 std::vector<std::function<void()>> ahead;
 
-void ComeIn() {
-    for (const auto& input : std::exchange(ahead, {})) {
-        input();
-    }
-}
-
 void TypeAhead(Qt::Key key, const QString& text = {}) {
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         ahead.emplace_back(
@@ -40,26 +23,23 @@ void TypeAhead(Qt::Key key, const QString& text = {}) {
     }
 }
 
-void MouseAhead(QWindow* window, QPoint place, QEvent::Type type, Qt::MouseButton button,
-                int time) {
+void MouseAhead(QPoint place, QEvent::Type type, Qt::MouseButton button, int time) {
     ahead.emplace_back([=] {
-        const bool isDown = type == QEvent::MouseButtonPress;
+        QWindow* const window = Native(0)->windowHandle();
         qt_handleMouseEvent(window, place, window->mapToGlobal(place),
-                            isDown ? button : Qt::NoButton, button, type, {}, time);
+                            type == QEvent::MouseButtonPress ? button : Qt::NoButton, button, type,
+                            {}, time);
     });
 }
 
 void ClickAhead(GadgetNumber gadget, Qt::MouseButton button, int time) {
-    QWidget& view = *View(gadget);
-    const QPoint place = view.mapTo(view.window(), view.rect().center());
-    QWindow* const window = view.window()->windowHandle();
-    MouseAhead(window, place, QEvent::MouseButtonPress, button, time);
-    MouseAhead(window, place, QEvent::MouseButtonRelease, button, time + 10);
+    const QPoint place = View(gadget)->mapTo(Native(0), View(gadget)->rect().center());
+    MouseAhead(place, QEvent::MouseButtonPress, button, time);
+    MouseAhead(place, QEvent::MouseButtonRelease, button, time + 10);
 }
 
 // Waits until nothing more comes; `handle` is what the program does with each event.
-template <typename Handler>
-std::string Drain(Handler handle) {
+std::string Drain(void (*handle)() = [] {}) {
     std::string taken;
     for (int idle = 0; idle < 2;) {
         const std::int64_t kind = WaitForEvent(0);
@@ -84,7 +64,11 @@ class WaitingTest : public GuiTest {
         ActivateGadget(1);
         ForgetEvents();
         QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
-                         &context, &ComeIn);
+                         &context, [] {
+                             for (const auto& input : std::exchange(ahead, {})) {
+                                 input();
+                             }
+                         });
     }
 
   private:
@@ -117,32 +101,23 @@ TEST_F(WaitingTest, EqualInputsStayAsManyAsTheyWere) {
         ClickAhead(3, Qt::LeftButton, 10'000 + 2'000 * press);
         ClickAhead(4, Qt::RightButton, 11'000 + 2'000 * press);
     }
-    EXPECT_EQ(Drain([] {}), "50 0;60 0;60 0;1 512;3 0;4 1;50 0;60 0;60 0;3 0;4 1;");
+    EXPECT_EQ(Drain(), "50 0;60 0;60 0;1 512;3 0;4 1;50 0;60 0;60 0;3 0;4 1;");
 }
 
 TEST_F(WaitingTest, ADoubleClickStaysOneAndAPointerOnItsWayIsFolded) {
     ClickAhead(4, Qt::RightButton, 20'000);
     ClickAhead(4, Qt::RightButton, 20'050);
-    EXPECT_EQ(Drain([] {}), "4 1;4 3;");
+    EXPECT_EQ(Drain(), "4 1;4 3;");
 
-    QWidget& content = *Native(0)->ContentView();
-    content.setMouseTracking(true);
-    int moves = 0;
-    struct Counter : QObject {
-        int& count;
-        explicit Counter(int& counted) : count(counted) {}
-        bool eventFilter(QObject*, QEvent* event) override {
-            count += event->type() == QEvent::MouseMove ? 1 : 0;
-            return false;
-        }
-    } counter(moves);
-    content.installEventFilter(&counter);
+    CanvasGadgetCreate(5, 100, 100, 100, 80);
+    static int moves;
+    moves = 0;
+    BindEvent([] { ++moves; }, GadgetActivity, 0, 5, CanvasMouseMove);
     TypeAhead(Qt::Key_A, "a");
-    QWindow* const window = content.window()->windowHandle();
-    for (int x = 100; x < 150; ++x) {
-        MouseAhead(window, {x, 150}, QEvent::MouseMove, Qt::NoButton, 30'000 + x);
+    for (int x = 120; x < 150; ++x) {
+        MouseAhead({x, 150}, QEvent::MouseMove, Qt::NoButton, 30'000 + x);
     }
-    Drain([] {});
+    Drain();
     EXPECT_EQ(moves, 1);
     EXPECT_EQ(GetGadgetText(1), u"a");
 }
