@@ -31,27 +31,8 @@ constexpr std::int64_t PatienceMs = 2000;
 
 // A window that is never shown. It is the window manager that moves it on request, and requests are
 // granted one after the other: once this one is, so are those before it.
-class Messenger final : public QWindow {
-  public:
-    Messenger() {
-        setGeometry(0, 0, 10, 10);
-        create();
-        connect(this, &QWindow::xChanged, this, [this] {
-            isAnswered = true;
-            PostProgramEvent(Answered);
-        });
-    }
-    void Ask() {
-        if (std::exchange(isAnswered, false)) {
-            setX(1 - x());
-        }
-    }
-
-  private:
-    bool isAnswered = true;
-};
-
-std::unique_ptr<Messenger> messenger;
+std::unique_ptr<QWindow> messenger;
+bool isAnswered = true;
 
 class Toolkit final : public testing::Environment {
   public:
@@ -60,7 +41,12 @@ class Toolkit final : public testing::Environment {
         setenv("QT_QPA_PLATFORM", platform == nullptr ? "offscreen" : platform, 1);
         GuiStart();
         if (QGuiApplication::platformName() == "xcb") {
-            messenger = std::make_unique<Messenger>();
+            messenger = std::make_unique<QWindow>();
+            messenger->create();
+            QObject::connect(messenger.get(), &QWindow::xChanged, [] {
+                isAnswered = true;
+                PostProgramEvent(Answered);
+            });
         }
     }
     void TearDown() override {
@@ -87,8 +73,8 @@ std::string TakenOf(const Names& names) {
     std::string taken;
     // What comes of one turn may leave something for the next.
     for (int quietTurns = 0; quietTurns < 2;) {
-        if (messenger != nullptr) {
-            messenger->Ask();
+        if (messenger != nullptr && std::exchange(isAnswered, false)) {
+            messenger->setX(1 - messenger->x());
         }
         const std::int64_t kind = WaitForEvent(messenger == nullptr ? 0 : PatienceMs);
         quietTurns = kind == Answered || kind == 0 ? quietTurns + 1 : 0;
