@@ -253,6 +253,22 @@ TEST_F(MenuTest, DisabledWindowHasNoMenus) {
     }
 }
 
+TEST_F(MenuTest, FiltersHaveKeysBeforeItems) {
+    BuildMotorcycles();
+    MenuItem(5, u"Five\tCTRL+5");
+    const auto filter = [](void* event, void* keys) {
+        const bool isKey = static_cast<QEvent*>(event)->type() == QEvent::KeyPress;
+        *static_cast<int*>(keys) += isKey ? 1 : 0;
+        return isKey;
+    };
+    int keys = 0;
+    AddNativeEventFilter(filter, &keys);
+    EXPECT_EQ(After(Qt::Key_5, Control), "");
+    EXPECT_GT(keys, 0);
+    RemoveNativeEventFilter(filter, &keys);
+    EXPECT_EQ(After(Qt::Key_5, Control), "Menu 5@3");
+}
+
 TEST_F(MenuTest, WindowsWithoutBarHaveTheProgramsApplicationMenu) {
     BuildMotorcycles();
     MenuItem(5, u"Five\tCTRL+5");
@@ -269,6 +285,11 @@ TEST_F(MenuTest, WindowsWithoutBarHaveTheProgramsApplicationMenu) {
     WindowDisable(4, true);
     ForgetEvents();
     EXPECT_EQ(After(Qt::Key_Q, Control), "");
+    WindowCreate(5, 0, 0, 100, 50);
+    WindowDestroy(3);
+    ForgetEvents();
+    Press(Qt::Key_Q, Control);
+    EXPECT_EQ(Taken(), "Menu -4@3") << "with the bar's window gone";
 }
 
 TEST_F(MenuTest, EscapeAndTheKeyForClosingAskAWindowAboveAnotherToClose) {
