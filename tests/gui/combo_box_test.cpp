@@ -1,5 +1,4 @@
-#include <QComboBox>
-#include <QGuiApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QWheelEvent>
 
@@ -124,6 +123,9 @@ TEST_F(ComboBoxTest, ReportsEveryChoiceButNoneByTheWheel) {
     QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, {}, {}, {}, false);
     QCoreApplication::sendEvent(View(1), &wheel);
     EXPECT_EQ(GetGadgetState(1), 1) << "what scrolls the window chooses nothing on its way";
+    Click(1);
+    WindowDisable(0, true);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "the list is closed";
 }
 
 TEST_F(ComboBoxTest, EditableFormReportsEditsAndDrops) {

@@ -43,28 +43,6 @@ TEST_F(GadgetTest, LivesFromItsCreationUntilItIsFreed) {
     }
 }
 
-TEST_F(GadgetTest, NumberThatACallbackReopensIsLeftToIt) {
-    static constexpr auto reopen = [] {
-        UnbindWindowEvents(0);
-        WaitForEvent(0);
-        EXPECT_NE(StringGadgetCreate(1, 0, 0, 50, 20, u"callback's"), 0);
-    };
-    void (*const deeds[])() = {
-        [] { EXPECT_EQ(StringGadgetCreate(1, 0, 0, 50, 20, u"second"), 0); },
-        [] { FreeGadget(1); },
-        [] { DisableGadget(1, true); },
-    };
-    for (const auto deed : deeds) {
-        StringGadgetCreate(1, 0, 0, 50, 20, u"first");
-        ActivateGadget(1);
-        ForgetEvents();
-        BindEvent(reopen, GadgetActivity, 0, 1, LostFocus);
-        deed();
-        EXPECT_EQ(GetGadgetText(1), u"callback's");
-        EXPECT_TRUE(View(1)->isEnabled());
-    }
-}
-
 TEST_F(GadgetTest, FreesWhatItContains) {
     CanvasGadgetCreate(5, 0, 0, 100, 50);
     OpenGadgetList(5);
@@ -102,7 +80,9 @@ TEST_F(GadgetTest, GetsTheKeyboardAndGivesItUp) {
         {[] { ActivateGadget(AnyNumber); }, "LostFocus 1"},
         {[] { Type("c"); }, ""},
         {[] { ActivateGadget(1); }, "Focus 1"},
-        {[] { DisableGadget(1, true); }, "LostFocus 1"},
+        {[] { DisableGadget(2, false); }, ""},
+        {[] { DisableGadget(1, true); }, "LostFocus 1"},  // and no other field gets it
+        {[] { DisableGadget(2, true); }, ""},
         {[] { DisableGadget(1, false); }, ""},
         {[] { ActivateGadget(1); }, "Focus 1"},
         {[] { HideGadget(1, true); }, "LostFocus 1"},
