@@ -63,6 +63,8 @@ TEST_F(SpeedChartTest, OpensOverTheMainWindowAndGivesItBack) {
     EXPECT_FALSE(ImageExists(plot));
     EXPECT_FALSE(WindowExists(chart) || WindowExists(magnifier) || WindowIsDisabled(MainWindow));
     EXPECT_EQ(KeyWindowNumber(), MainWindow);
+    ForgetCurrentMotorcycle();
+    EXPECT_EQ(StatusText(TyreWidthField), u"") << "the chart's status bar was another";
 }
 
 TEST_F(SpeedChartTest, ReadsOutWhatIsUnderThePointer) {

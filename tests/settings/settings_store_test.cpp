@@ -120,6 +120,7 @@ TEST_F(SettingsStoreTest, KeepsValuesOfEveryLengthApart) {
         EXPECT_FALSE(SettingsFlush());
     }
     EXPECT_TRUE(SettingsWriteString(u"a", u" x\n=y"));
+    EXPECT_EQ(SettingsReadString(u"a", u""), u"x\n=y");
     EXPECT_TRUE(SettingsWriteInteger(u"b", std::numeric_limits<std::int64_t>::min()));
     EXPECT_EQ(Closed(), Mark + "\na =  x\n=y\nb = -9223372036854775808\n");
 }

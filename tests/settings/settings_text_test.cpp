@@ -19,6 +19,7 @@ Lines Parsed(const std::string& text) {
     const std::size_t size = text.size() + SettingsTextPadding;
     auto block = std::make_unique<char[]>(size);
     char* const start = block.get();
+    std::fill_n(start, size, '[');  // what lies behind the text is nothing of it
     text.copy(start, text.size());
     SettingsEntries entries;
     entries.AdoptText(std::move(block));
