@@ -20,6 +20,7 @@
 #include "gui/toolkit/colour.h"
 #include "gui/toolkit/handle.h"
 #include "gui/toolkit/image.h"
+#include "gui/windows/qz_window.h"
 
 namespace rotavel {
 
@@ -173,6 +174,8 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
                        std::clamp(to.y(), 0, std::max(height() - 1, 0)));
         hasMouseByKeys = true;
         update();
+        const QPoint arms(PointerArm, PointerArm);
+        QzWindow::Of(this)->Reveal(*this, QRect(Mouse() - arms, Mouse() + arms));
         if (!std::exchange(hasMouse, true)) {
             SendEventOf(*this, CanvasMouseEnter);
         }

@@ -103,7 +103,7 @@ QPoint ContentScroll::Offset() const {
 
 void ContentScroll::Reveal(const QRect& part) {
     if (isNeeded) {
-        edgeTimer.stop();
+        FollowPointer({-1, -1});  // the keys lead until it moves again
         RevealAlong(*across, part.left(), part.right() + 1);
         RevealAlong(*down, part.top(), part.bottom() + 1);
     }

@@ -56,7 +56,7 @@ class ContentScroll final : public QObject {
     QRect view;  // where the content is to be seen
     bool isNeeded = false;
     bool isEnabled = true;
-    QPoint pointer;  // on the window, while it is on the view
+    QPoint pointer{-1, -1};  // on the window, while it is on the view and leads
     QBasicTimer edgeTimer;
 };
 

@@ -312,9 +312,13 @@ void QzWindow::KeepOverlayOnTop() {
 
 void QzWindow::FocusArrived(QWidget* widget) {
     if (contentView->isAncestorOf(widget)) {
-        layout.Scroll().Reveal({widget->mapTo(contentView, QPoint()), widget->size()});
+        Reveal(*widget, widget->rect());
     }
     focus.Arrived(widget);
+}
+
+void QzWindow::Reveal(const QWidget& view, const QRect& part) {
+    layout.Scroll().Reveal({view.mapTo(contentView, part.topLeft()), part.size()});
 }
 
 void QzWindow::ContentPainted() {

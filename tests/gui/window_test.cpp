@@ -287,6 +287,12 @@ TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
         QCoreApplication::instance()->notify(&native, &wheel);
         return row();
     };
+    ActivateGadget(canvas);
+    Press(Qt::Key_Down);
+    const auto middle = GetGadgetAttribute(canvas, CanvasMouseY);
+    EXPECT_EQ(middle, 2013 / 2);
+    EXPECT_TRUE(room.contains(20, int(GadgetY(canvas, OnScreen) + middle)));
+    Press(Qt::Key_Home);
     EXPECT_EQ(pointedRow(200), 190);
     const std::int64_t scrolled = turnWheel();
     EXPECT_GT(scrolled, 190) << "where the pointer is, though it did not move";
