@@ -87,9 +87,9 @@ TEST_F(GadgetTest, GetsTheKeyboardAndGivesItUp) {
         {[] { ActivateGadget(1); }, "Focus 1"},
         {[] { HideGadget(1, true); }, "LostFocus 1"},
     };
-    for (const auto& [deed, events] : steps) {
-        deed();
-        EXPECT_EQ(Taken(), events) << "step " << &deed - &steps[0].Deed;
+    for (const auto& step : steps) {
+        step.Deed();
+        EXPECT_EQ(Taken(), step.Events) << "step " << &step - steps;
         EXPECT_EQ(KeyWindowNumber(), 0);
     }
     EXPECT_EQ(GetGadgetText(1), u"ab");

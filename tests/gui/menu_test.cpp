@@ -197,8 +197,8 @@ TEST_F(MenuTest, KeysGoThroughMenusAndBack) {
         {Qt::Key_Alt, {}, ""},
         {Qt::Key_B, {}, "Change 1@3"},
     };
-    for (const auto& [key, modifiers, result] : steps) {
-        EXPECT_EQ(After(key, modifiers), result) << "after " << &key - &steps[0].Key;
+    for (const auto& step : steps) {
+        EXPECT_EQ(After(step.Key, step.Modifiers), step.Result) << "step " << &step - steps;
     }
     EXPECT_EQ(GetGadgetText(1), u"ab");
     EXPECT_EQ(View(1), QApplication::focusWidget());
