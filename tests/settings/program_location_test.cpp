@@ -49,14 +49,17 @@ TEST(ProgramLocation, IsWhereTheProgramWasStartedIfSettingsAreKeptThere) {
     fs::copy(house, latin, fs::copy_options::recursive | fs::copy_options::copy_symlinks);
 
     const std::string there = house + "/bin/Link in " + house;
-    EXPECT_EQ(Told("\"" + house + "/bin/Link\""), there);
-    EXPECT_EQ(Told("exec -a Other \"" + house + "/bin/Link\""), there);
-    EXPECT_EQ(Told("PATH=\"" + house + "/bin:$PATH\"; Link"), there);
-    EXPECT_EQ(Told("cd \"" + house + "\" && bin/../bin/Link"),
-              house + "/bin/../bin/Link in " + house);
-    EXPECT_EQ(Told("cd " + latin + " && bin/Link"), "/proc/self/cwd/bin/Link in " + latin);
-    EXPECT_EQ(Told(root + "/bare/bin/Link"),
-              executable.string() + " in " + executable.parent_path().parent_path().string());
+    const std::pair<std::string, std::string> cases[] = {
+        {"\"" + house + "/bin/Link\"", there},
+        {"exec -a Other \"" + house + "/bin/Link\"", there},
+        {"PATH=\"" + house + "/bin:$PATH\"; Link", there},
+        {"cd \"" + house + "\" && bin/../bin/Link", house + "/bin/../bin/Link in " + house},
+        {"cd " + latin + " && bin/Link", "/proc/self/cwd/bin/Link in " + latin},
+        {root + "/bare/bin/Link",
+         executable.string() + " in " + executable.parent_path().parent_path().string()}};
+    for (const auto& [command, told] : cases) {
+        EXPECT_EQ(Told(command), told);
+    }
 }
 
 TEST(ProgramLocation, SplitsPaths) {

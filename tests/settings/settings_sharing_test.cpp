@@ -1,60 +1,41 @@
+#include <cerrno>
 #include <fcntl.h>
 #include <functional>
-#include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
 #include "settings/settings_document.h"
-#include "settings/settings_store.h"
-#include "tests/support/temporary_folder.h"
-#include "text/utf.h"
+#include "settings_test.h"
 
 namespace rotavel {
 namespace {
 
-using tests::ReadFile;
-using tests::TemporaryFolder;
-using tests::WriteFile;
+using namespace tests;
 
-const std::string Mark = "\xEF\xBB\xBF";
+void RenameOver(const std::string& path, const std::string& content) {
+    WriteFile(path + "~", content);
+    std::filesystem::rename(path + "~", path);
+}
 
 // What an editor, or another program, does to the file while the store is open.
-class SettingsSharingTest : public testing::Test {
+class SettingsSharingTest : public SettingsTest {
   protected:
-    ~SettingsSharingTest() override { SettingsClose(); }
-
-    void Open(const std::string& content = "[Settings]\nMaxRPM = 1\n[A - 1]\nMaxRPM = 2\n") {
-        SettingsClose();
-        std::filesystem::remove_all(file);
-        WriteFile(file, content);
-        ASSERT_TRUE(SettingsOpen(path, GroupSpacing));
+    void StartWithTwo() {
+        Start("[Settings]\nMaxRPM = 1\n[A - 1]\nMaxRPM = 2\n");
         SettingsSelectGroup(u"Settings");
     }
-
-    void WriteInPlace(const std::string& content) const { WriteFile(file, content); }
-    void RenameOver(const std::string& content) const {
-        WriteFile(file + "~", content);
-        std::filesystem::rename(file + "~", file);
+    static void Write(std::u16string_view group, std::u16string_view key,
+                      std::u16string_view value) {
+        SettingsSelectGroup(group);
+        EXPECT_TRUE(SettingsWriteString(key, value));
     }
-
-    // Runs the store in a process of its own, on this file.
-    static void InOtherProcess(const std::function<void()>& run) {
-        const pid_t child = fork();
-        if (child == 0) {
-            run();
-            _exit(0);
-        }
-        int status = -1;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        ASSERT_EQ(status, 0);
+    void ExpectFlushed(const std::string& content) const {
+        EXPECT_TRUE(SettingsFlush());
+        EXPECT_EQ(SettingsSaveError(), 0);
+        EXPECT_EQ(ReadFile(file), Mark + "\n" + content);
     }
-
-    const TemporaryFolder folder;
-    const std::string file = folder.File("Rotavel.ini");
-    const std::u16string path = ToUtf16(file);
 };
 
 TEST_F(SettingsSharingTest, KeepsWhatAnEditorWroteAndWhatWasTyped) {
@@ -72,24 +53,18 @@ TEST_F(SettingsSharingTest, KeepsWhatAnEditorWroteAndWhatWasTyped) {
         {Mark + "[A - 1]\nMaxRPM = 7\n\n[settings]\nNEW = longer\n",
          "[A - 1]\nMaxRPM = 7\n\n[settings]\nNew = x\nMaxRPM = 99\n"},
     };
-    const auto inPlace = [&](const std::string& text) { WriteInPlace(text); };
-    const auto renamed = [&](const std::string& text) { RenameOver(text); };
-    for (const std::function<void(const std::string&)>& edit :
-         {std::function<void(const std::string&)>(inPlace),
-          std::function<void(const std::string&)>(renamed)}) {
+    for (const auto edit : {WriteFile, RenameOver}) {
         for (const auto& [edited, saved] : cases) {
-            Open();
-            edit(edited);
-            SettingsClose();
-            EXPECT_EQ(ReadFile(file), edited) << "nothing was typed";
+            StartWithTwo();
+            edit(file, edited);
+            EXPECT_EQ(Closed(), edited) << "nothing was typed";
 
-            Open();
-            EXPECT_TRUE(SettingsWriteInteger(u"MaxRPM", 99));
-            EXPECT_TRUE(SettingsWriteString(u"New", u"draft"));
-            EXPECT_TRUE(SettingsWriteString(u"New", u"x"));
-            edit(edited);
-            EXPECT_TRUE(SettingsFlush());
-            EXPECT_EQ(ReadFile(file), Mark + "\n" + saved);
+            StartWithTwo();
+            Write(u"Settings", u"MaxRPM", u"99");
+            Write(u"Settings", u"New", u"draft");
+            Write(u"Settings", u"New", u"x");
+            edit(file, edited);
+            ExpectFlushed(saved);
             EXPECT_EQ(SettingsReadInteger(u"MaxRPM", 0), 99) << "the group stays selected";
             SettingsSelectGroup(u"B - 2");
             EXPECT_EQ(SettingsGroupName(), saved.find("[B") < 999 ? u"B - 2" : u"settings");
@@ -98,154 +73,95 @@ TEST_F(SettingsSharingTest, KeepsWhatAnEditorWroteAndWhatWasTyped) {
 }
 
 TEST_F(SettingsSharingTest, RepeatsOnlyWhatWasWrittenSinceTheLastFlush) {
-    Open("top = 1\n[G]\nk = 1\n[g]\nk = 2\n");
+    Start("top = 1\n[G]\nk = 1\n[g]\nk = 2\n");
     EXPECT_TRUE(SettingsRewindGroups() && SettingsNextGroup() && SettingsNextGroup());
     EXPECT_TRUE(SettingsWriteString(u"k", u"22"));
     EXPECT_FALSE(SettingsSelectGroup(u"Later"));
-    WriteInPlace("[G]\nk = 1\n[x]\n[g]\nk = 3\n");
-    EXPECT_TRUE(SettingsFlush());
-    EXPECT_EQ(ReadFile(file), Mark + "\n[G]\nk = 1\n\n[x]\n\n[g]\nk = 22\n");
-    SettingsSelectGroup(u"G");
+    WriteFile(file, "[G]\nk = 1\n[x]\n[g]\nk = 3\n");
+    ExpectFlushed("[G]\nk = 1\n\n[x]\n\n[g]\nk = 22\n");
     for (const std::u16string_view value : {u"8", u"9"}) {
-        EXPECT_TRUE(SettingsWriteString(u"k", value));
-        WriteInPlace("[G]\nk = 5\n");
-        EXPECT_TRUE(SettingsFlush());
-        EXPECT_EQ(ReadFile(file), Mark + "\n[G]\nk = " + ToUtf8(value) + "\n");
+        Write(u"G", u"k", value);
+        WriteFile(file, "[G]\nk = 5\n");
+        ExpectFlushed("[G]\nk = " + ToUtf8(value) + "\n");
     }
-    WriteInPlace("[G]\nk = 5\n[Later]\nk = 6\n");
+    WriteFile(file, "[G]\nk = 5\n[Later]\nk = 6\n");
     EXPECT_FALSE(SettingsFlush());
-    EXPECT_TRUE(SettingsWriteString(u"m", u"1"));
-    SettingsSelectGroup(u"");
-    EXPECT_TRUE(SettingsWriteString(u"top", u"new"));
+    Write(u"G", u"m", u"1");
+    Write(u"", u"top", u"new");
     EXPECT_FALSE(SettingsSelectGroup(u"Later"));
-    EXPECT_TRUE(SettingsFlush());
-    EXPECT_EQ(ReadFile(file), Mark + "\ntop = new\n[G]\nk = 5\nm = 1\n\n[Later]\nk = 6\n");
+    ExpectFlushed("top = new\n[G]\nk = 5\nm = 1\n\n[Later]\nk = 6\n");
     EXPECT_EQ(SettingsReadInteger(u"k", 0), 6) << "the selected group has come";
-    SettingsNextGroup();
-    RenameOver("[G]\nk = 5\n");
-    EXPECT_TRUE(SettingsWriteString(u"n", u"1"));
-    EXPECT_TRUE(SettingsWriteString(u"n", u"23"));
-    EXPECT_TRUE(SettingsFlush());
-    RenameOver("[G]\nk = 5\n");
-    SettingsSelectGroup(u"G");
-    EXPECT_TRUE(SettingsWriteString(u"k", u"7"));
+
+    RenameOver(file, "[G]\nk = 5\n");
+    Write(u"Later", u"n", u"1");
+    Write(u"Later", u"n", u"23");
+    ExpectFlushed("[G]\nk = 5\n\n[Later]\nn = 23\n");
+    RenameOver(file, "[G]\nk = 5\n");
+    Write(u"G", u"k", u"7");
     SettingsSelectGroup(u"Later");
-    EXPECT_TRUE(SettingsFlush());
+    ExpectFlushed("[G]\nk = 7\n");
     EXPECT_TRUE(SettingsWriteString(u"n", u"4"));
-    SettingsClose();
-    EXPECT_EQ(ReadFile(file), Mark + "\n[G]\nk = 7\n\n[Later]\nn = 4\n")
-        << "the current group went and comes back with its next key";
+    ExpectFlushed("[G]\nk = 7\n\n[Later]\nn = 4\n");
 }
 
 TEST_F(SettingsSharingTest, MakesAFileThatHasGoneAgain) {
-    Open();
+    StartWithTwo();
     ASSERT_EQ(chmod(file.c_str(), 0640), 0);
     std::filesystem::remove(file);
-    EXPECT_TRUE(SettingsWriteInteger(u"MaxRPM", 9));
-    EXPECT_TRUE(SettingsFlush());
-    EXPECT_EQ(ReadFile(file), Mark + "\n[Settings]\nMaxRPM = 9\n\n[A - 1]\nMaxRPM = 2\n");
+    Write(u"Settings", u"MaxRPM", u"9");
+    ExpectFlushed("[Settings]\nMaxRPM = 9\n\n[A - 1]\nMaxRPM = 2\n");
     EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0640));
 
     // A file that comes while the store has none is somebody's too.
-    const std::string saved = ReadFile(file);
     std::filesystem::remove(file);
     EXPECT_FALSE(SettingsOpen(path, GroupSpacing));
-    EXPECT_TRUE(SettingsWriteInteger(u"Top", 9));
-    WriteInPlace(saved);
-    SettingsClose();
-    EXPECT_EQ(ReadFile(file), Mark + "\nTop = 9\n" + saved.substr(Mark.size() + 1));
+    EXPECT_TRUE(SettingsWriteString(u"Top", u"9"));
+    WriteFile(file, "[A - 1]\n");
+    ExpectFlushed("Top = 9\n[A - 1]\n");
 
     // So is one that has been emptied; a value that it has already changes nothing.
-    Open();
-    for (const std::int64_t value : {7, 8, 8}) {
-        const bool isNew =
-            ReadFile(file).find("MaxRPM = " + std::to_string(value)) == std::string::npos;
-        WriteInPlace(isNew ? "" : ReadFile(file));
+    StartWithTwo();
+    WriteFile(file, "");
+    for (const bool isNew : {true, false}) {
         const auto before = std::filesystem::last_write_time(file);
-        EXPECT_TRUE(SettingsWriteInteger(u"MaxRPM", value));
-        EXPECT_TRUE(SettingsFlush());
-        EXPECT_EQ(ReadFile(file), Mark + "\n[Settings]\nMaxRPM = " + std::to_string(value) +
-                                      "\n\n[A - 1]\nMaxRPM = 2\n");
-        EXPECT_EQ(std::filesystem::last_write_time(file) == before, !isNew);
+        Write(u"Settings", u"MaxRPM", u"8");
+        ExpectFlushed("[Settings]\nMaxRPM = 8\n\n[A - 1]\nMaxRPM = 2\n");
+        EXPECT_EQ(std::filesystem::last_write_time(file) != before, isNew);
     }
-}
-
-TEST_F(SettingsSharingTest, KeepsLinksAndPermissions) {
-    const std::string target = folder.File("target");
-    const std::string twin = folder.File("twin");
-    WriteFile(target, "[Settings]\nMaxRPM = 1\n");
-    ASSERT_EQ(chmod(target.c_str(), 0604), 0);
-    std::filesystem::create_hard_link(target, twin);
-    std::filesystem::create_symlink("target", file);
-    ASSERT_TRUE(SettingsOpen(path, GroupSpacing));
-    SettingsSelectGroup(u"Settings");
-    EXPECT_TRUE(SettingsWriteInteger(u"MaxRPM", 2));
-    EXPECT_TRUE(SettingsFlush());
-    EXPECT_EQ(ReadFile(twin), Mark + "\n[Settings]\nMaxRPM = 2\n");
-    EXPECT_EQ(std::filesystem::status(target).permissions(), std::filesystem::perms(0604));
-
-    std::filesystem::remove(target);
-    EXPECT_TRUE(SettingsWriteInteger(u"MaxRPM", 3));
-    SettingsClose();
-    EXPECT_TRUE(std::filesystem::is_symlink(file));
-    EXPECT_EQ(ReadFile(target), Mark + "\n[Settings]\nMaxRPM = 3\n");
-    EXPECT_EQ(ReadFile(twin), Mark + "\n[Settings]\nMaxRPM = 2\n");
 }
 
 TEST_F(SettingsSharingTest, FailsOnWhatCannotBeWrittenAndTriesAgain) {
     const std::string huge = folder.File("huge");
     WriteFile(huge, "");
     std::filesystem::resize_file(huge, std::uintmax_t{1} << 30);
-    const struct {
-        std::function<void()> Break;
-        int Error;
-    } cases[] = {
-        {[&] { std::filesystem::create_directory(file); }, EISDIR},
-        {[&] { mkfifo(file.c_str(), 0666); }, EINVAL},
-        {[&] { std::filesystem::create_symlink("Rotavel.ini", file); }, ELOOP},
-        {[&] { std::filesystem::create_symlink("no/such", file); }, ENOENT},
-        {[&] { std::filesystem::create_hard_link(huge, file); }, EFBIG},
+    const std::pair<int, std::function<void()>> cases[] = {
+        {EISDIR, [&] { std::filesystem::create_directory(file); }},
+        {EINVAL, [&] { mkfifo(file.c_str(), 0666); }},
+        {ELOOP, [&] { std::filesystem::create_symlink("Rotavel.ini", file); }},
+        {ENOENT, [&] { std::filesystem::create_symlink("no/such", file); }},
+        {EFBIG, [&] { std::filesystem::create_hard_link(huge, file); }},
     };
-    for (const auto& [breakFile, error] : cases) {
-        Open();
-        EXPECT_TRUE(SettingsWriteInteger(u"MaxRPM", 9));
+    for (const auto& [error, breakFile] : cases) {
+        StartWithTwo();
+        Write(u"Settings", u"MaxRPM", u"9");
         std::filesystem::remove(file);
         breakFile();
         EXPECT_FALSE(SettingsFlush()) << error;
         EXPECT_EQ(SettingsSaveError(), error);
         std::filesystem::remove(file);
-        WriteInPlace("[Settings]\n[B - 2]\n");
-        EXPECT_TRUE(SettingsFlush()) << error;
-        EXPECT_EQ(SettingsSaveError(), 0);
-        EXPECT_EQ(ReadFile(file), Mark + "\n[Settings]\nMaxRPM = 9\n\n[B - 2]\n");
+        WriteFile(file, "[Settings]\n[B - 2]\n");
+        ExpectFlushed("[Settings]\nMaxRPM = 9\n\n[B - 2]\n");
     }
 }
 
-TEST_F(SettingsSharingTest, GivesTheLastOfTwoProgramsTheValues) {
-    Open();
-    InOtherProcess([&] {
-        SettingsOpen(path, GroupSpacing);
-        SettingsSelectGroup(u"Settings");
-        SettingsWriteInteger(u"MaxRPM", 11);
-        SettingsWriteString(u"Modell", u"other");
-        RenameOver(ReadFile(file) + "[B - 2]\nMaxRPM = 3\n");
-        SettingsClose();
-    });
-    EXPECT_TRUE(SettingsWriteInteger(u"MaxRPM", 12));
-    SettingsClose();
-    EXPECT_EQ(ReadFile(file), Mark +
-                                  "\n[Settings]\nMaxRPM = 12\nModell = other\n\n[A - 1]\n"
-                                  "MaxRPM = 2\n\n[B - 2]\nMaxRPM = 3\n");
-}
-
 TEST_F(SettingsSharingTest, WaitsForAnotherProgramThatIsSaving) {
-    Open();
-    EXPECT_TRUE(SettingsWriteInteger(u"MaxRPM", 9));
+    StartWithTwo();
+    Write(u"Settings", u"MaxRPM", u"9");
     const int other = open(file.c_str(), O_RDWR);
     ASSERT_EQ(flock(other, LOCK_EX), 0);
     std::thread saving([&] {
         usleep(100'000);
-        WriteInPlace("[Settings]\n[B - 2]\n");
+        WriteFile(file, "[Settings]\n[B - 2]\n");
         close(other);
     });
     EXPECT_TRUE(SettingsFlush());
@@ -254,7 +170,7 @@ TEST_F(SettingsSharingTest, WaitsForAnotherProgramThatIsSaving) {
     const int next = open(file.c_str(), O_RDWR);
     EXPECT_EQ(flock(next, LOCK_EX | LOCK_NB), 0) << "the lock is held no longer than the save";
     // A program that never lets go must not keep this one from ending.
-    EXPECT_TRUE(SettingsWriteInteger(u"MaxRPM", 8));
+    Write(u"Settings", u"MaxRPM", u"8");
     EXPECT_TRUE(SettingsFlush());
     close(next);
 }

@@ -70,25 +70,5 @@ TEST(SettingsText, ParsesRandomTextsAlikeAtEveryPlace) {
     }
 }
 
-TEST(SettingsText, ParsesAFileCutShortAnywhere) {
-    std::string text = "[Settings]\r\nManufacturer = \r\nMaxRPM = \r\nSpeedType = km/h\r\n";
-    for (int i = 0; i < 3; ++i) {
-        text += "\r\n; tested\r\n[Moto Guzzi - V" + std::to_string(i) +
-                "]\r\nRearWheelWidth = 180\r\nGear6Ratio = \r\nMaxRPM = 8750\r\n";
-    }
-    const Lines whole = Parsed(text);
-    for (std::size_t length = 0; length < text.size(); ++length) {
-        Lines part = Parsed(text.substr(0, length));
-        if (!part.empty()) {
-            // The line that was cut is the whole one's beginning, a key without its "=" apart.
-            std::string last = part.back();
-            last.erase(last.find_last_not_of('=') + 1);
-            EXPECT_TRUE(whole[part.size() - 1].starts_with(last)) << length;
-            part.pop_back();
-        }
-        EXPECT_TRUE(std::equal(part.begin(), part.end(), whole.begin())) << length;
-    }
-}
-
 }  // namespace
 }  // namespace rotavel

@@ -12,12 +12,11 @@ class Faults {
     // The calls of one kind, numbered from 1 from the object's making on, that fail with a value of
     // errno. `Half` lets them do half of what they are asked for instead.
     struct Plan {
-        char Call;  // one of CallNames
+        char Call;  // F(allocate), R(ead), W(rite), S(ync), T(runcate) or Memory
         int First;
         int Last;
         int Error;
     };
-    static constexpr const char* CallNames = "FRWST";  // fallocate, read, write, sync, truncate
     static constexpr char Memory = 'M';
     static constexpr int Half = 0;
     static constexpr int Always = 1 << 30;
