@@ -1,17 +1,12 @@
 #include "app/speed_chart.h"
 
-#include <algorithm>
-#include <cmath>
 #include <malloc.h>
 #include <tuple>
 
 #include "app/current_motorcycle.h"
-#include "app/default_settings.h"
-#include "app/gear_commands.h"
 #include "app_test.h"
 #include "gui/canvas_gadget.h"
 #include "gui/window.h"
-#include "text/number_text.h"
 
 namespace rotavel {
 namespace {
@@ -46,8 +41,6 @@ TEST_F(SpeedChartTest, OpensOverTheMainWindowAndGivesItBack) {
     EXPECT_EQ(window.windowTitle(), "Rotavel V1.55 Graphic");
     EXPECT_EQ(View(canvas)->parentWidget()->size(), QSize(820, 490 + 24));
     EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowCloseButtonHint));
-    EXPECT_NEAR(window.geometry().center().y(),
-                View(GraphicButton)->window()->geometry().center().y(), 20);
     EXPECT_EQ(View(canvas)->geometry(), QRect(10, 10, 800, 470));
     EXPECT_EQ(View(canvas)->cursor().shape(), Qt::CrossCursor);
     EXPECT_EQ(StatusText(canvas), u"Maker- Model 5");
@@ -78,8 +71,7 @@ TEST_F(SpeedChartTest, ReadsOutWhatIsUnderThePointer) {
                                                            {39, 420, u""},
                                                            {40, 422, u""},
                                                            {741, 40, u""},
-                                                           {740, 38, u""},
-                                                           {-5, 200, u""}};
+                                                           {740, 38, u""}};
     for (const auto& [x, y, text] : cases) {
         PointAt(200, 200);
         EXPECT_TRUE(MagnifierIsVisible());
@@ -149,6 +141,7 @@ TEST_F(SpeedChartTest, MagnifierShowsThePlotFiveTimesEnlargedBesideTheChart) {
 TEST_F(SpeedChartTest, OddValuesLeaveNothingDisabled) {
     const std::tuple<const char16_t*, const char16_t*, bool> cases[] = {
         {u"-900", u"2.6", true},  // a sliver of a chart
+        {u"9000", u"0", false},
         {u"9223372036854775807", u"2.6", false},
         {u"9000", u"0.0000000000000005", false},  // 10^18 km/h
         {u"250", u"0.001", true}};                // as high as a window can be, and hardly wide
@@ -160,38 +153,6 @@ TEST_F(SpeedChartTest, OddValuesLeaveNothingDisabled) {
         EXPECT_EQ(WindowIsDisabled(MainWindow), opens) << ToUtf8(maxRpm);
         if (opens) {
             Close();
-        }
-    }
-}
-
-// Five-speeds and six-speeds in turn: the top gear that one chart leaves behind is not the next
-// one's. The chart ends at the next ten above the fastest gear.
-TEST_F(SpeedChartTest, ShowsEveryMotorcycleAfterEveryOther) {
-    const auto openFor = [this](const MakerRecord& maker, const MotorcycleRecord& motorcycle) {
-        SCOPED_TRACE(ToUtf8(motorcycle.Model));
-        ChooseMotorcycle({&maker, &motorcycle});
-        SetGadgetState(SpeedUnitBox, 0);
-        CalcSpeeds();
-        std::int64_t top = 0;
-        for (std::size_t gear = 0; gear < GearCount; ++gear) {
-            top = std::max(top, TextToInteger(GetGadgetText(GadgetOfGear(GearSpeedField, gear))));
-        }
-        for (const std::int64_t unit : {0, 1}) {
-            SetGadgetState(SpeedUnitBox, unit);
-            ShowSpeedChart(program.Chart);
-            ASSERT_TRUE(WindowExists(chart)) << unit;
-            EXPECT_EQ(WindowGetHeight(chart), (top / 10 + 1) * 20 + 134);
-            Close();
-            top = std::lrint(static_cast<double>(top) * 0.621375);
-        }
-    };
-    for (const std::size_t first : {33, 0}) {  // a five-speed, a six-speed
-        Start(DefaultSettingsText);
-        openFor(program.Makers[0], program.Makers[0].Models[first]);
-        for (const MakerRecord& maker : program.Makers) {
-            for (const MotorcycleRecord& motorcycle : maker.Models) {
-                openFor(maker, motorcycle);
-            }
         }
     }
 }

@@ -218,6 +218,8 @@ class Comparison:
     def motorcycles(self, default_file):
         groups = re.findall(r"\[([^-\]]*)-([^\]]*)\]\n((?:.+\n)*)", default_file)
         assert len(groups) == 59
+        self.set({1: "3.25"})
+        self.press(1)  # no choice lets the percent height be entered again, only typing a width
         for item, (maker, model, lines) in enumerate(groups, 10):
             values = [line.partition("=")[2].strip() for line in lines.splitlines()]
             for unit in (0, 1):
