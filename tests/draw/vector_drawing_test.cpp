@@ -41,6 +41,15 @@ void Draw(const std::string& drawing) {
     }
 }
 
+std::vector<QPointF> Points(const char* numbers) {
+    std::vector<QPointF> points;
+    std::istringstream words(numbers);
+    for (double x, y; words >> x >> y;) {
+        points.emplace_back(x, y);
+    }
+    return points;
+}
+
 // Begins a drawing in black on a new white image.
 std::int64_t Start(int width = 60, int height = 60) {
     FontLoad(0, u"Arial", 8);
@@ -96,7 +105,6 @@ TEST_F(VectorDrawingTest, PathsCoverTheirPixelsWhole) {
     } cases[] = {
         {"M 2 5 L 9 5 M 7 30 L 7 10 S 1 0", {2, 5, 8, 26}, 29},
         {"B 3 4 9 6 S 1 0", {3, 4, 10, 7}, 30},
-        {"B 0 0 60 60 F", {0, 0, 60, 60}, 3600},
         {"B 0 0 20 20 B 10 10 20 20 F", {0, 0, 30, 30}, 700},
         {"M 9 20 L 9 20 L 9 30 S 2 0 M 9 5 L 9 5 L 9 5 S 1 0", {8, 5, 2, 25}, 21},
         // A new path begins at the corner, and the one before is gone unless it is kept.
@@ -145,81 +153,54 @@ TEST_F(VectorDrawingTest, LinesCoverWhatTheyAreWide) {
 
 TEST_F(VectorDrawingTest, DotsStandWhereTheirDistancePutsThem) {
     const struct {
-        std::vector<QPointF> Line;
+        const char* Line;
         double Size, Distance;
         std::uint32_t Flags;
-        std::vector<QPointF> Dots;
+        const char* Dots;
     } cases[] = {
-        {{{5, 10}, {45, 10}},
-         1,
-         10,
-         StrokeRoundEnd,
-         {{5, 10}, {15, 10}, {25, 10}, {35, 10}, {45, 10}}},
-        {{{40, 55}, {10, 15}}, 6, 25, StrokeRoundEnd, {{40, 55}, {25, 35}, {10, 15}}},
-        {{{40, 55}, {10, 15}}, 6, 25, 0, {{40, 55}, {25, 35}, {10, 15}}},
+        {"5 10 45 10", 1, 10, StrokeRoundEnd, "5 10 15 10 25 10 35 10 45 10"},
+        {"40 55 10 15", 6, 25, StrokeRoundEnd, "40 55 25 35 10 15"},
+        {"40 55 10 15", 6, 25, 0, "40 55 25 35 10 15"},
         // Those that overlap, and those that only reach into the image.
-        {{{-40, 20}, {50, 20}},
-         20,
-         15,
-         StrokeRoundEnd,
-         {{-10, 20}, {5, 20}, {20, 20}, {35, 20}, {50, 20}}},
-        {{{50, 80}, {2, 16}},
-         20,
-         16,
-         StrokeRoundEnd,
-         {{50, 80}, {40.4, 67.2}, {30.8, 54.4}, {21.2, 41.6}, {11.6, 28.8}, {2, 16}}},
-        {{{-95, 30}, {305, 30}}, 9, 100, 0, {{5, 30}}},
-        {{{60, -4}, {60, 66}}, 9, 35, 0, {{60, -4}, {60, 31}, {60, 66}}},
+        {"-40 20 50 20", 20, 15, StrokeRoundEnd, "-10 20 5 20 20 20 35 20 50 20"},
+        {"50 80 2 16", 20, 16, StrokeRoundEnd,
+         "50 80 40.4 67.2 30.8 54.4 21.2 41.6 11.6 28.8 2 16"},
+        {"-95 30 305 30", 9, 100, 0, "5 30"},
+        {"60 -4 60 66", 9, 35, 0, "60 -4 60 31 60 66"},
         // The distance goes round corners, over lines shorter than it and past places taken before.
-        {{{3, 2}, {10, 2}, {10, 4}, {10, 30}}, 1, 10, 0, {{3, 2}, {10, 5}, {10, 15}, {10, 25}}},
-        {{{5, 5}, {25, 5}, {5, 5}}, 7, 10, StrokeRoundEnd, {{5, 5}, {15, 5}, {25, 5}}},
-        {{{5, 5}, {25, 5}, {15, 5}, {15, 25}},
-         5,
-         10,
-         0,
-         {{5, 5}, {15, 5}, {25, 5}, {15, 15}, {15, 25}}},
-        {{{30, 30}, {30, 30}}, 40, 7, StrokeRoundEnd, {{30, 30}}},
+        {"3 2 10 2 10 4 10 30", 1, 10, 0, "3 2 10 5 10 15 10 25"},
+        {"5 5 25 5 5 5", 7, 10, StrokeRoundEnd, "5 5 15 5 25 5"},
+        {"5 5 25 5 15 5 15 25", 5, 10, 0, "5 5 15 5 25 5 15 15 15 25"},
+        {"30 30 30 30", 40, 7, StrokeRoundEnd, "30 30"},
+        {"30 30 30 30", 4, 7, 0, "30 30"},
         // A distance that is none leaves no gaps.
-        {{{10, 20}, {34, 20}}, 9, -1, 0, {{10, 20}, {18, 20}, {26, 20}, {34, 20}}},
-        {{{30, 30}, {30, 30}}, 4, 7, 0, {{30, 30}}},
+        {"10 20 34 20", 9, -1, 0, "10 20 18 20 26 20 34 20"},
     };
-    for (const auto& each : cases) {
+    for (const auto& [path, size, distance, flags, dotted] : cases) {
         const std::int64_t image = Start();
-        PathMoveTo(each.Line[0].x(), each.Line[0].y());
-        for (std::size_t i = 1; i < each.Line.size(); ++i) {
-            PathLineTo(each.Line[i].x(), each.Line[i].y());
+        const std::vector<QPointF> points = Points(path);
+        PathMoveTo(points[0].x(), points[0].y());
+        for (std::size_t i = 1; i < points.size(); ++i) {
+            PathLineTo(points[i].x(), points[i].y());
         }
-        PathStrokeDotted(each.Size, each.Distance, each.Flags);
-        const QLineF line(each.Line[0], each.Line[1]);
+        PathStrokeDotted(size, distance, flags);
+        const QLineF line(points[0], points[1]);
         const QPointF along =
             line.isNull() ? QPointF(1, 0) : (line.p2() - line.p1()) / line.length();
-        const double reach = each.Size / 2;
+        const double reach = size / 2;
+        const bool isRound = flags == StrokeRoundEnd;
         const auto covers = [&](QPointF from) {
-            return each.Flags == StrokeRoundEnd
-                       ? QPointF::dotProduct(from, from) <= reach * reach
-                       : std::max(std::abs(QPointF::dotProduct(from, along)),
-                                  std::abs(Across(from, along))) <= reach;
+            return isRound ? QPointF::dotProduct(from, from) <= reach * reach
+                           : std::max(std::abs(QPointF::dotProduct(from, along)),
+                                      std::abs(Across(from, along))) <= reach;
         };
-        EXPECT_TRUE(HasCoverage(image, 0.1,
-                                [&](QPointF place) {
-                                    return std::any_of(
-                                        each.Dots.begin(), each.Dots.end(), [&](QPointF dot) {
-                                            return covers(place - dot - MiddleFor(each.Size));
-                                        });
-                                }))
-            << each.Line[0].x() << ", " << each.Size;
-    }
-}
-
-TEST_F(VectorDrawingTest, DotsDoNotDrift) {
-    for (const char* const stroke : {" D 1 10 16", " D 1 10 0"}) {
-        const std::int64_t image = Start(760, 760);
-        Draw("M 10 5 L 10 705 M 45 20 L 735 20" + std::string(stroke));
-        for (int i = 0; i < 70; ++i) {
-            ASSERT_LT(qGray(PixelOf(image, 10, 5 + 10 * i)), 0x60) << i << stroke;
-            ASSERT_LT(qGray(PixelOf(image, 45 + 10 * i, 20)), 0x60) << i << stroke;
-        }
-        EXPECT_EQ(InkIn(image).Pixels, 71 + 70) << "each covers its pixel alone";
+        const std::vector<QPointF> dots = Points(dotted);
+        const QPointF middle = MiddleFor(size);
+        const auto isCovered = [&](QPointF place) {
+            return std::ranges::any_of(dots,
+                                       [&](QPointF dot) { return covers(place - dot - middle); });
+        };
+        EXPECT_TRUE(HasCoverage(image, 0.1, isCovered)) << path << " by " << size;
     }
 }
 
