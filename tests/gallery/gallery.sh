@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Drives the gallery by mouse and keys and compares the events it prints with those that should
-# come. Every difference is told; one is enough for status 1.
+# Drives the gallery by mouse and keys where only a window manager, another program or a real
+# keyboard can, and compares the events it prints with those that should come. Every difference is
+# told; one is enough for status 1.
 #
 #   gallery.sh GALLERY DRAG_SOURCE [CHECK...]
 #
@@ -9,22 +10,271 @@
 # pictures in build/tour of the tree.
 #
 # shellcheck source-path=SCRIPTDIR
-# shellcheck disable=SC2034 # the sourced files use what is set here
 set -euo pipefail
 export LC_ALL=C.UTF-8
 here=$(dirname "${BASH_SOURCE[0]}")
 source "$here/../../scripts/virtual_display.sh"
-source "$here/hands.sh"
-source "$here/window_checks.sh"
-source "$here/gadget_checks.sh"
 
 gallery_program=$1 drag_source_program=$2
-shift 2
-checks=("$@")
-if (($# == 0)); then
-    checks=(moving zooming starting disabling background drops
-        focus fields combo_boxes pictures menus requester)
-fi
+checks=("${@:3}")
+((${#checks[@]} > 0)) || checks=(moving zooming starting disabling drops keys)
+
+content_height=330
+close_box=1 minimize_box=3
+
+# Waits for the gallery just started.
+find_gallery() {
+    log=$folder/events
+    seen=0
+    wait_for_keyboard Gallery
+    gallery=$found
+    look_at "$gallery"
+    menu_bar=$((height - content_height))
+    sees "a gallery that opens" 'Focus 1 "any text"' "WindowActivated 0"
+}
+
+key() {
+    xdotool key "$@"
+}
+
+# put_pointer X Y: in the content, the origin below the menu bar.
+put_pointer() {
+    look_at "$gallery"
+    xdotool mousemove $((left + $1)) $((top + menu_bar + $2))
+}
+
+# click_box WINDOW NUMBER: the title bar's boxes, from the right.
+click_box() {
+    look_at "$1"
+    xdotool mousemove $((left + width - 16 * $2 + 6)) $((top - 10)) click 1
+}
+
+# Opens the second window and sets `second` to it.
+open_second() {
+    key ctrl+o
+    wait_for_keyboard Resizable
+    second=$found
+    sees "CTRL+O" "MenuChosen 3 0" "WindowDeactivated 0" "WindowActivated 1"
+}
+
+# sees WHAT EVENT...: these events come next, and no other. When one comes late that should not
+# come at all, what is looked at next finds it.
+sees() {
+    compare cat "$@"
+}
+
+# The same where the window manager settles the order.
+sees_in_any_order() {
+    compare sort "$@"
+}
+
+# compare FILTER WHAT EVENT...
+compare() {
+    local filter=$1 what=$2 expected start=$seen deadline=$((SECONDS + patience / 2))
+    expected=$(printf '%s\n' "${@:3}" | "$filter")
+    until read_events "$start" && [[ $("$filter" <<<"$events") == "$expected" ]]; do
+        ((SECONDS < deadline)) || break
+        sleep 0.02
+    done
+    sleep 0.1
+    read_events "$start"
+    [[ $("$filter" <<<"$events") == "$expected" ]] ||
+        fail "$what: expected:"$'\n'"${expected:-no event}"$'\n'"but there came:"$'\n'"${events:-none}"
+}
+
+# read_events COUNT: sets `events` to those after the first COUNT, by name: of a window "NAME
+# WINDOW", of a menu "MenuChosen ITEM WINDOW", of a gadget 'TYPE GADGET "TEXT"'.
+read_events() {
+    local lines
+    mapfile -t -s "$1" lines <"$log"
+    seen=$(($1 + ${#lines[@]}))
+    events=
+    ((${#lines[@]} == 0)) || events=$(printf '%s\n' "${lines[@]}" | awk '
+        BEGIN {
+            split("MenuChosen CloseRequested GadgetActivity Repaint WindowMoved WindowResized " \
+                "WindowActivated WindowDeactivated - DropOnWindow DropOnGadget WindowMinimized " \
+                "WindowMaximized WindowRestored - RightClick LeftClick LeftDoubleClick", kinds)
+            split("Focus LostFocus Change", types)
+        }
+        $1 == "answer" { print; next }
+        $1 == 1 { print kinds[1], $2, $3; next }
+        {
+            text = $0
+            sub(/^[^ ]* [^ ]* [^ ]* [^ ]* /, "", text)
+        }
+        $1 == 3 { print ($4 > 0 ? types[$4 / 256] : "Pushed"), $2, "\"" text "\""; next }
+        { print kinds[$1], $3 (text == "" ? "" : " \"" text "\"") }')
+}
+
+# drag DX DY: moves the mouse from where it is with its button down. The window manager takes the
+# keyboard for as long as it moves or resizes a window.
+drag() {
+    xdotool mousedown 1 mousemove_relative -- $(($1 / 2)) $(($2 / 2))
+    sees "a title bar or frame that is dragged" "WindowDeactivated 0"
+    xdotool mousemove_relative -- $(($1 - $1 / 2)) $(($2 - $2 / 2)) mouseup 1
+}
+
+drag_corner() {
+    look_at "$gallery"
+    xdotool mousemove $((left + width)) $((top + height + 2))
+    drag "$1" "$2"
+    sees_in_any_order "a size" "WindowResized 0" "WindowActivated 0"
+}
+
+# expect_place WHAT LEFT TOP WIDTH HEIGHT: of the gallery's content.
+expect_place() {
+    look_at "$gallery"
+    local now="$left $((top + menu_bar)) $width $((height - menu_bar))"
+    [[ $now == "${*:2}" ]] || fail "$1: expected the content at ${*:2}, it is at $now"
+}
+
+check_moving() {
+    look_at "$gallery"
+    local x=$((left - 80)) y=$((top + menu_bar - 60))
+    put_pointer 200 -30
+    drag -80 -60
+    sees_in_any_order "a move" "WindowMoved 0" "WindowActivated 0"
+    expect_place "a move" $x $y 460 330
+    drag_corner 40 30
+    expect_place "a size" $x $y 500 360
+    drag_corner -450 -300
+    expect_place "the smallest size" $x $y 300 200
+    xdotool windowsize "$gallery" 1000 700
+    sees "a size" "WindowResized 0"
+    expect_place "the largest size" $x $y 600 450
+}
+
+# zooms WINDOW EVENT: a zoom, by two clicks on the title bar, posts the event, then the new size.
+zooms() {
+    look_at "$1"
+    xdotool mousemove $((left + width / 3)) $((top - 10)) click --repeat 2 --delay 50 1
+    sees "a zoom" "$2 1" "WindowResized 1"
+}
+
+# minimizes EVENT: the second window, and back.
+minimizes() {
+    click_box "$second" "$minimize_box"
+    sees_in_any_order "miniaturizing" "WindowMinimized 1" "WindowDeactivated 1" "WindowActivated 0"
+    xdotool windowactivate "$second"
+    sees_in_any_order "the way back" "$1 1" "WindowDeactivated 0" "WindowActivated 1"
+}
+
+check_zooming() {
+    open_second
+    for _ in 1 2 3; do
+        zooms "$second" WindowMaximized
+        zooms "$second" WindowRestored
+    done
+    minimizes WindowRestored
+    zooms "$second" WindowMaximized
+    minimizes WindowMaximized
+}
+
+check_starting() {
+    key F7
+    wait_for_keyboard Resizable
+    sees "a window that starts zoomed" "MenuChosen 4 0" "WindowDeactivated 0" "WindowActivated 1"
+    zooms "$found" WindowRestored
+    click_box "$found" "$close_box"
+    sees "the close box" "CloseRequested 1" "WindowActivated 0"
+    key F8
+    sees "a window that starts miniaturized" "MenuChosen 5 0"
+    xdotool windowactivate "$(xdotool search --name '^Resizable$')"
+    sees_in_any_order "the way up" "WindowRestored 1" "WindowDeactivated 0" "WindowActivated 1"
+}
+
+title_bar_functions() {
+    xprop -id "$gallery" -notype _MOTIF_WM_HINTS | awk -F', ' '{ print $2 }'
+}
+
+press_in_second() {
+    xdotool windowactivate "$second"
+    wait_for_keyboard Resizable
+    look_at "$second"
+    xdotool mousemove $((left + 100)) $((top + 20)) click 1
+}
+
+without_activation() {
+    sed -E '/^Window(A|Dea)ctivated/d'
+}
+
+check_disabling() {
+    local before
+    before=$(title_bar_functions)
+    open_second
+    press_in_second
+    sees "disabling" 'Pushed 70 "Disable or enable the gallery"' 'LostFocus 1 "any text"'
+    [[ $(title_bar_functions) == 0x6 ]] || fail "a disabled window still has boxes"
+    put_pointer 255 188
+    xdotool click 1
+    key x F5 alt+F6 ctrl+comma ctrl+q alt+F4
+    click_box "$gallery" "$close_box"
+    press_in_second
+    compare without_activation "clicks and keys in a disabled window, and enabling" \
+        'Pushed 70 "Disable or enable the gallery"' 'Focus 1 "any text"'
+    [[ $(title_bar_functions) == "$before" ]] || fail "enabling did not give back the boxes"
+}
+
+# drop_on X Y: drags from the source.
+drop_on() {
+    look_at "$source_window"
+    xdotool mousemove $((left + 50)) $((top + 30)) mousedown 1
+    xdotool mousemove $((left + 80)) $((top + 40)) sleep 0.1
+    put_pointer "$@"
+    xdotool sleep 0.1 mousemove_relative 1 1 sleep 0.3 mouseup 1
+}
+
+# drops WHAT PLACE EVENT: a drop that the source takes for refused, since the answer came late, is
+# tried again.
+drops() {
+    local tries=5
+    # shellcheck disable=SC2086 # two numbers
+    until drop_on $2 && something_comes || ((--tries == 0)); do :; done
+    sees "$1" "$3"
+}
+
+something_comes() {
+    local tries=50
+    until (($(wc -l <"$log") > seen)); do
+        ((--tries > 0)) || return 1
+        sleep 0.02
+    done
+}
+
+check_drops() {
+    "$drag_source_program" 7X &
+    local source=$!
+    # shellcheck disable=SC2064
+    trap "kill $source" EXIT
+    wait_for_keyboard "Drag source"
+    source_window=$found
+    sees "another program's window" "WindowDeactivated 0"
+    drops "a field that takes drops" "155 20" 'DropOnGadget 0 "7X"'
+    drops "the window" "120 270" 'DropOnWindow 0 "7X"'
+    drop_on 155 188
+    drops "the digits field, and then the lower-case field" "155 132" 'Change 5 "as set7x"'
+}
+
+check_keys() {
+    key alt Down Down Return
+    sees "Preferences by Alt" "MenuChosen -2 0"
+    key ctrl+comma
+    sees "Ctrl+," "MenuChosen -2 0"
+    key alt+g
+    picture open
+    key Escape Escape alt+F6 End x
+    sees "the window's shortcut, and the keyboard stays" "MenuChosen 20 0" 'Change 1 "any textx"'
+    key ctrl+shift+a
+    wait_for_keyboard "A question"
+    # What waits for no answer.
+    put_pointer 85 -10
+    xdotool click 1
+    click_box "$gallery" "$close_box"
+    key y F5 alt+F6 alt+F4
+    wait_for_keyboard Gallery
+    sees "the question, closed" "MenuChosen 1 0" "answer 2" "WindowDeactivated 0" \
+        "WindowActivated 0"
+}
 
 open_display gallery "$here/../../build/tour"
 failures=0
