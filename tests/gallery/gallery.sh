@@ -10,10 +10,7 @@
 # pictures in build/tour of the tree.
 #
 # shellcheck source-path=SCRIPTDIR
-set -euo pipefail
-export LC_ALL=C.UTF-8
-here=$(dirname "${BASH_SOURCE[0]}")
-source "$here/../../scripts/virtual_display.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/../tour/stage.sh"
 
 gallery_program=$1 drag_source_program=$2
 checks=("${@:3}")
@@ -276,7 +273,7 @@ check_keys() {
         "WindowActivated 0"
 }
 
-open_display gallery "$here/../../build/tour"
+open_display gallery "$tour_pictures"
 failures=0
 for check in "${checks[@]}"; do
     picture_name=gallery-$check

@@ -9,11 +9,7 @@
 # The same seed does the same again.
 #
 # shellcheck source-path=SCRIPTDIR
-set -euo pipefail
-export LC_ALL=C.UTF-8
-here=$(dirname "${BASH_SOURCE[0]}")
-source "$here/../../scripts/virtual_display.sh"
-source "$here/../tour/stage.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/../tour/stage.sh"
 
 actions=$2
 RANDOM=${3:-1}
@@ -97,8 +93,7 @@ xrandr --newmode tiny 30 640 650 660 670 480 490 500 510
 xrandr --addmode screen small
 xrandr --addmode screen tiny
 
-title="Rotavel V1.55"
-start "$title"
+start Rotavel
 look_at "$main"
 motorcycles >"$folder/motorcycles"
 ends=0
@@ -115,7 +110,7 @@ for ((done = 0; done < actions; done += round)); do
     if has_ended "$program" 2>/dev/null; then
         expect_end
         expect_whole
-        start "$title"
+        start Rotavel
         ends=$((ends + 1))
     fi
 done

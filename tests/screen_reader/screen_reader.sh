@@ -7,10 +7,7 @@
 # Needs no display, it brings its own, and a session bus of its own.
 #
 # shellcheck source-path=SCRIPTDIR
-set -euo pipefail
-export LC_ALL=C.UTF-8
 here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
-source "$here/../../scripts/virtual_display.sh"
 source "$here/../tour/stage.sh"
 
 python=/usr/bin/python3 # the system's, which has the system's bindings

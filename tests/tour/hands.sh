@@ -68,21 +68,6 @@ expect_speeds() {
     echo "  speeds read: ${read[*]}"
 }
 
-# expect_status blank|text: what the status bar shows.
-expect_status() {
-    wait_for "$1 status bar" status_is "$1"
-}
-
-status_is() {
-    local colours
-    look_at "$main"
-    colours=$(photograph -crop "400x16+$((left + 25))+$((top + height - 20))" -format %k info:-)
-    case $1 in
-        blank) ((colours == 1)) ;;
-        text) ((colours > 1)) ;;
-    esac
-}
-
 # opens DEED...: does the deed and waits for the menu, list or box that it opens.
 opens() {
     local before
@@ -113,6 +98,10 @@ choose() {
 
 only_main_window() {
     [[ $(windows) == "$main" ]]
+}
+
+two_windows() {
+    [[ $(windows | wc -l) == 2 ]]
 }
 
 # File > Motorcycle > Moto Guzzi, the first of four makers.

@@ -1,23 +1,28 @@
 # shellcheck shell=bash
-# Sourced by what drives the real program: that in a folder of its own on a display of its own, and
-# what it left behind.
+# Sourced by what drives real programs: a display of its own, the program in a folder of its own
+# there, and what it left behind.
 #
-# shellcheck disable=SC2034,SC2154 # variables that the scripts share
+# shellcheck source-path=SCRIPTDIR disable=SC2034,SC2154 # variables that the scripts share
+set -euo pipefail
+export LC_ALL=C.UTF-8
+source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/virtual_display.sh"
+tour_pictures=$(dirname "${BASH_SOURCE[0]}")/../../build/tour
 
 # open_stage PROGRAM NAME [open_wayland_display]: pictures go to build/tour of the tree under names
 # that start with NAME.
 open_stage() {
-    "${3:-open_display}" "$2" "$(dirname "${BASH_SOURCE[0]}")/../../build/tour"
+    "${3:-open_display}" "$2" "$tour_pictures"
     settings=$folder/Resources/Rotavel.ini
     mkdir -p "$folder/bin" "$folder/Resources"
     cp "$1" "$folder/bin/Rotavel"
 }
 
-# start TITLE: starts the program and waits until a window of that title has the keyboard.
+# start [TITLE]: starts the program and waits until its window, or that of the title, has the
+# keyboard.
 start() {
     "$folder/bin/Rotavel" &
     program=$!
-    wait_for_keyboard "$1"
+    wait_for_keyboard "${1:-Rotavel V1.55}"
     main=$found
 }
 
