@@ -15,74 +15,48 @@ using namespace tests;
 const std::string Old = Mark + "\n[A text longer than a short one]\nA text longer than a short " +
                         "one = 1\n\n[Other]\nx = " + std::string(300, 'x') + "\n";
 
-class SettingsFailureTest : public SettingsTest {
-  protected:
-    void StartWithOld() {
-        Start(Old);
-        SettingsSelectGroup(LONG);
-    }
-    // All that the store shows without being changed.
-    std::u16string State() const {
-        return SettingsGroupName() + ToUtf16(ReadFile(file)) + SettingsReadString(LONG, u"none") +
-               SettingsReadString(u"x", u"none") + SettingsReadString(LONG LONG, u"none");
-    }
-};
+using SettingsFailureTest = SettingsTest;
 
-std::u16string Told(double result) {
-    return ToUtf16(std::to_string(static_cast<int>(result)));
+// Every operation, until one fails.
+bool Use() {
+    return SettingsSelectGroup(u"Other") && SettingsSelectGroup(LONG) &&
+           SettingsGroupName() == LONG && SettingsReadInteger(LONG, 0) > 0 &&
+           SettingsReadNumber(LONG, 0) > 0 && SettingsReadString(LONG, u"") != u"" &&
+           SettingsReadString(u"none", LONG) == LONG && SettingsWriteString(LONG, u"2") &&
+           SettingsWriteString(LONG, u"3" LONG) && SettingsWriteInteger(LONG LONG, 1234567890123) &&
+           (SettingsSelectGroup(LONG LONG), SettingsReadString(LONG, u"new") == u"new") &&
+           SettingsWriteString(LONG, LONG) && SettingsSelectGroup(u"Other");
 }
 
 TEST_F(SettingsFailureTest, ChangesNothingWhereMemoryIsShort) {
-    const auto nothing = [] {};
-    const auto leave = [] { SettingsSelectGroup(LONG LONG); };
-    const auto write = [] { SettingsWriteString(LONG LONG, LONG); };
-    const auto flush = [] { return Told(SettingsFlush()); };
-    const std::pair<std::function<void()>, std::function<std::u16string()>> cases[] = {
-        {nothing, [] { return Told(SettingsSelectGroup(u"Other")); }},
-        {leave, [] { return Told(SettingsSelectGroup(LONG)); }},
-        {nothing, [] { return Told(SettingsSelectGroup(LONG LONG)); }},
-        {nothing, [] { return SettingsGroupName(); }},
-        {nothing, [] { return SettingsReadString(LONG, u""); }},
-        {nothing, [] { return SettingsReadString(u"none", LONG); }},
-        {nothing, [] { return Told(double(SettingsReadInteger(LONG, 7))); }},
-        {nothing, [] { return Told(SettingsReadNumber(LONG, 7)); }},
-        {nothing, [] { return Told(SettingsWriteString(LONG, LONG)); }},
-        {nothing, [] { return Told(SettingsWriteString(LONG, u"2")); }},
-        {nothing, [] { return Told(SettingsWriteString(LONG LONG, LONG)); }},
-        {leave, [] { return Told(SettingsWriteString(LONG, u"1")); }},
-        {nothing, [] { return Told(SettingsWriteInteger(LONG, -1234567890123)); }},
-        {write, flush},
-        {[&] { write(), WriteFile(file, Old + "[\xE9]\n"); }, flush},
-        {[&] { leave(), write(), WriteFile(file, "[B]\n"); }, flush},
-        {[&] { write(), std::filesystem::remove(file); }, flush},
-    };
-    for (const auto& [prepare, run] : cases) {
-        StartWithOld();
-        prepare();
-        const std::u16string success = run();
-        const std::u16string after = State();
+    const std::function<void()> edits[] = {[] {}, [&] { WriteFile(file, Old + "[\xE9]\n"); },
+                                           [&] { std::filesystem::remove(file); }};
+    const std::pair<bool (*)(), bool (*)()> runs[] = {{[] { return true; }, Use},
+                                                      {Use, SettingsFlush}};
+    for (const auto& edit : edits) {
+        Start(Old);
+        ASSERT_TRUE(Use());
+        edit();
         const std::string saved = Closed();
-        bool isRefused = true;
-        for (int allocation = 1; isRefused; ++allocation) {
-            SCOPED_TRACE(std::to_string(&run - &cases[0].second) + " " +
-                         std::to_string(allocation));
-            StartWithOld();
-            prepare();
-            const std::u16string before = State();
-            std::u16string result;
-            {
-                const Faults faults({Faults::Memory, allocation, allocation, ENOMEM});
-                result = run();
-                isRefused = faults.HaveStruck();
+        for (const auto& [prepare, run] : runs) {
+            bool isRefused = true;
+            for (int allocation = 1; isRefused; ++allocation) {
+                Start(Old);
+                ASSERT_TRUE(prepare());
+                edit();
+                const std::string before = ReadFile(file);
+                {
+                    const Faults faults({Faults::Memory, allocation, allocation, ENOMEM});
+                    const bool isDone = run();
+                    isRefused = faults.HaveStruck();
+                    EXPECT_EQ(isDone, !isRefused) << allocation;
+                }
+                if (isRefused) {
+                    EXPECT_EQ(ReadFile(file), before) << allocation;
+                    EXPECT_TRUE(run()) << allocation;
+                }
+                EXPECT_EQ(Closed(), saved) << allocation;
             }
-            if (isRefused) {
-                EXPECT_TRUE(result.empty() || result == u"0");
-                EXPECT_EQ(State(), before);
-                result = run();
-            }
-            EXPECT_EQ(result, success);
-            EXPECT_EQ(State(), after);
-            EXPECT_EQ(Closed(), saved);
         }
     }
 }
