@@ -1,12 +1,65 @@
 // Any file is opened, read, changed and rewritten, and must then hold what it held, and the
-// changes.
+// changes. Each of its groups is a motorcycle, in its place.
 
+#include <cstdio>
+#include <optional>
+#include <string_view>
 #include <strings.h>
+#include <vector>
 
+#include "app/motorcycle_records.h"
 #include "fuzz.h"
+#include "settings/settings_document.h"
+#include "settings/settings_store.h"
+#include "tests/support/temporary_folder.h"
 
 namespace rotavel::tests {
 namespace {
+
+// A group of a settings file with its lines: keys with their values, comments without a key.
+struct Group {
+    struct Line {
+        std::optional<std::string> Key;
+        std::string Value;
+        bool operator==(const Line&) const = default;
+    };
+    std::string Name;
+    std::vector<Line> Lines;
+    bool operator==(const Group&) const = default;
+};
+
+// What a file holds; the first group is what stands before all groups.
+std::vector<Group> GroupsOf(std::string_view content) {
+    SettingsBytes bytes = {std::make_unique<char[]>(content.size() + SettingsTextPadding),
+                           content.size()};
+    std::ranges::copy(content, bytes.Block.get());
+    SettingsDocument document;
+    ParseSettingsFile(std::move(bytes), document);
+    std::vector<Group> groups(1);
+    for (const SettingsEntry* each = document.Entries.First(); each != nullptr;
+         each = each->Next()) {
+        const std::string value(each->Value());
+        if (each->IsGroup()) {
+            groups.push_back({value, {}});
+        } else {
+            groups.back().Lines.push_back(
+                {each->IsKey() ? std::optional(std::string(each->Key())) : std::nullopt, value});
+        }
+    }
+    return groups;
+}
+
+const std::string& SettingsFile() {
+    static const TemporaryFolder folder;
+    static const std::string file = folder.File("Rotavel.ini");
+    return file;
+}
+
+// As the C library scans it.
+std::int64_t Integer(const std::string& text) {
+    long long value = 0;
+    return std::sscanf(text.c_str(), "%lld", &value) == 1 ? value : 0;
+}
 
 bool IsSame(const std::string& left, const std::string& right) {
     return std::ranges::equal(left, right,
@@ -33,6 +86,37 @@ Group& GroupNamed(std::vector<Group>& groups, const std::string& name) {
     return groups.emplace_back(Group{name, {}});
 }
 
+std::u16string Trimmed(std::u16string text) {
+    text.erase(0, text.find_first_not_of(u' '));
+    text.erase(text.find_last_not_of(u' ') + 1);
+    return text;
+}
+
+void CheckMotorcycles(const std::vector<Group>& groups, std::vector<MakerRecord> makers) {
+    std::vector<std::size_t> taken;  // models of each maker
+    std::int64_t item = 10;
+    for (std::size_t i = 1; i < groups.size(); ++i) {
+        const std::u16string name = ToUtf16(groups[i].Name);
+        if (name == u"Settings") {
+            continue;
+        }
+        const std::size_t dash = name.find(u'-');
+        const std::u16string of = dash == name.npos ? u"" : Trimmed(name.substr(0, dash));
+        const auto maker = std::ranges::find(makers, of, &MakerRecord::Name);
+        const auto place = static_cast<std::size_t>(maker - makers.begin());
+        Check(place <= taken.size() && place < makers.size());
+        taken.resize(std::max(taken.size(), place + 1));
+        Check(taken[place] < maker->Models.size());
+        MotorcycleRecord& motorcycle = maker->Models[taken[place]++];
+        Check(motorcycle.Model == Trimmed(dash == name.npos ? name : name.substr(dash + 1)));
+        motorcycle.MenuItem = ++item;
+        Check(FindMotorcycle(makers, item)->Motorcycle == &motorcycle);
+        const auto rpm = std::ranges::find(groups[i].Lines, "MaxRPM", &Group::Line::Key);
+        Check(rpm == groups[i].Lines.end() || motorcycle.MaxRPM == Integer(rpm->Value));
+    }
+    Check(taken.size() == makers.size() && !FindMotorcycle(makers, item + 1));
+}
+
 void CheckReads(std::vector<Group> groups) {
     Check(SettingsOpen(ToUtf16(SettingsFile()), 0));
     for (std::size_t i = 1; i < groups.size(); ++i) {
@@ -48,6 +132,7 @@ void CheckReads(std::vector<Group> groups) {
         }
     }
     Check(!SettingsNextGroup());
+    CheckMotorcycles(groups, ReadMotorcycles());
     SettingsClose();
 }
 
