@@ -31,24 +31,22 @@ place_somewhere() {
 
 # act: writes one action for xdotool.
 act() {
-    local from
+    local from deeds
     place_somewhere
-    case $((RANDOM % 14)) in
-        0 | 1 | 2 | 3) echo "mousemove $place click --delay 3 1" ;;
-        4) echo "mousemove $place click --repeat 2 --delay 5 1" ;;
-        5)
-            from=$place
-            place_somewhere
-            echo "mousemove $from mousedown 1 mousemove $place mouseup 1"
-            ;;
-        6) echo "mousemove $place click --repeat $((1 + RANDOM % 5)) --delay 2 $((4 + RANDOM % 2))" ;;
-        7) echo "mousemove $place click --delay 3 3" ;;
-        8) echo "mousemove $place" ;;
-        9) echo "key --delay 5 alt+f Return Return ${downs:0:RANDOM % 12 * 5} Return" ;; # a motorcycle
-        10) echo "mousemove $((left + 170)) $((top + height - 70)) click --delay 3 1" ;; # "Graphic"
-        *) echo "key --delay 0 ${keys[RANDOM % ${#keys[@]}]}" ;;
-    esac
-    echo "sleep 0.005"
+    from=$place
+    place_somewhere
+    deeds=(
+        "mousemove $from click --delay 3 1"{,,,}
+        "mousemove $from click --repeat 2 --delay 5 1"
+        "mousemove $from mousedown 1 mousemove $place mouseup 1"
+        "mousemove $from click --repeat $((1 + RANDOM % 5)) --delay 2 $((4 + RANDOM % 2))"
+        "mousemove $from click --delay 3 3"
+        "mousemove $from"
+        "key --delay 5 alt+f Return Return ${downs:0:RANDOM % 12 * 5} Return" # a motorcycle
+        "mousemove $((left + 170)) $((top + height - 70)) click --delay 3 1" # "Graphic"
+        "key --delay 0 ${keys[RANDOM % ${#keys[@]}]}"{,,}
+    )
+    echo "${deeds[RANDOM % ${#deeds[@]}]} sleep 0.005"
 }
 
 # disturb: what may happen to a program from outside.

@@ -1,30 +1,22 @@
 """Reads and uses the program's windows over AT-SPI, as a screen reader does.
 
-screen_reader.py PROGRAM, or --is-here: whether this system can do it. Where there are no keys,
-under a compositor without a seat, what only they can do is left out.
+screen_reader.py PROGRAM. Where there are no keys, under a compositor without a seat, what only they
+can do is left out.
 """
 
 import os
-import shutil
 import subprocess
 import sys
 import time
 import warnings
 
-try:
-    import gi
+import gi
 
-    gi.require_version("Atspi", "2.0")
-    from gi.repository import Atspi, GLib
-except (ImportError, ValueError):
-    sys.exit(1)
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
 
 PATIENCE = 30  # seconds that anything may take; far more than it does, for the slowest machine
 CONTROLS = ("text", "combo box", "push button")
-
-
-def here():
-    return all(map(shutil.which, ("dbus-run-session", "xdotool", "Xvfb", "openbox", "weston")))
 
 
 def wait_for(what, found):
@@ -146,6 +138,4 @@ def main(path):
 
 
 warnings.simplefilter("ignore", DeprecationWarning)
-if sys.argv[1] == "--is-here":
-    sys.exit(0 if here() else 1)
 main(sys.argv[1])

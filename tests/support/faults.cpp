@@ -110,6 +110,7 @@ void* __wrap_malloc(std::size_t size) {
 }
 }
 
+// The library's forms for arrays come here too.
 void* operator new(std::size_t size) {
     void* const block = malloc(size);
     if (block == nullptr) {
@@ -118,22 +119,10 @@ void* operator new(std::size_t size) {
     return block;
 }
 
-void* operator new[](std::size_t size) {
-    return operator new(size);
-}
-
 void operator delete(void* block) noexcept {
     free(block);
 }
 
 void operator delete(void* block, std::size_t) noexcept {
-    free(block);
-}
-
-void operator delete[](void* block) noexcept {
-    free(block);
-}
-
-void operator delete[](void* block, std::size_t) noexcept {
     free(block);
 }
