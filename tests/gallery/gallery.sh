@@ -3,17 +3,16 @@
 # keyboard can, and compares the events it prints with those that should come. Every difference is
 # told; one is enough for status 1.
 #
-#   gallery.sh GALLERY DRAG_SOURCE [CHECK...]
+#   gallery.sh GALLERY [CHECK...]
 #
-# GALLERY is the program of examples/gallery, DRAG_SOURCE that of this folder. Makes the checks named,
-# without names all, each with a gallery of its own. Needs no display, it brings its own. Leaves
-# pictures in build/tour of the tree.
+# GALLERY is the program of examples/gallery. Makes the checks named, without names all, each with a
+# gallery of its own. Needs no display, it brings its own. Leaves pictures in build/tour of the tree.
 #
 # shellcheck source-path=SCRIPTDIR
 source "$(dirname "${BASH_SOURCE[0]}")/../tour/stage.sh"
 
-gallery_program=$1 drag_source_program=$2
-checks=("${@:3}")
+gallery_program=$1
+checks=("${@:2}")
 ((${#checks[@]} > 0)) || checks=(moving zooming starting disabling drops keys)
 
 content_height=330
@@ -212,11 +211,11 @@ check_disabling() {
     [[ $(title_bar_functions) == "$before" ]] || fail "enabling did not give back the boxes"
 }
 
-# drop_on X Y: drags from the source.
+# drop_on X Y: drags the text of the other gallery's upper-case field.
 drop_on() {
-    look_at "$source_window"
-    xdotool mousemove $((left + 50)) $((top + 30)) mousedown 1
-    xdotool mousemove $((left + 80)) $((top + 40)) sleep 0.1
+    look_at "$other"
+    xdotool mousemove $((left + 180)) $((top + menu_bar + 104)) click 1 key ctrl+a
+    xdotool mousemove_relative -- -60 0 mousedown 1 mousemove_relative 20 5 sleep 0.1
     put_pointer "$@"
     xdotool sleep 0.1 mousemove_relative 1 1 sleep 0.3 mouseup 1
 }
@@ -239,17 +238,22 @@ something_comes() {
 }
 
 check_drops() {
-    "$drag_source_program" 7X &
-    local source=$!
+    "$gallery_program" >/dev/null &
     # shellcheck disable=SC2064
-    trap "kill $source" EXIT
-    wait_for_keyboard "Drag source"
-    source_window=$found
+    trap "kill $!" EXIT
+    wait_for "other gallery" other_has_keyboard
     sees "another program's window" "WindowDeactivated 0"
-    drops "a field that takes drops" "155 20" 'DropOnGadget 0 "7X"'
-    drops "the window" "120 270" 'DropOnWindow 0 "7X"'
+    xdotool windowmove "$other" 0 20 windowmove "$gallery" 530 380
+    sees "a move" "WindowMoved 0"
+    drops "a field that takes drops" "155 20" 'DropOnGadget 0 "AS SET"'
+    drops "the window" "120 270" 'DropOnWindow 0 "AS SET"'
     drop_on 155 188
-    drops "the digits field, and then the lower-case field" "155 132" 'Change 5 "as set7x"'
+    drops "the digits field, and then the lower-case field" "155 132" 'Change 5 "as setas set"'
+}
+
+other_has_keyboard() {
+    other=$(xdotool getwindowfocus) && [[ $other != "$gallery" ]] &&
+        [[ $(xdotool getwindowname "$other") == Gallery ]]
 }
 
 check_keys() {

@@ -40,7 +40,6 @@ TEST(RawFile, ReplacesWholeOrPutsTheOldContentBack) {
         {longer, {'S', 1, Faults::Always, EIO}, Mixed, old, "FWSWTS"},
         {shorter, {'T', 1, 1, EIO}, Refused, old, "FWSTWTS"},
         {longer, {'T', 1, Faults::Always, EIO}, Done, longer, "FWS"},
-        {shorter, {'T', 1, Faults::Always, EIO}, Mixed, old, "FWSTWTS"},
         {shorter, {'S', 2, 2, ENOSPC}, Refused, old, "FWSTSWTS"},
     };
     const TemporaryFolder folder;
