@@ -1,6 +1,5 @@
 #include "settings/program_location.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -16,24 +15,18 @@ namespace fs = std::filesystem;
 
 constexpr const char* TellOnly = "ROTAVEL_TELL_LOCATION";
 
-// What this program says of its place when a shell starts it by `command`.
-std::string Told(const std::string& command) {
-    const std::string tell = std::string(TellOnly) + "=1 bash -c '" + command + " \"$@\"' -";
-    std::FILE* shell = popen((tell + " --gtest_filter=ProgramLocation.IsWhere*").c_str(), "r");
-    std::string told;
-    for (char line[4096]; std::fgets(line, sizeof line, shell) != nullptr;) {
-        if (line[0] == '/') {
-            told.assign(line).pop_back();
-        }
-    }
-    pclose(shell);
-    return told;
+// What this program writes to the file of its place when a shell starts it by `command`.
+std::string Told(const std::string& command, const std::string& file) {
+    const std::string tell = std::string(TellOnly) + "='" + file + "' bash -c '" + command;
+    const std::string one = " \"$@\"' - --gtest_filter=ProgramLocation.IsWhere* >/dev/null";
+    EXPECT_EQ(std::system((tell + one).c_str()), 0);
+    return tests::ReadFile(file);
 }
 
 TEST(ProgramLocation, IsWhereTheProgramWasStartedIfSettingsAreKeptThere) {
-    if (std::getenv(TellOnly) != nullptr) {
+    if (const char* const file = std::getenv(TellOnly)) {
         EnterBundleContents();
-        std::printf("%s in %s\n", ToUtf8(ProgramFilename()).c_str(), fs::current_path().c_str());
+        tests::WriteFile(file, ToUtf8(ProgramFilename()) + " in " + fs::current_path().string());
         return;
     }
     const tests::TemporaryFolder folder;
@@ -58,7 +51,7 @@ TEST(ProgramLocation, IsWhereTheProgramWasStartedIfSettingsAreKeptThere) {
         {root + "/bare/bin/Link",
          executable.string() + " in " + executable.parent_path().parent_path().string()}};
     for (const auto& [command, told] : cases) {
-        EXPECT_EQ(Told(command), told);
+        EXPECT_EQ(Told(command, folder.File("told")), told);
     }
 }
 

