@@ -20,10 +20,11 @@ namespace {
 using namespace tests;
 
 // What a widget draws of texts, and where.
-class TextRecorder final : public QPaintDevice, private QPaintEngine {
+class TextRecorder final : public QImage, private QPaintEngine {
   public:
-    explicit TextRecorder(QWidget& drawn) : QPaintEngine(AllFeatures), widget(drawn) {
-        widget.render(this, {}, {}, QWidget::RenderFlags());
+    explicit TextRecorder(QWidget& drawn)
+        : QImage(drawn.size(), Format_RGB32), QPaintEngine(AllFeatures) {
+        drawn.render(this, {}, {}, QWidget::RenderFlags());
     }
 
     QString Text;
@@ -31,20 +32,6 @@ class TextRecorder final : public QPaintDevice, private QPaintEngine {
 
   private:
     QPaintEngine* paintEngine() const override { return const_cast<TextRecorder*>(this); }
-    int metric(PaintDeviceMetric metric) const override {
-        switch (metric) {
-            case PdmWidth:
-                return widget.width();
-            case PdmHeight:
-                return widget.height();
-            case PdmDevicePixelRatio:
-                return 1;
-            case PdmDevicePixelRatioScaled:
-                return static_cast<int>(devicePixelRatioFScale());
-            default:
-                return widget.logicalDpiX();
-        }
-    }
     bool begin(QPaintDevice*) override { return true; }
     bool end() override { return true; }
     void updateState(const QPaintEngineState& now) override { transform = now.transform(); }
@@ -59,7 +46,6 @@ class TextRecorder final : public QPaintDevice, private QPaintEngine {
     }
     Type type() const override { return User; }
 
-    QWidget& widget;
     QTransform transform;
 };
 
