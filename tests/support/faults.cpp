@@ -110,7 +110,6 @@ void* __wrap_malloc(std::size_t size) {
 }
 }
 
-// The library's forms for arrays come here too.
 void* operator new(std::size_t size) {
     void* const block = malloc(size);
     if (block == nullptr) {
@@ -119,10 +118,22 @@ void* operator new(std::size_t size) {
     return block;
 }
 
+void* operator new[](std::size_t size) {
+    return operator new(size);
+}
+
 void operator delete(void* block) noexcept {
     free(block);
 }
 
 void operator delete(void* block, std::size_t) noexcept {
+    free(block);
+}
+
+void operator delete[](void* block) noexcept {
+    free(block);
+}
+
+void operator delete[](void* block, std::size_t) noexcept {
     free(block);
 }
