@@ -92,7 +92,7 @@ std::u16string Trimmed(std::u16string text) {
     return text;
 }
 
-void CheckMotorcycles(const std::vector<Group>& groups, std::vector<MakerRecord> makers) {
+void CheckMotorcycles(std::vector<Group>& groups, std::vector<MakerRecord> makers) {
     std::vector<std::size_t> taken;  // models of each maker
     std::int64_t item = 10;
     for (std::size_t i = 1; i < groups.size(); ++i) {
@@ -111,8 +111,8 @@ void CheckMotorcycles(const std::vector<Group>& groups, std::vector<MakerRecord>
         Check(motorcycle.Model == Trimmed(dash == name.npos ? name : name.substr(dash + 1)));
         motorcycle.MenuItem = ++item;
         Check(FindMotorcycle(makers, item)->Motorcycle == &motorcycle);
-        const auto rpm = std::ranges::find(groups[i].Lines, "MaxRPM", &Group::Line::Key);
-        Check(rpm == groups[i].Lines.end() || motorcycle.MaxRPM == Integer(rpm->Value));
+        const Group::Line* const rpm = FindKey(groups[i], "MaxRPM");
+        Check(rpm == nullptr || motorcycle.MaxRPM == Integer(rpm->Value));
     }
     Check(taken.size() == makers.size() && !FindMotorcycle(makers, item + 1));
 }
