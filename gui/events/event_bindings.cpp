@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cinttypes>
-#include <cstdio>
 
 namespace rotavel {
 
@@ -11,10 +9,8 @@ namespace {
 
 std::string BindingKey(std::uint32_t kind, WindowNumber window, std::int64_t object,
                        std::int64_t type) {
-    std::array<char, 80> key{};
-    std::snprintf(key.data(), key.size(), "%" PRIu32 ":%" PRId64 ":%" PRId64 ":%" PRId64, kind,
-                  window, object, type);
-    return key.data();
+    return std::to_string(kind) + ":" + std::to_string(window) + ":" + std::to_string(object) +
+           ":" + std::to_string(type);
 }
 
 }  // namespace
@@ -22,7 +18,7 @@ std::string BindingKey(std::uint32_t kind, WindowNumber window, std::int64_t obj
 void EventBindings::Bind(EventCallback callback, std::uint32_t kind, WindowNumber window,
                          std::int64_t object, std::int64_t type) {
     bindings[BindingKey(kind, window, object, type)].push_back(
-        std::make_shared<Binding>(Binding{window, callback}));
+        std::make_shared<const Binding>(Binding{window, callback}));
 }
 
 void EventBindings::Unbind(EventCallback callback, std::uint32_t kind, WindowNumber window,
@@ -31,32 +27,16 @@ void EventBindings::Unbind(EventCallback callback, std::uint32_t kind, WindowNum
     if (bound == bindings.end()) {
         return;
     }
-    std::erase_if(bound->second, [callback](const std::shared_ptr<Binding>& each) {
-        each->IsBound = each->Callback != callback;
-        return !each->IsBound;
-    });
+    std::erase_if(bound->second,
+                  [callback](const auto& each) { return each->Callback == callback; });
     if (bound->second.empty()) {
         bindings.erase(bound);
     }
 }
 
 void EventBindings::UnbindWindow(WindowNumber window) {
-    std::erase_if(bindings, [window](const auto& entry) {
-        const bool isOfWindow = entry.second.front()->Window == window;
-        for (const std::shared_ptr<Binding>& each : entry.second) {
-            each->IsBound = !isOfWindow;
-        }
-        return isOfWindow;
-    });
-}
-
-void EventBindings::Clear() {
-    for (const auto& entry : bindings) {
-        for (const std::shared_ptr<Binding>& each : entry.second) {
-            each->IsBound = false;
-        }
-    }
-    bindings.clear();
+    std::erase_if(bindings,
+                  [window](const auto& entry) { return entry.second.front()->Window == window; });
 }
 
 void EventBindings::Run(std::uint32_t kind, WindowNumber window, std::int64_t object,
@@ -75,10 +55,11 @@ void EventBindings::Run(std::uint32_t kind, WindowNumber window, std::int64_t ob
         if (bound == bindings.end()) {
             continue;
         }
-        const Bindings present = bound->second;
-        for (const std::shared_ptr<Binding>& each : present) {
-            if (each->IsBound) {
-                each->Callback();
+        const std::vector<std::weak_ptr<const Binding>> present(bound->second.begin(),
+                                                                bound->second.end());
+        for (const auto& each : present) {
+            if (const auto binding = each.lock()) {
+                binding->Callback();
             }
         }
     }

@@ -19,7 +19,7 @@ class EventBindings {
     void Unbind(EventCallback callback, std::uint32_t kind, WindowNumber window,
                 std::int64_t object, std::int64_t type);
     void UnbindWindow(WindowNumber window);
-    void Clear();
+    void Clear() { bindings.clear(); }
 
     // Runs what is bound to an event, in the order that event_queue.h tells. A callback that is
     // unbound meanwhile is not run any more.
@@ -29,9 +29,9 @@ class EventBindings {
     struct Binding {
         WindowNumber Window;
         EventCallback Callback;
-        bool IsBound = true;
     };
-    using Bindings = std::vector<std::shared_ptr<Binding>>;
+    // Nobody else owns a binding: one that is unbound while others of its list run is gone.
+    using Bindings = std::vector<std::shared_ptr<const Binding>>;
 
     std::unordered_map<std::string, Bindings> bindings;
 };

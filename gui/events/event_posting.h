@@ -15,16 +15,16 @@ inline constexpr std::uint32_t PostWaking = 4;    // wake a blocked wait, as all
 
 using ReleaseFunction = void (*)(void* data);
 
-// One queued event.
+// One queued event, or the one taken last.
 struct EventRecord {
-    EventRecord* Next;
-    std::uint32_t Kind;
-    std::uint32_t Flags;
-    std::int64_t Object;  // gadget, menu item or window number
-    WindowNumber Window;  // -1 for none
-    std::int64_t Type;
-    void* Data;
-    ReleaseFunction Release;  // frees Data, or null
+    EventRecord* Next = nullptr;
+    std::uint32_t Kind = 0;
+    std::uint32_t Flags = 0;
+    std::int64_t Object = 0;  // gadget, menu item or window number
+    WindowNumber Window = 0;  // -1 for none
+    std::int64_t Type = -1;
+    void* Data = nullptr;
+    ReleaseFunction Release = nullptr;  // frees Data, or null
 };
 
 // Posts an event on behalf of a window, gadget or menu. An event below FirstUnmergedKind that

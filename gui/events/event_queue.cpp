@@ -1,7 +1,5 @@
 #include "gui/event_queue.h"
 
-#include <utility>
-
 #include "gui/events/event_bindings.h"
 #include "gui/events/event_posting.h"
 #include "runtime/block_pool.h"
@@ -10,21 +8,12 @@ namespace rotavel {
 
 namespace {
 
-struct CurrentEvent {
-    std::uint32_t Kind = 0;
-    std::int64_t Object = 0;
-    WindowNumber Window = 0;
-    std::int64_t Type = -1;
-    void* Data = nullptr;
-    ReleaseFunction Release = nullptr;
-};
-
 struct EventQueue {
     BlockPool<EventRecord> pool;
     EventRecord* oldest = nullptr;
     EventRecord* newest = nullptr;
     int suspensions = 0;
-    CurrentEvent current;
+    EventRecord current;
     EventBindings bindings;
     int callbacks = 0;  // that are running
     void (*wake)() = nullptr;
@@ -32,10 +21,15 @@ struct EventQueue {
 
 EventQueue queue;
 
-void ReleaseData(void* data, ReleaseFunction release) {
-    if (data != nullptr && release != nullptr) {
+bool AreEqual(const EventRecord& one, const EventRecord& other) {
+    return one.Kind == other.Kind && one.Object == other.Object && one.Window == other.Window &&
+           one.Type == other.Type;
+}
+
+void ReleaseData(const EventRecord& event) {
+    if (event.Data != nullptr && event.Release != nullptr) {
         ++queue.callbacks;
-        release(data);
+        event.Release(event.Data);
         --queue.callbacks;
     }
 }
@@ -43,15 +37,21 @@ void ReleaseData(void* data, ReleaseFunction release) {
 // The function that releases the data may take events that have data too.
 void ReleaseCurrentData() {
     while (queue.current.Data != nullptr) {
-        ReleaseData(std::exchange(queue.current.Data, nullptr),
-                    std::exchange(queue.current.Release, nullptr));
+        const EventRecord released = queue.current;
+        queue.current.Data = nullptr;
+        ReleaseData(released);
     }
 }
 
-void RunBindings(std::uint32_t kind, WindowNumber window, std::int64_t object, std::int64_t type) {
+// Runs what is bound to an event, with that as the current one, which the caller puts back.
+void RunBindings(const EventRecord& event) {
+    queue.current = event;
+    queue.current.Release = nullptr;
     ++queue.callbacks;
-    queue.bindings.Run(kind, window, object, type);
+    queue.bindings.Run(event.Kind, event.Window, event.Object, event.Type);
     --queue.callbacks;
+    // A binding that waits may have taken others, perhaps this one.
+    ReleaseCurrentData();
 }
 
 template <typename Predicate>
@@ -73,15 +73,9 @@ void DeleteWhere(Predicate matches) {
     // Only now, for a release function may post events.
     while (EventRecord* const record = deleted) {
         deleted = record->Next;
-        ReleaseData(record->Data, record->Release);
+        ReleaseData(*record);
         queue.pool.Give(record);
     }
-}
-
-bool EqualsNewest(std::uint32_t kind, std::int64_t object, WindowNumber window, std::int64_t type) {
-    const EventRecord* const newest = queue.newest;
-    return newest != nullptr && newest->Kind == kind && newest->Object == object &&
-           newest->Window == window && newest->Type == type;
 }
 
 }  // namespace
@@ -95,35 +89,33 @@ std::int64_t PostProgramEvent(std::uint32_t kind, WindowNumber window, std::int6
 
 void QueueEvent(std::uint32_t kind, std::int64_t object, WindowNumber window, std::int64_t type,
                 void* data, ReleaseFunction release, std::uint32_t flags) {
+    const EventRecord posted{nullptr, kind, flags, object, window, type, data, release};
     if (queue.suspensions > 0 && (flags & PostWhileSuspended) == 0) {
-        ReleaseData(data, release);
+        ReleaseData(posted);
         return;
     }
     if (kind != Repaint && queue.wake != nullptr) {
         queue.wake();
     }
     const bool merges = kind < FirstUnmergedKind && (flags & PostUnmerged) == 0;
-    const bool isMerged = merges && EqualsNewest(kind, object, window, type);
+    const bool isMerged = merges && queue.newest != nullptr && AreEqual(*queue.newest, posted);
     if (isMerged) {
         // Only its bindings see this one.
     } else if (EventRecord* const record = queue.pool.Take()) {
-        *record = {nullptr, kind, flags, object, window, type, data, release};
+        *record = posted;
         (queue.newest == nullptr ? queue.oldest : queue.newest->Next) = record;
         queue.newest = record;
     } else {
-        ReleaseData(data, release);
+        ReleaseData(posted);
         return;
     }
     if ((flags & PostUnmerged) == 0) {
-        const CurrentEvent saved =
-            std::exchange(queue.current, {kind, object, window, type, data, nullptr});
-        RunBindings(kind, window, object, type);
-        // A binding that waits may have taken an event, perhaps this one.
-        ReleaseCurrentData();
-        queue.current = saved;
+        const EventRecord before = queue.current;
+        RunBindings(posted);
+        queue.current = before;
     }
     if (isMerged) {
-        ReleaseData(data, release);
+        ReleaseData(posted);
     }
 }
 
@@ -136,11 +128,10 @@ void ResumePosting() {
 }
 
 std::uint32_t TakeEvent() {
-    CurrentEvent& current = queue.current;
-    current.Kind = 0;
+    queue.current.Kind = 0;
     ReleaseCurrentData();
-    current.Kind = 0;
-    current.Type = -1;
+    queue.current.Kind = 0;
+    queue.current.Type = -1;
     EventRecord* const record = queue.oldest;
     if (record == nullptr) {
         return 0;
@@ -149,19 +140,13 @@ std::uint32_t TakeEvent() {
     if (queue.oldest == nullptr) {
         queue.newest = nullptr;
     }
-    current = {record->Kind, record->Object, record->Window,
-               record->Type, record->Data,   record->Release};
-    const bool bindsNow = (record->Flags & PostUnmerged) != 0;
+    const EventRecord taken = *record;
     queue.pool.Give(record);
-    if (bindsNow) {
-        // A binding that waits takes others meanwhile; this one is the one that is taken here.
-        const CurrentEvent taken = current;
-        current.Release = nullptr;
-        RunBindings(taken.Kind, taken.Window, taken.Object, taken.Type);
-        ReleaseCurrentData();
-        current = taken;
+    if ((taken.Flags & PostUnmerged) != 0) {
+        RunBindings(taken);
     }
-    return current.Kind;
+    queue.current = taken;
+    return taken.Kind;
 }
 
 std::uint32_t PeekEvent() {
@@ -204,10 +189,8 @@ void DeleteQueuedEvents(WindowNumber window) {
 
 void DeleteQueuedEvents(std::uint32_t kind, std::int64_t object, WindowNumber window,
                         std::int64_t type) {
-    DeleteWhere([=](const EventRecord& record) {
-        return record.Kind == kind && record.Object == object && record.Window == window &&
-               record.Type == type;
-    });
+    const EventRecord described{nullptr, kind, 0, object, window, type};
+    DeleteWhere([&described](const EventRecord& record) { return AreEqual(record, described); });
 }
 
 void BindEvent(EventCallback callback, std::uint32_t kind, WindowNumber window, std::int64_t object,
