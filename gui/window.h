@@ -71,12 +71,6 @@ std::int64_t WindowGetHeight(WindowNumber number, int mode = InnerContent);
 void WindowSetBounds(WindowNumber number, std::int64_t x, std::int64_t y, std::int64_t width,
                      std::int64_t height);
 
-// Smallest and largest content size the user can give a resizable window; IgnoreValue keeps a
-// value.
-void WindowSetContentLimits(WindowNumber number, std::int64_t minimumWidth,
-                            std::int64_t minimumHeight, std::int64_t maximumWidth,
-                            std::int64_t maximumHeight);
-
 // Calls `callback` with `userValue` every `milliseconds` (1 and up) for as long as the window is
 // open, while the program waits. It may do what a callback of event_queue.h may.
 using TimerCallback = void (*)(void* userValue);

@@ -292,7 +292,6 @@ int main() {
     SetGadgetFont(AnyNumber, 0);
     WindowCreate(GalleryWindow, 0, 0, 460, 330, u"Gallery",
                  WindowMinimizeBox | WindowScreenCentred | WindowResizable);
-    WindowSetContentLimits(GalleryWindow, 300, 200, 600, 450);
     EnableWindowDrop(GalleryWindow, 1);
     CreateMenu();
     CreateFields();

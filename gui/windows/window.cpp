@@ -286,23 +286,6 @@ void WindowSetBounds(WindowNumber number, std::int64_t x, std::int64_t y, std::i
     }
 }
 
-void WindowSetContentLimits(WindowNumber number, std::int64_t minimumWidth,
-                            std::int64_t minimumHeight, std::int64_t maximumWidth,
-                            std::int64_t maximumHeight) {
-    QzWindow* const window = FindWindow(number);
-    if (window == nullptr) {
-        return;
-    }
-    const auto limit = [](std::int64_t asked, int current) {
-        return asked == IgnoreValue ? current : ToSide(asked);
-    };
-    const QSize minimum = window->Layout().ContentMinimumSize();
-    const QSize maximum = window->Layout().ContentMaximumSize();
-    window->Layout().SetContentLimits(
-        {limit(minimumWidth, minimum.width()), limit(minimumHeight, minimum.height())},
-        {limit(maximumWidth, maximum.width()), limit(maximumHeight, maximum.height())});
-}
-
 void WindowAddTimer(WindowNumber number, int milliseconds, TimerCallback callback,
                     void* userValue) {
     WindowRecord* const record = registry.Find(number);

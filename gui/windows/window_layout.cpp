@@ -21,9 +21,7 @@ WindowLayout::WindowLayout(QWidget& laidOutWindow, QWidget& view, bool canBeResi
     : window(laidOutWindow),
       contentView(view),
       resizable(canBeResized),
-      scroll(laidOutWindow, [this] { Apply(); }),
-      contentMinimum(0, 0),
-      contentMaximum(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) {}
+      scroll(laidOutWindow, [this] { Apply(); }) {}
 
 void WindowLayout::SetMenuBar(QMenuBar* bar) {
     if (bar == menuBar) {
@@ -63,7 +61,7 @@ void WindowLayout::SetContentSize(QSize size) {
     askedContent = size;
     askedWindow = WindowSizeFor(size);
     if (resizable) {
-        SetContentLimits(contentMinimum, contentMaximum);
+        window.setMinimumHeight(MenuBarHeight(window.width()));
         window.resize(askedWindow);
     } else if (IsCompositorInCharge()) {
         window.resize(askedWindow);  // a limit would contradict the size that it decides on
@@ -71,18 +69,6 @@ void WindowLayout::SetContentSize(QSize size) {
         window.setFixedSize(askedWindow);
     }
     Apply();
-}
-
-void WindowLayout::SetContentLimits(QSize minimum, QSize maximum) {
-    contentMinimum = minimum;
-    contentMaximum = maximum;
-    if (resizable) {
-        const int barHeight = MenuBarHeight(window.width());
-        const QSize least(minimum.width(), minimum.height() + barHeight);
-        window.setMinimumSize(least.boundedTo(RoomFor(window)));
-        window.setMaximumSize(maximum.width(),
-                              std::min(maximum.height() + barHeight, QWIDGETSIZE_MAX));
-    }
 }
 
 bool WindowLayout::IsTooLarge() const {
@@ -96,7 +82,7 @@ void WindowLayout::Apply() {
     }
     const QSize below(window.width(), std::max(window.height() - top, 0));
     if (resizable) {
-        content = window.size() == askedWindow ? askedContent : below.expandedTo(contentMinimum);
+        content = window.size() == askedWindow ? askedContent : below;
     }
     const QSize footer(0, FooterHeight());
     scroll.Place({QPoint(0, top), below - footer}, content - footer);

@@ -33,9 +33,6 @@ class WindowLayout {
     QPoint ContentCorner() const { return {0, MenuBarHeight(window.width())}; }
     QSize ContentSize() const { return content; }
     void SetContentSize(QSize size);
-    QSize ContentMinimumSize() const { return contentMinimum; }
-    QSize ContentMaximumSize() const { return contentMaximum; }
-    void SetContentLimits(QSize minimum, QSize maximum);
 
     // Whether the window is too small for its content.
     bool IsScrolled() const { return scroll.IsNeeded(); }
@@ -59,8 +56,6 @@ class WindowLayout {
     std::vector<QPointer<QWidget>> footers;
     bool isEnabled = true;
     QSize content;
-    QSize contentMinimum;
-    QSize contentMaximum;
     // What the program asked for, and the window that was made for it.
     QSize askedContent;
     QSize askedWindow;
