@@ -10,34 +10,24 @@ namespace rotavel {
 
 class QzWindow;
 
-// What stands behind each of the opaque handles that the public headers pass around.
-template <typename Handle>
-struct Behind;
-template <>
-struct Behind<NativeWindow> {
-    using Type = QzWindow;
-};
-template <>
-struct Behind<NativeView> {
-    using Type = QWidget;
-};
-template <>
-struct Behind<NativeFont> {
-    using Type = QFont;
-};
-template <>
-struct Behind<NativeImage> {
-    using Type = QImage;
-};
+// What stands behind each of the opaque handles that the public headers pass around: types only,
+// nowhere defined.
+QzWindow* Behind(NativeWindow*);
+QWidget* Behind(NativeView*);
+QFont* Behind(NativeFont*);
+QImage* Behind(NativeImage*);
 
 template <typename Handle>
-typename Behind<Handle>::Type* FromHandle(Handle* handle) {
-    return reinterpret_cast<typename Behind<Handle>::Type*>(handle);
+using BehindHandle = decltype(Behind(static_cast<Handle*>(nullptr)));
+
+template <typename Handle>
+BehindHandle<Handle> FromHandle(Handle* handle) {
+    return reinterpret_cast<BehindHandle<Handle>>(handle);
 }
 
 // The handle is named by the caller: ToHandle<NativeView>(widget).
 template <typename Handle>
-Handle* ToHandle(typename Behind<Handle>::Type* object) {
+Handle* ToHandle(BehindHandle<Handle> object) {
     return reinterpret_cast<Handle*>(object);
 }
 
