@@ -2,8 +2,6 @@
 
 #include <cstdint>
 
-#include <QDragEnterEvent>
-#include <QDragMoveEvent>
 #include <QDropEvent>
 #include <QMimeData>
 
@@ -44,38 +42,26 @@ class QzDropTarget : public Base {
     // The number of the window that drops are posted for; -1 while it takes none.
     virtual WindowNumber DropWindow() const = 0;
 
-    void dragEnterEvent(QDragEnterEvent* event) override {
-        if (takesDrops) {
-            Judge(*event);
-        } else {
-            Base::dragEnterEvent(event);
+    bool event(QEvent* event) override {
+        const bool isDrop = event->type() == QEvent::Drop;
+        const bool isDrag =
+            isDrop || event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove;
+        if (!takesDrops || !isDrag) {
+            return Base::event(event);
         }
-    }
-    void dragMoveEvent(QDragMoveEvent* event) override {
-        if (takesDrops) {
-            Judge(*event);
-        } else {
-            Base::dragMoveEvent(event);
+        auto& drag = static_cast<QDropEvent&>(*event);  // of which the others are kinds
+        const bool isWelcome = CarriesText(drag) && DropWindow() != -1;
+        drag.setAccepted(isWelcome);
+        if (isWelcome) {
+            drag.setDropAction(Qt::CopyAction);
         }
-    }
-    void dropEvent(QDropEvent* event) override {
-        if (!takesDrops) {
-            Base::dropEvent(event);
-        } else if (Judge(*event)) {
-            PostDrop(dropKind, dropObject, DropWindow(), *event);
+        if (isWelcome && isDrop) {
+            PostDrop(dropKind, dropObject, DropWindow(), drag);
         }
+        return true;
     }
 
   private:
-    bool Judge(QDropEvent& event) const {
-        const bool welcome = CarriesText(event) && DropWindow() != -1;
-        event.setAccepted(welcome);
-        if (welcome) {
-            event.setDropAction(Qt::CopyAction);
-        }
-        return welcome;
-    }
-
     bool takesDrops = false;
     bool acceptedBefore = false;
     std::uint32_t dropKind = 0;
