@@ -57,12 +57,14 @@ QSize ContentScroll::BarsFor(QSize content, QSize room) {
     return {isDown ? BarWidth() : 0, isAcross ? BarWidth() : 0};
 }
 
-void ContentScroll::Place(const QRect& room, QSize content) {
+void ContentScroll::Place(const QRect& room, QSize content, bool isEnabled) {
     isNeeded = content.width() > room.width() || content.height() > room.height();
     if (down == nullptr && !isNeeded) {
         return;
     }
-    Create();
+    if (down == nullptr) {
+        Create();
+    }
     const QSize taken = isNeeded ? BarsFor(content, room.size()) : QSize(0, 0);
     view = QRect(room.topLeft(), room.size() - taken);
     across->setGeometry(room.left(), view.bottom() + 1, room.width(), taken.height());
@@ -71,29 +73,19 @@ void ContentScroll::Place(const QRect& room, QSize content) {
     down->setVisible(taken.width() > 0);
     SetExtent(*across, content.width(), view.width());
     SetExtent(*down, content.height(), view.height());
+    across->setEnabled(isEnabled);
+    down->setEnabled(isEnabled);
     if (window.windowHandle() != nullptr) {
         window.windowHandle()->installEventFilter(this);
     }
 }
 
 void ContentScroll::Create() {
-    if (down != nullptr) {
-        return;
-    }
     across = new QScrollBar(Qt::Horizontal, &window);
     down = new QScrollBar(Qt::Vertical, &window);
     for (QScrollBar* const bar : {across, down}) {
         bar->setContextMenuPolicy(Qt::PreventContextMenu);
-        bar->setEnabled(isEnabled);
         connect(bar, &QScrollBar::valueChanged, this, &ContentScroll::Scrolled);
-    }
-}
-
-void ContentScroll::Enable(bool enables) {
-    isEnabled = enables;
-    if (down != nullptr) {
-        across->setEnabled(enables);
-        down->setEnabled(enables);
     }
 }
 
@@ -149,7 +141,7 @@ void ContentScroll::FollowPointer(QPoint place) {
 }
 
 int ContentScroll::DirectionAlong(const QScrollBar& bar) const {
-    if (!isNeeded || !isEnabled || !view.contains(pointer)) {
+    if (!isNeeded || !bar.isEnabled() || !view.contains(pointer)) {
         return 0;
     }
     const bool isAcross = &bar == across;

@@ -25,8 +25,7 @@ class ContentScroll final : public QObject {
     static QSize BarsFor(QSize content, QSize room);
 
     // Puts the bars that content of this size needs along the edges of a part of the window.
-    void Place(const QRect& room, QSize content);
-    void Enable(bool enables);
+    void Place(const QRect& room, QSize content, bool isEnabled);
     bool IsNeeded() const { return isNeeded; }
     // The corner of the content that is to be seen.
     QPoint Offset() const;
@@ -55,7 +54,6 @@ class ContentScroll final : public QObject {
     QScrollBar* down = nullptr;
     QRect view;  // where the content is to be seen
     bool isNeeded = false;
-    bool isEnabled = true;
     QPoint pointer{-1, -1};  // on the window, while it is on the view and leads
     QBasicTimer edgeTimer;
 };

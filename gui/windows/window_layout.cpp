@@ -41,9 +41,9 @@ void WindowLayout::SetMenuBar(QMenuBar* bar) {
 
 void WindowLayout::Enable(bool enables) {
     isEnabled = enables;
-    scroll.Enable(enables);
+    Apply();
     if (menuBar != nullptr) {
-        menuBar->setEnabled(enables);
+        menuBar->setEnabled(enables);  // last: it may have the keyboard
     }
 }
 
@@ -85,7 +85,7 @@ void WindowLayout::Apply() {
         content = window.size() == askedWindow ? askedContent : below;
     }
     const QSize footer(0, FooterHeight());
-    scroll.Place({QPoint(0, top), below - footer}, content - footer);
+    scroll.Place({QPoint(0, top), below - footer}, content - footer, isEnabled);
     const QPoint offset = scroll.Offset();
     // Reaches as far as the window does, whatever is scrolled.
     contentView.setGeometry(-offset.x(), top - offset.y(),
