@@ -12,7 +12,7 @@
 #include "gui/gadgets/gadget_view.h"
 #include "gui/gadgets/text_entry.h"
 #include "gui/toolkit/text.h"
-#include "gui/windows/first_responder.h"
+#include "gui/windows/window_focus.h"
 
 namespace rotavel {
 

@@ -4,8 +4,6 @@
 #include <map>
 #include <utility>
 
-#include "gui/windows/first_responder.h"
-
 namespace rotavel {
 
 namespace {

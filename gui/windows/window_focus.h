@@ -5,6 +5,15 @@
 
 namespace rotavel {
 
+// A native view that wants to know when it becomes, and stops being, the widget of its window that
+// keys go to. Moves that belong to the window (it lost the keyboard, a menu opened) do not count.
+class FirstResponderView {
+  public:
+    virtual ~FirstResponderView() = default;
+    virtual void BecomeFirstResponder() = 0;
+    virtual void TextDidEndEditing() = 0;
+};
+
 // Where the keys of one window go: to a widget of its content or to none, also while the window
 // itself has no keyboard. Tells the views that the focus passes between.
 class WindowFocus {
