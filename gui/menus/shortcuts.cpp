@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QStringList>
-#include <QWindow>
 
 #include "gui/menu.h"
 #include "gui/menus/menu_bars.h"
@@ -23,19 +22,6 @@ constexpr Qt::KeyboardModifier ControlModifier = Qt::ControlModifier;
 constexpr Qt::KeyboardModifier CommandModifier = Qt::ControlModifier;  // Command on macOS
 
 constexpr int LastFunctionKey = 12;
-
-// The open window that lies in a native window, or null.
-QzWindow* WindowIn(const QObject* nativeWindow) {
-    const auto& registry = WindowRegistry();
-    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
-        QzWindow* const window = next.second->Window;
-        const QObject* const handle = window->windowHandle();
-        if (handle == nativeWindow) {
-            return window;
-        }
-    }
-    return nullptr;
-}
 
 // The key of F1 to F12, 0 for any other token.
 int FunctionKey(const QString& token) {
@@ -90,7 +76,7 @@ bool TakesMenuKey(const QObject* nativeWindow, const QKeyEvent& event) {
     if (QApplication::activePopupWidget() != nullptr) {
         return false;  // an open menu has the keys
     }
-    QzWindow* const window = WindowIn(nativeWindow);
+    QzWindow* const window = QzWindow::In(nativeWindow);
     if (window == nullptr || window->IsDisabled()) {
         return false;
     }

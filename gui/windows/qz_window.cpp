@@ -14,6 +14,7 @@
 #include "gui/window.h"
 #include "gui/windows/popups.h"
 #include "gui/windows/qz_views.h"
+#include "gui/windows/qz_window_events.h"
 #include "gui/windows/window_frame.h"
 #include "gui/windows/window_list.h"
 
@@ -25,8 +26,6 @@ namespace {
 constexpr int FramingPatienceMs = 1000;
 constexpr int SecondPaintingMs = 500;
 
-constexpr std::uint32_t ClosableFlags = WindowCloseBox | WindowMaximizeBox | WindowMinimizeBox;
-constexpr std::uint32_t ResizableFlags = WindowResizable | WindowMaximizeBox | WindowStartZoomed;
 constexpr std::uint32_t CentringFlags = WindowScreenCentred | WindowOwnerCentred;
 
 QPointer<QzWindow> chosenKeyWindow;
@@ -35,16 +34,13 @@ QPointer<QzWindow> lastKeyWindow;  // also while another program has the keyboar
 }  // namespace
 
 QzWindow::QzWindow(std::uint32_t creationFlags, QzWindow* parent, QSize contentSize)
-    : borderless((creationFlags & WindowBorderless) != 0),
-      closable(!borderless && (creationFlags & ClosableFlags) != 0),
-      resizable(!borderless && (creationFlags & ResizableFlags) != 0),
+    : QWidget(nullptr, ToolkitFlags(creationFlags, parent != nullptr)),
       flags(creationFlags),
       parentWindow(parent),
       placementOwner(parent != nullptr ? parent : chosenKeyWindow.data()),
       contentView(new QzFlippedWindowView(this)),
-      layout(*this, *contentView, resizable),
+      layout(*this, *contentView, windowFlags().testFlag(Qt::WindowMaximizeButtonHint)),
       focus(*this, *contentView) {
-    setWindowFlags(ToolkitFlags(flags, parent != nullptr));
     setFocusPolicy(Qt::NoFocus);
     SetAccessibleRole(*this, QAccessible::Window);
     layout.SetContentSize(contentSize);
@@ -57,6 +53,12 @@ QzWindow::~QzWindow() {
 
 QzWindow* QzWindow::Of(const QWidget* widget) {
     return dynamic_cast<QzWindow*>(widget->window());
+}
+
+QzWindow* QzWindow::In(const QObject* nativeWindow) {
+    const WId id = static_cast<const QWindow*>(nativeWindow)->winId();
+    auto* const window = dynamic_cast<QzWindow*>(QWidget::find(id));
+    return window != nullptr && window->delegate != nullptr ? window : nullptr;
 }
 
 QzWindow* QzWindow::ChosenKeyWindow() {
@@ -362,15 +364,15 @@ void QzWindow::wheelEvent(QWheelEvent* event) {
 }
 
 void QzWindow::closeEvent(QCloseEvent* event) {
-    // The window manager's keys reach a window without a close box as well.
-    event->setAccepted(closable && delegate != nullptr && delegate->WindowShouldClose());
+    // The window manager's keys reach a window without a close box as well, or with a disabled one.
+    event->setAccepted(windowFlags().testFlag(Qt::WindowCloseButtonHint) && delegate != nullptr &&
+                       delegate->WindowShouldClose());
 }
 
 void QzWindow::keyPressEvent(QKeyEvent* event) {
     const bool asksToClose =
         event->matches(QKeySequence::Cancel) || event->matches(QKeySequence::Close);
-    if (asksToClose && parentWindow != nullptr &&
-        windowFlags().testFlag(Qt::WindowCloseButtonHint)) {
+    if (asksToClose && parentWindow != nullptr) {
         close();
         return;
     }

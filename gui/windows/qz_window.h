@@ -7,7 +7,6 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "gui/windows/window_delegate.h"
 #include "gui/windows/window_focus.h"
 #include "gui/windows/window_layout.h"
 
@@ -15,9 +14,10 @@ namespace rotavel {
 
 class QzDisabledView;
 class QzFlippedWindowView;
+class QzWindowEvents;
 
 // A native top-level window: the menu bar on top and, below it, the content view at exactly the
-// size asked for. Reports to its delegate; knows nothing of numbers or queues.
+// size asked for. Reports to its delegate, which makes events of it.
 class QzWindow final : public QWidget {
   public:
     // `flags` are those of WindowCreate; `parent` may be null.
@@ -26,22 +26,25 @@ class QzWindow final : public QWidget {
 
     // The window that a widget lies in, or null.
     static QzWindow* Of(const QWidget* widget);
+    // The open window that lies in a native window, or null.
+    static QzWindow* In(const QObject* nativeWindow);
     // The window that the keyboard was given to: it has it, or gets it as soon as the windowing
     // system agrees. Null when another program has it.
     static QzWindow* ChosenKeyWindow();
     // The last window that had the keyboard, or null.
     static QzWindow* LastKeyWindow();
 
-    void SetDelegate(WindowDelegate* newDelegate) { delegate = newDelegate; }
-    WindowDelegate* Delegate() const { return delegate; }
+    // Null once the window is closed.
+    void SetDelegate(QzWindowEvents* newDelegate) { delegate = newDelegate; }
+    QzWindowEvents* Delegate() const { return delegate; }
     QzFlippedWindowView* ContentView() const { return contentView; }
     WindowLayout& Layout() { return layout; }
 
     QzWindow* ParentWindow() const { return parentWindow; }
-    bool IsBorderless() const { return borderless; }
+    bool IsBorderless() const { return windowFlags().testFlag(Qt::FramelessWindowHint); }
     // A borderless window beside its parent.
     bool IsPopup() const { return windowType() == Qt::ToolTip; }
-    bool IsResizable() const { return resizable; }
+    bool IsResizable() const { return layout.IsResizable(); }
     bool IsVisibleOrPending() const { return showPending || isVisible(); }
     // On the screen and painted.
     bool Stands() const { return stands; }
@@ -111,13 +114,10 @@ class QzWindow final : public QWidget {
     void BecameActive();
     void ResignKey();
 
-    const bool borderless;
-    const bool closable;
-    const bool resizable;
     std::uint32_t flags;  // what the next presentation goes by
     QPointer<QzWindow> parentWindow;
     QPointer<QzWindow> placementOwner;  // the window to centre over
-    WindowDelegate* delegate = nullptr;
+    QzWindowEvents* delegate = nullptr;
     QzFlippedWindowView* const contentView;
     WindowLayout layout;
     WindowFocus focus;

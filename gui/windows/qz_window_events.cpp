@@ -29,9 +29,7 @@ void QzWindowEvents::Connect(QzWindow* window, WindowNumber id) {
 }
 
 bool QzWindowEvents::WindowShouldClose() const {
-    if (!WindowInstance->IsDisabled()) {
-        QueueEvent(CloseRequested, WindowID, WindowID, 0);
-    }
+    QueueEvent(CloseRequested, WindowID, WindowID, 0);
     return false;  // the program closes it, or not
 }
 

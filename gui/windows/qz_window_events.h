@@ -7,32 +7,39 @@
 #include <QRect>
 
 #include "gui/event_queue.h"
-#include "gui/windows/window_delegate.h"
 
 namespace rotavel {
 
 class QzWindow;
 
-// A window's delegate: turns what happens to the native window into queued events. Of its geometry
-// it tells nothing that is only a step of the window manager's on the way: framing a new window,
-// or answering one request after the other.
-class QzWindowEvents final : public QObject, public WindowDelegate {
+// The delegate of a window for as long as that is open: turns what happens to the native window
+// into queued events. Of its geometry it tells nothing that is only a step of the window manager's
+// on the way: framing a new window, or answering one request after the other.
+class QzWindowEvents final : public QObject {
   public:
     // Makes this the delegate of `window`, which the application knows as number `id`.
     void Connect(QzWindow* window, WindowNumber id);
     void WindowWillClose();
 
-    WindowNumber GetWindowID() const override { return WindowID; }
-    bool WindowShouldClose() const override;
-    void WindowDidBecomeKey() const override;
-    void WindowDidResignKey() const override;
-    void WindowDidMiniaturize() const override;
-    void WindowDidDeminiaturize() const override;
-    void WindowWillShow() override;
-    void WindowDidShow() override;
-    void WindowFrameDidChange() override;
-    void WindowDidZoom(bool wasZoomed) override;
-    void WindowDidTakeBounds() override;
+    WindowNumber GetWindowID() const { return WindowID; }
+
+    // Somebody asks the window to close; false keeps it open.
+    bool WindowShouldClose() const;
+    void WindowDidBecomeKey() const;
+    void WindowDidResignKey() const;
+    void WindowDidMiniaturize() const;
+    void WindowDidDeminiaturize() const;
+
+    // The window is about to be shown where it is now; its way there is nobody's business.
+    void WindowWillShow();
+    // The window is on the screen.
+    void WindowDidShow();
+    // The window manager has moved or resized the window.
+    void WindowFrameDidChange();
+    // The window was zoomed, or zoomed back. Its new size may be still to come.
+    void WindowDidZoom(bool wasZoomed);
+    // The program has given the window new bounds.
+    void WindowDidTakeBounds();
 
   private:
     struct Geometry {

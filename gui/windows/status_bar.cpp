@@ -14,7 +14,6 @@
 #include "gui/toolkit/retired_objects.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/qz_views.h"
-#include "gui/windows/status_bars.h"
 #include "gui/windows/window_record.h"
 
 namespace rotavel {
@@ -126,9 +125,9 @@ void DestroyBar(std::int64_t number, QzStatusBarView* bar) {
 
 }  // namespace
 
-void DestroyStatusBarsOf(const QzWindow* window) {
+void DestroyStatusBarsOf(const QzWindow& window) {
     for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
-        if ((*next.second)->Window() == window) {
+        if ((*next.second)->Window() == &window) {
             DestroyBar(next.first, *next.second);
         }
     }

@@ -5,15 +5,12 @@
 #include <optional>
 #include <tuple>
 
-#include <QWindow>
-
 #include "gui/events/event_posting.h"
 #include "gui/toolkit/coordinates.h"
 #include "gui/toolkit/handle.h"
 #include "gui/toolkit/retired_objects.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/qz_views.h"
-#include "gui/windows/status_bars.h"
 #include "gui/windows/window_frame.h"
 #include "gui/windows/window_observer.h"
 #include "gui/windows/window_record.h"
@@ -59,7 +56,7 @@ void DestroyOne(WindowNumber number, QzWindow& window) {
             return;
         }
     }
-    DestroyStatusBarsOf(&window);
+    DestroyStatusBarsOf(window);
     const WindowRecord& record = *registry.Find(number);
     QPointer<QzWindow> heir;
     if (record.HadPreviousKeyWindow && QzWindow::ChosenKeyWindow() == &window) {
@@ -119,17 +116,15 @@ const std::vector<WindowObserver*>& WindowObservers() {
 }
 
 std::optional<ChosenShortcut> FindShortcut(const QObject* nativeWindow, const QKeyEvent& event) {
-    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
-        const WindowRecord& record = *next.second;
-        const QObject* const handle = record.Window->windowHandle();
-        if (handle != nativeWindow || record.Window->IsDisabled()) {
-            continue;
-        }
-        for (const WindowShortcut& shortcut : record.Shortcuts) {
-            std::int64_t item = 0;
-            if (shortcut.IsEventMatch(event, item)) {
-                return ChosenShortcut{next.first, item};
-            }
+    const QzWindow* const window = QzWindow::In(nativeWindow);
+    if (window == nullptr || window->IsDisabled()) {
+        return std::nullopt;
+    }
+    const WindowNumber number = window->Delegate()->GetWindowID();
+    for (const WindowShortcut& shortcut : registry.Find(number)->Shortcuts) {
+        std::int64_t item = 0;
+        if (shortcut.IsEventMatch(event, item)) {
+            return ChosenShortcut{number, item};
         }
     }
     return std::nullopt;
@@ -281,7 +276,7 @@ void WindowSetBounds(WindowNumber number, std::int64_t x, std::int64_t y, std::i
     if (resizes) {
         window->SetContentSize({ToSide(newWidth), ToSide(newHeight)});
     }
-    if (WindowDelegate* const delegate = window->Delegate()) {
+    if (QzWindowEvents* const delegate = window->Delegate()) {
         delegate->WindowDidTakeBounds();
     }
 }

@@ -34,6 +34,7 @@ class WindowLayout {
     QSize ContentSize() const { return content; }
     void SetContentSize(QSize size);
 
+    bool IsResizable() const { return resizable; }
     // Whether the window is too small for its content.
     bool IsScrolled() const { return scroll.IsNeeded(); }
     ContentScroll& Scroll() { return scroll; }

@@ -58,6 +58,9 @@ struct ChosenShortcut {
 };
 std::optional<ChosenShortcut> FindShortcut(const QObject* nativeWindow, const QKeyEvent& event);
 
+// Destroys the status bars of a window that closes.
+void DestroyStatusBarsOf(const QzWindow& window);
+
 // The number of the window that a widget lies in; -1 when that is none of the open ones.
 std::int64_t WindowNumberOf(const QWidget* widget);
 
