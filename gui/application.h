@@ -12,8 +12,4 @@ void GuiStart();
 // Destroys every window, gadget, menu and font and disconnects.
 void GuiStop();
 
-// Raises the program's windows and activates the one that had the keyboard last. Before the first
-// window is open there is nothing to do: a new window comes to the front by itself.
-void BringToFront();
-
 }  // namespace rotavel

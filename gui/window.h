@@ -56,6 +56,10 @@ void WindowShow(WindowNumber number, WindowVisibility hide, std::uint32_t flags 
 // Brings a visible window to the front and gives it the keyboard.
 void WindowActivate(WindowNumber number);
 
+// Raises the program's windows and activates the one that had the keyboard last. Before the first
+// window is open there is nothing to do: a new window comes to the front by itself.
+void BringToFront();
+
 // Disables (`state` true) or enables a window: disabled it takes no click, key, menu command or
 // shortcut, and the boxes of its title bar are off. Enabling gives back what was enabled before.
 void WindowDisable(WindowNumber number, bool state);

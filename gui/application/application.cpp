@@ -21,7 +21,6 @@
 #include "gui/toolkit/native_events.h"
 #include "gui/toolkit/retired_objects.h"
 #include "gui/window.h"
-#include "gui/windows/window_list.h"
 #include "runtime/numbered_objects.h"
 
 // The toolkit's macro names a function of no namespace.
@@ -85,10 +84,6 @@ void GuiStop() {
     ReleaseEventQueue();
     SetWakeHook(nullptr);
     delete std::exchange(application, nullptr);
-}
-
-void BringToFront() {
-    BringWindowsToFront();
 }
 
 }  // namespace rotavel

@@ -2,7 +2,6 @@
 
 #include <QDeadlineTimer>
 
-#include "gui/application/qz_application.h"
 #include "gui/events/event_posting.h"
 #include "gui/toolkit/native_events.h"
 #include "gui/toolkit/retired_objects.h"
@@ -34,14 +33,6 @@ std::int64_t WaitForEvent(std::int64_t timeoutMs) {
 
 std::int64_t WaitForEventBlocking() {
     return WaitForEvent(-1);
-}
-
-void AddNativeEventFilter(NativeEventFilter filter, void* userValue) {
-    QzApplication::Instance()->AddFilter(filter, userValue);
-}
-
-void RemoveNativeEventFilter(NativeEventFilter filter, void* userValue) {
-    QzApplication::Instance()->RemoveFilter(filter, userValue);
 }
 
 }  // namespace rotavel

@@ -1,10 +1,13 @@
 #include "gui/application/qz_application.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include <QKeyEvent>
 
 #include "gui/application/qz_style.h"
+#include "gui/event_loop.h"
 #include "gui/events/event_posting.h"
 #include "gui/menu.h"
 #include "gui/menus/shortcuts.h"
@@ -13,6 +16,27 @@
 #include "gui/windows/window_record.h"
 
 namespace rotavel {
+
+namespace {
+
+std::vector<std::pair<NativeEventFilter, void*>> filters;
+
+bool Offer(QEvent& event) {
+    const auto present = filters;  // a filter may add and remove some
+    return std::any_of(present.begin(), present.end(), [&event](const auto& filter) {
+        return filter.first(&event, filter.second);
+    });
+}
+
+}  // namespace
+
+void AddNativeEventFilter(NativeEventFilter filter, void* userValue) {
+    filters.emplace_back(filter, userValue);
+}
+
+void RemoveNativeEventFilter(NativeEventFilter filter, void* userValue) {
+    std::erase(filters, std::pair(filter, userValue));
+}
 
 bool QzApplicationDelegate::ApplicationShouldTerminate() {
     QueueEvent(MenuChosen, QuitItem, -1, 0);
@@ -37,18 +61,6 @@ void QzApplication::FollowFocus(QWidget* before, QWidget* now) {
     } else if (activeWindow() == window && window->focusWidget() == nullptr) {
         window->FocusVanished();  // the widget was disabled or hidden, and no other took over
     }
-}
-
-QzApplication* QzApplication::Instance() {
-    return static_cast<QzApplication*>(instance());
-}
-
-void QzApplication::AddFilter(NativeEventFilter filter, void* userValue) {
-    filters.emplace_back(filter, userValue);
-}
-
-void QzApplication::RemoveFilter(NativeEventFilter filter, void* userValue) {
-    std::erase(filters, std::pair(filter, userValue));
 }
 
 bool QzApplication::notify(QObject* receiver, QEvent* event) {
@@ -117,13 +129,6 @@ bool QzApplication::IsFiltered(QEvent& event) {
         event.type() == QEvent::KeyPress &&
         static_cast<QKeyEvent&>(event).timestamp() == std::exchange(offeredKeyTime, std::nullopt);
     return wasOffered ? isOfferedKeyHandled : Offer(event);
-}
-
-bool QzApplication::Offer(QEvent& event) const {
-    const auto present = filters;  // a filter may add and remove some
-    return std::any_of(present.begin(), present.end(), [&event](const auto& filter) {
-        return filter.first(&event, filter.second);
-    });
 }
 
 }  // namespace rotavel

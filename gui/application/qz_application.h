@@ -1,12 +1,8 @@
 #pragma once
 
 #include <optional>
-#include <utility>
-#include <vector>
 
 #include <QApplication>
-
-#include "gui/event_loop.h"
 
 namespace rotavel {
 
@@ -23,11 +19,6 @@ class QzApplication final : public QApplication {
   public:
     QzApplication(int& argumentCount, char** arguments);
 
-    static QzApplication* Instance();
-
-    void AddFilter(NativeEventFilter filter, void* userValue);
-    void RemoveFilter(NativeEventFilter filter, void* userValue);
-
     bool notify(QObject* receiver, QEvent* event) override;
 
   protected:
@@ -37,11 +28,9 @@ class QzApplication final : public QApplication {
     static void FollowFocus(QWidget* before, QWidget* now);
     // Whether a filter has handled a native event.
     bool IsFiltered(QEvent& event);
-    bool Offer(QEvent& event) const;
     // Whether a key event is a shortcut of the window it goes to.
     static bool TakesShortcut(QObject* nativeWindow, QEvent* event);
 
-    std::vector<std::pair<NativeEventFilter, void*>> filters;
     std::optional<quint64> offeredKeyTime;  // of a key whose press itself is still to come
     bool isOfferedKeyHandled = false;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "gui/window.h"
 #include "gui/windows/qz_window.h"
 
 namespace rotavel {
@@ -33,7 +34,7 @@ void PresentPendingWindows() {
     ForEach([](QzWindow& window) { window.PresentIfPending(); });
 }
 
-void BringWindowsToFront() {
+void BringToFront() {
     ForEach([](QzWindow& window) {
         if (window.isVisible()) {
             window.raise();

@@ -12,9 +12,6 @@ void LeaveWindow(QzWindow* window);
 // Puts the windows on the screen that the next wait would show.
 void PresentPendingWindows();
 
-// Raises every window and gives the keyboard back to the one that had it.
-void BringWindowsToFront();
-
 void MiniaturizeWindows();
 void DeminiaturizeWindows();
 
