@@ -29,7 +29,7 @@ auto Forward(GadgetNumber number, Operation operation, Arguments... arguments)
 void EnsureFramedFor(GadgetNumber number, int mode) {
     const GadgetRecord* const record = GadgetRegistry().Find(number);
     if (record != nullptr && mode == OnScreen) {
-        QzWindow::Of(record->View)->EnsureFramed();
+        QzWindow::Of(record->View)->Presentation().EnsureFramed();
     }
 }
 

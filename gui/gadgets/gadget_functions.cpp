@@ -79,7 +79,7 @@ void QzGadgetFunctions::ActivateGadget() {
     const GadgetNumber number = GadgetID;
     const QPointer<QWidget> view = Gadget->View;
     QzWindow* const window = QzWindow::Of(view);
-    if (window->IsVisibleOrPending()) {
+    if (window->Presentation().IsVisibleOrPending()) {
         window->MakeKeyAndOrderFront();
     }
     const GadgetRecord* const record = GadgetRegistry().Find(number);

@@ -60,7 +60,7 @@ std::int64_t MessageRequester(std::u16string_view title, std::u16string_view tex
     }
     // The program may have closed or hidden it meanwhile.
     if (keyWindow != nullptr && keyWindow->Delegate() != nullptr &&
-        keyWindow->IsVisibleOrPending()) {
+        keyWindow->Presentation().IsVisibleOrPending()) {
         keyWindow->MakeKeyAndOrderFront();
     }
     return answer;

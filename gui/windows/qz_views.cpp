@@ -43,7 +43,7 @@ void QzFlippedWindowView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void QzFlippedWindowView::paintEvent(QPaintEvent*) {
-    QzWindow::Of(this)->ContentPainted();
+    QzWindow::Of(this)->Presentation().ContentPainted();
     // Once the painting is done: a callback to this may change what is being painted.
     if (!std::exchange(tellsPainting, true)) {
         QMetaObject::invokeMethod(

@@ -1,14 +1,13 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 
-#include <QDeadlineTimer>
 #include <QPointer>
 #include <QWidget>
 
 #include "gui/windows/window_focus.h"
 #include "gui/windows/window_layout.h"
+#include "gui/windows/window_presentation.h"
 
 namespace rotavel {
 
@@ -39,39 +38,17 @@ class QzWindow final : public QWidget {
     QzWindowEvents* Delegate() const { return delegate; }
     QzFlippedWindowView* ContentView() const { return contentView; }
     WindowLayout& Layout() { return layout; }
+    WindowPresentation& Presentation() { return presentation; }
 
     QzWindow* ParentWindow() const { return parentWindow; }
     bool IsBorderless() const { return windowFlags().testFlag(Qt::FramelessWindowHint); }
     // A borderless window beside its parent.
     bool IsPopup() const { return windowType() == Qt::ToolTip; }
     bool IsResizable() const { return layout.IsResizable(); }
-    bool IsVisibleOrPending() const { return showPending || isVisible(); }
-    // On the screen and painted.
-    bool Stands() const { return stands; }
-
-    // Puts a window that is to be shown on the screen and waits until its frame is the true one.
-    void EnsureFramed();
-
-    QSize ContentSize() const { return layout.ContentSize(); }
-    // Also waits until a window that starts zoomed is.
-    QSize ZoomedContentSize();
-    // Gives the content a size; a window that was on the screen as a whole stays so until it is
-    // shown first.
-    void SetContentSize(QSize size);
-    // Moves the frame; a popup without room there stands where there is some.
-    void SetCorner(QPoint corner);
-    // Ends a zoom with the frame at `corner` and the size as it is.
-    void LeaveZoom(QPoint corner);
-
-    // Centres the window if its flags ask for that. Where it is then, it is to be shown.
-    void TakePlace();
-    // The same for the last time: where it is then, it stays.
-    void KeepPlace();
-    // Shows the window when the program next waits. Flags as for WindowShow.
-    void Show(std::uint32_t flags);
-    void PresentIfPending();
-    void Hide();
     void Deminiaturize();
+    // The window is to have the keyboard once it is shown, or not any more.
+    void ExpectKeyboard();
+    void GiveUpKeyboard();
     // Brings the window to the front and gives it the keyboard, unless it is disabled.
     void MakeKeyAndOrderFront();
 
@@ -91,9 +68,6 @@ class QzWindow final : public QWidget {
     // not have the keyboard.
     void MakeFirstResponder(QWidget* view) { focus.Make(view); }
 
-    // The content view was painted: the window stands.
-    void ContentPainted();
-
   protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -106,31 +80,17 @@ class QzWindow final : public QWidget {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
-    void Present();
-    void AttachToParent();
-    bool IsAwaited() const;
-    void FitOntoScreen();
     void RemoveOverlay();
     void BecameActive();
     void ResignKey();
 
-    std::uint32_t flags;  // what the next presentation goes by
     QPointer<QzWindow> parentWindow;
-    QPointer<QzWindow> placementOwner;  // the window to centre over
     QzWindowEvents* delegate = nullptr;
     QzFlippedWindowView* const contentView;
     WindowLayout layout;
+    WindowPresentation presentation;
     WindowFocus focus;
     QzDisabledView* overlay = nullptr;
-
-    QPoint popupCorner;  // where the program wants a popup
-    bool showPending = false;
-    bool isPresenting = false;
-    bool stands = false;
-    QDeadlineTimer framePatience;
-    // Of the window until its frame has moved it, and until it is zoomed.
-    std::optional<QPoint> unframedCorner;
-    std::optional<QSize> unzoomedSize;
     bool isKey = false;
 };
 

@@ -72,7 +72,7 @@ void QzWindowEvents::WindowDidDeminiaturize() const {
 
 void QzWindowEvents::WindowWillShow() {
     const QPointer<QzWindowEvents> self = this;  // a binding may destroy the window
-    if (WindowInstance->Stands()) {
+    if (WindowInstance->Presentation().Stands()) {
         WindowDidTakeBounds();
     }
     if (self != nullptr) {
@@ -92,7 +92,7 @@ void QzWindowEvents::WindowDidShow() {
 }
 
 void QzWindowEvents::WindowFrameDidChange() {
-    if (WindowInstance->Stands() && (!isReportDue || HasZoomed())) {
+    if (WindowInstance->Presentation().Stands() && (!isReportDue || HasZoomed())) {
         isReportDue = true;
         QMetaObject::invokeMethod(this, &QzWindowEvents::ReportInTime, Qt::QueuedConnection);
     }
@@ -130,7 +130,7 @@ void QzWindowEvents::WindowDidTakeBounds() {
 
 QzWindowEvents::Geometry QzWindowEvents::CurrentGeometry() const {
     const QPoint corner = FrameOf(*WindowInstance).topLeft();
-    return {corner, InnerCornerOf(*WindowInstance) - corner, WindowInstance->ContentSize(),
+    return {corner, InnerCornerOf(*WindowInstance) - corner, WindowInstance->Layout().ContentSize(),
             WindowInstance->IsResizable() && WindowInstance->isMaximized()};
 }
 

@@ -28,7 +28,7 @@ QzWindow* NextKeyWindow(const WindowRecord& closing) {
     QzWindow* candidate = nullptr;
     for (auto [number, record] = registry.First(); record != nullptr;
          std::tie(number, record) = registry.After(number)) {
-        if (record == &closing || !record->Window->IsVisibleOrPending() ||
+        if (record == &closing || !record->Window->Presentation().IsVisibleOrPending() ||
             record->Window->isMinimized()) {
             continue;
         }
@@ -63,7 +63,7 @@ void DestroyOne(WindowNumber number, QzWindow& window) {
         heir = NextKeyWindow(record);
     }
     record.Delegate->WindowWillClose();
-    window.Hide();  // which it tells nobody any more
+    window.Presentation().Hide();  // which it tells nobody any more
     Retire(&window);
     if (heir != nullptr && heir->Delegate() != nullptr) {
         heir->MakeKeyAndOrderFront();
@@ -78,7 +78,7 @@ QzWindow* FindWindow(WindowNumber number) {
 // A window with its true frame; null when it is not open, or no longer after the wait for that.
 QzWindow* FindFramedWindow(WindowNumber number) {
     if (QzWindow* const window = FindWindow(number)) {
-        window->EnsureFramed();
+        window->Presentation().EnsureFramed();
     }
     return FindWindow(number);
 }
@@ -98,7 +98,7 @@ QSize SizeOf(WindowNumber number, int mode) {
         return window == nullptr ? QSize() : FrameOf(*window).size();
     }
     QzWindow* const window = FindWindow(number);
-    return window == nullptr ? QSize() : window->ZoomedContentSize();
+    return window == nullptr ? QSize() : window->Presentation().ZoomedContentSize();
 }
 
 }  // namespace
@@ -166,11 +166,11 @@ std::int64_t WindowCreate(WindowNumber number, std::int64_t x, std::int64_t y, s
     window->ContentView()->WindowID = id;
     window->setWindowTitle(ToWindowTitle(title));
     if ((flags & WindowScreenCentred) == 0) {
-        window->SetCorner({ToCoordinate(x), ToCoordinate(y)});
+        window->Presentation().SetCorner({ToCoordinate(x), ToCoordinate(y)});
     }
-    window->TakePlace();
+    window->Presentation().TakePlace();
     if ((flags & WindowHidden) == 0) {
-        window->Show(flags);
+        window->Presentation().Show(flags);
     }
     if ((flags & WindowOutsideGadgetList) == 0) {
         for (WindowObserver* const observer : WindowObservers()) {
@@ -203,15 +203,16 @@ void WindowShow(WindowNumber number, WindowVisibility hide, std::uint32_t flags)
         return;
     }
     if (hide == Hidden) {
-        window->Hide();
+        window->Presentation().Hide();
     } else {
-        window->Show(flags);
+        window->Presentation().Show(flags);
     }
 }
 
 void WindowActivate(WindowNumber number) {
     QzWindow* const window = FindWindow(number);
-    if (window != nullptr && window->IsVisibleOrPending() && !window->isMinimized()) {
+    if (window != nullptr && window->Presentation().IsVisibleOrPending() &&
+        !window->isMinimized()) {
         window->MakeKeyAndOrderFront();
     }
 }
@@ -258,8 +259,8 @@ void WindowSetBounds(WindowNumber number, std::int64_t x, std::int64_t y, std::i
     if (window == nullptr) {
         return;
     }
-    window->KeepPlace();
-    const QSize current = window->ContentSize();
+    window->Presentation().KeepPlace();
+    const QSize current = window->Layout().ContentSize();
     const std::int64_t newWidth = width == IgnoreValue ? current.width() : width;
     const std::int64_t newHeight = height == IgnoreValue ? current.height() : height;
     // A size that no window can have changes nothing, like any size that is the present one.
@@ -269,12 +270,12 @@ void WindowSetBounds(WindowNumber number, std::int64_t x, std::int64_t y, std::i
     const QPoint newCorner(x == IgnoreValue ? corner.x() : ToCoordinate(x),
                            y == IgnoreValue ? corner.y() : ToCoordinate(y));
     if (window->isMaximized() && (resizes || newCorner != corner)) {
-        window->LeaveZoom(newCorner);
+        LeaveZoom(*window, newCorner);
     } else if (x != IgnoreValue || y != IgnoreValue) {
-        window->SetCorner(newCorner);
+        window->Presentation().SetCorner(newCorner);
     }
     if (resizes) {
-        window->SetContentSize({ToSide(newWidth), ToSide(newHeight)});
+        window->Presentation().SetContentSize({ToSide(newWidth), ToSide(newHeight)});
     }
     if (QzWindowEvents* const delegate = window->Delegate()) {
         delegate->WindowDidTakeBounds();

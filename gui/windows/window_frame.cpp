@@ -128,9 +128,12 @@ void SetFrameCorner(QWidget& window, QPoint corner) {
     window.setGeometry({corner + QPoint(margins.left(), margins.top()), window.size()});
 }
 
-void SetUnzoomedBounds(QWidget& window, QPoint corner, QSize size) {
+void LeaveZoom(QWidget& window, QPoint corner) {
+    const QSize zoomed = window.size();
+    window.setWindowState(window.windowState() & ~Qt::WindowMaximized);
+    // Its frame is still that of a zoomed one.
     const QMargins margins = lastFrame.value_or(MarginsOf(window));
-    const QRect inner(corner + QPoint(margins.left(), margins.top()), size);
+    const QRect inner(corner + QPoint(margins.left(), margins.top()), zoomed);
     window.setGeometry(inner);
     // A mere move the toolkit would combine with the size that the window had before the zoom.
     if (window.windowHandle() != nullptr) {

@@ -43,8 +43,8 @@ QSize RoomFor(const QWidget& window);
 // Moves a window so that its frame begins at `corner`.
 void SetFrameCorner(QWidget& window, QPoint corner);
 
-// The same for a window that is on its way out of a zoom: its frame is still that of a zoomed one.
-void SetUnzoomedBounds(QWidget& window, QPoint corner, QSize size);
+// Ends a zoom with the frame at `corner` and the size as it is.
+void LeaveZoom(QWidget& window, QPoint corner);
 
 // Centre the frame of a window.
 void CentreFrameOnScreen(QWidget& window);

@@ -31,7 +31,7 @@ void LeaveWindow(QzWindow* window) {
 }
 
 void PresentPendingWindows() {
-    ForEach([](QzWindow& window) { window.PresentIfPending(); });
+    ForEach([](QzWindow& window) { window.Presentation().PresentIfPending(); });
 }
 
 void BringToFront() {
