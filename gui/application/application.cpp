@@ -69,7 +69,7 @@ void GuiStart() {
     QTimer::singleShot(0, application, [] { QApplication::setWindowIcon(ProgramIcon()); });
     SetWakeHook(&WakeNativeLoop);
     // Gadgets go before the menus of a window that closes.
-    SetWindowObservers({&GadgetsAsObserver(), &MenuBars::Shared()});
+    WindowObservers() = {&GadgetsAsObserver(), &MenuBars::Shared()};
     CatchTerminationSignals();
 }
 

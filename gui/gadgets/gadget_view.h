@@ -56,9 +56,6 @@ class QzGadgetView : public QzDropTarget<Base>, public QzTaggedView {
     }
 
     void TakeGadgetDrops(bool takes) override { this->TakeDrops(takes, DropOnGadget, Qz_tag); }
-
-  protected:
-    std::int64_t DropWindow() const override { return AcceptingWindowOf(this); }
 };
 
 // The functions of the gadget that a view belongs to. Null when that is gone: the view lives on for

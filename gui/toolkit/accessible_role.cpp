@@ -21,11 +21,7 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
 }  // namespace
 
 void SetAccessibleRole(QWidget& view, QAccessible::Role role) {
-    static const bool isInstalled = [] {
-        QAccessible::installFactory(&MakeInterface);
-        return true;
-    }();
-    static_cast<void>(isInstalled);
+    QAccessible::installFactory(&MakeInterface);  // which the toolkit keeps once
     view.setProperty(RoleProperty, static_cast<int>(role));
 }
 

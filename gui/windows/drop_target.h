@@ -39,9 +39,6 @@ class QzDropTarget : public Base {
     }
 
   protected:
-    // The number of the window that drops are posted for; -1 while it takes none.
-    virtual WindowNumber DropWindow() const = 0;
-
     bool event(QEvent* event) override {
         const bool isDrop = event->type() == QEvent::Drop;
         const bool isDrag =
@@ -50,13 +47,14 @@ class QzDropTarget : public Base {
             return Base::event(event);
         }
         auto& drag = static_cast<QDropEvent&>(*event);  // of which the others are kinds
-        const bool isWelcome = CarriesText(drag) && DropWindow() != -1;
+        const WindowNumber window = AcceptingWindowOf(this);
+        const bool isWelcome = CarriesText(drag) && window != -1;
         drag.setAccepted(isWelcome);
         if (isWelcome) {
             drag.setDropAction(Qt::CopyAction);
         }
         if (isWelcome && isDrop) {
-            PostDrop(dropKind, dropObject, DropWindow(), drag);
+            PostDrop(dropKind, dropObject, window, drag);
         }
         return true;
     }

@@ -17,16 +17,10 @@ constexpr QSize DisabledViewSize(4096, 4096);
 
 }  // namespace
 
-QzFlippedWindowView::QzFlippedWindowView(QzWindow* window) : QzDropTarget(window) {}
-
 void QzFlippedWindowView::childEvent(QChildEvent* event) {
     if (event->added()) {
         QzWindow::Of(this)->KeepOverlayOnTop();
     }
-}
-
-void QzFlippedWindowView::mouseDoubleClickEvent(QMouseEvent* event) {
-    clicks.Press(*event);
 }
 
 void QzFlippedWindowView::mousePressEvent(QMouseEvent* event) {

@@ -9,23 +9,19 @@
 
 namespace rotavel {
 
-class QzWindow;
-
 // The content view of every window: holds the gadgets, and reports painting and the clicks that no
 // gadget takes.
 class QzFlippedWindowView final : public QzDropTarget<QWidget> {
   public:
-    explicit QzFlippedWindowView(QzWindow* window);
+    explicit QzFlippedWindowView(QWidget* window) : QzDropTarget(window) {}
 
     std::int64_t WindowID = -1;
 
   protected:
     void childEvent(QChildEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    std::int64_t DropWindow() const override { return AcceptingWindowOf(this); }
 
   private:
     void Post(std::uint32_t kind) const;

@@ -44,7 +44,6 @@ class QzWindow final : public QWidget {
     bool IsBorderless() const { return windowFlags().testFlag(Qt::FramelessWindowHint); }
     // A borderless window beside its parent.
     bool IsPopup() const { return windowType() == Qt::ToolTip; }
-    bool IsResizable() const { return layout.IsResizable(); }
     void Deminiaturize();
     // The window is to have the keyboard once it is shown, or not any more.
     void ExpectKeyboard();

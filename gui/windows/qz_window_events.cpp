@@ -85,7 +85,7 @@ void QzWindowEvents::WindowDidShow() {
     told.Corner = asked.Corner;
     managerAnswered.setRemainingTime(ManagerAnswersMs);  // it may frame the window only now
     // Where windows are tiled one gets another size than it was made with.
-    if (WindowInstance->IsResizable() && !told.IsZoomed && told.Content != asked.Content) {
+    if (WindowInstance->Layout().IsResizable() && !told.IsZoomed && told.Content != asked.Content) {
         told.Content = asked.Content;
         WindowFrameDidChange();
     }
@@ -99,7 +99,7 @@ void QzWindowEvents::WindowFrameDidChange() {
 }
 
 void QzWindowEvents::WindowDidZoom(bool wasZoomed) {
-    if (!WindowInstance->IsResizable()) {
+    if (!WindowInstance->Layout().IsResizable()) {
         return;
     }
     const QPointer<QzWindowEvents> self = this;
@@ -131,7 +131,7 @@ void QzWindowEvents::WindowDidTakeBounds() {
 QzWindowEvents::Geometry QzWindowEvents::CurrentGeometry() const {
     const QPoint corner = FrameOf(*WindowInstance).topLeft();
     return {corner, InnerCornerOf(*WindowInstance) - corner, WindowInstance->Layout().ContentSize(),
-            WindowInstance->IsResizable() && WindowInstance->isMaximized()};
+            WindowInstance->Layout().IsResizable() && WindowInstance->isMaximized()};
 }
 
 void QzWindowEvents::ReportInTime() {

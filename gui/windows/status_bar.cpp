@@ -5,7 +5,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
-#include <QPointer>
 
 #include "gui/toolkit/accessible_role.h"
 #include "gui/toolkit/coordinates.h"
@@ -67,7 +66,7 @@ class QzStatusBarView final : public QWidget {
 };
 
 NumberedObjects<QzStatusBarView*> registry;
-QPointer<QzStatusBarView> newestBar;
+std::int64_t newestBar = AnyNumber;
 
 QzStatusBarView::QzStatusBarView(QzWindow* owner, std::int64_t barNumber)
     : QWidget(owner->ContentView()), window(owner), number(barNumber), row(new QHBoxLayout(this)) {
@@ -118,7 +117,6 @@ void DestroyBar(std::int64_t number, QzStatusBarView* bar) {
     registry.Remove(number);
     bar->hide();
     window->Layout().RemoveFooter(bar);
-    newestBar = newestBar == bar ? nullptr : newestBar;
     Retire(bar);  // the window may be in the middle of painting it
     window->Layout().Apply();
 }
@@ -142,13 +140,13 @@ std::int64_t StatusBarCreate(std::int64_t number, NativeWindow* window) {
     }
     const auto [id, bar] = registry.Create(number);
     *bar = new QzStatusBarView(FromHandle(window), id);
-    newestBar = *bar;
+    newestBar = id;
     return CreationResult(number, id, *bar);
 }
 
 void StatusBarAddField(std::int64_t width) {
-    if (newestBar != nullptr) {
-        newestBar->AddField(width);
+    if (QzStatusBarView* const bar = FindBar(newestBar)) {
+        bar->AddField(width);
     }
 }
 

@@ -20,7 +20,6 @@ namespace rotavel {
 namespace {
 
 NumberedObjects<WindowRecord> registry;
-std::vector<WindowObserver*> windowObservers;
 
 // The window that gets the keyboard when `closing` goes: the one that had it before if that is
 // visible, else the first visible one.
@@ -93,12 +92,12 @@ QPoint CornerOf(WindowNumber number, int mode) {
 }
 
 QSize SizeOf(WindowNumber number, int mode) {
-    if (mode == OuterFrame) {
-        const QzWindow* const window = FindFramedWindow(number);
-        return window == nullptr ? QSize() : FrameOf(*window).size();
+    QzWindow* const window = mode == OuterFrame ? FindFramedWindow(number) : FindWindow(number);
+    if (window == nullptr) {
+        return {0, 0};
     }
-    QzWindow* const window = FindWindow(number);
-    return window == nullptr ? QSize() : window->Presentation().ZoomedContentSize();
+    return mode == OuterFrame ? FrameOf(*window).size()
+                              : window->Presentation().ZoomedContentSize();
 }
 
 }  // namespace
@@ -107,12 +106,9 @@ NumberedObjects<WindowRecord>& WindowRegistry() {
     return registry;
 }
 
-void SetWindowObservers(std::vector<WindowObserver*> observers) {
-    windowObservers = std::move(observers);
-}
-
-const std::vector<WindowObserver*>& WindowObservers() {
-    return windowObservers;
+std::vector<WindowObserver*>& WindowObservers() {
+    static std::vector<WindowObserver*> observers;
+    return observers;
 }
 
 std::optional<ChosenShortcut> FindShortcut(const QObject* nativeWindow, const QKeyEvent& event) {
@@ -243,11 +239,11 @@ std::int64_t WindowGetY(WindowNumber number, int mode) {
 }
 
 std::int64_t WindowGetWidth(WindowNumber number, int mode) {
-    return std::max(SizeOf(number, mode).width(), 0);
+    return SizeOf(number, mode).width();
 }
 
 std::int64_t WindowGetHeight(WindowNumber number, int mode) {
-    return std::max(SizeOf(number, mode).height(), 0);
+    return SizeOf(number, mode).height();
 }
 
 void WindowSetBounds(WindowNumber number, std::int64_t x, std::int64_t y, std::int64_t width,

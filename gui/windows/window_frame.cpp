@@ -25,8 +25,7 @@ constexpr int PanelHeight = 48;
 std::optional<QMargins> lastFrame;
 
 bool IsFramed(const QWidget& window) {
-    return window.windowType() != Qt::ToolTip &&
-           !window.windowFlags().testFlag(Qt::FramelessWindowHint);
+    return !window.windowFlags().testFlag(Qt::FramelessWindowHint);
 }
 
 QMargins MarginsOf(const QWidget& window) {

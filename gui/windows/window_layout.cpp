@@ -52,7 +52,7 @@ void WindowLayout::RemoveFooter(QWidget* footer) {
 }
 
 void WindowLayout::AddFooter(QWidget* footer) {
-    footers.emplace_back(footer);
+    footers.push_back(footer);
     Apply();
 }
 
@@ -91,7 +91,7 @@ void WindowLayout::Apply() {
     contentView.setGeometry(-offset.x(), top - offset.y(),
                             std::max(content.width(), offset.x() + below.width()),
                             std::max(content.height(), offset.y() + below.height()));
-    for (const QPointer<QWidget>& each : footers) {
+    for (QWidget* const each : footers) {
         const int height = each->minimumHeight();
         // Runs out of the window if it is wider, unless that cannot show all of its content anyway.
         const int width =
@@ -106,8 +106,8 @@ int WindowLayout::MenuBarHeight(int width) const {
 
 int WindowLayout::FooterHeight() const {
     int height = 0;
-    for (const QPointer<QWidget>& each : footers) {
-        height = std::max(height, each == nullptr ? 0 : each->minimumHeight());
+    for (const QWidget* const each : footers) {
+        height = std::max(height, each->minimumHeight());
     }
     return height;
 }

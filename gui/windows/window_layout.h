@@ -2,7 +2,6 @@
 
 #include <vector>
 
-#include <QPointer>
 #include <QSize>
 #include <QWidget>
 
@@ -54,7 +53,7 @@ class WindowLayout {
     const bool resizable;
     ContentScroll scroll;
     QMenuBar* menuBar = nullptr;
-    std::vector<QPointer<QWidget>> footers;
+    std::vector<QWidget*> footers;
     bool isEnabled = true;
     QSize content;
     // What the program asked for, and the window that was made for it.

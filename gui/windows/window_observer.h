@@ -24,7 +24,6 @@ class WindowObserver {
 };
 
 // The observers of all windows, in the order in which they are told.
-void SetWindowObservers(std::vector<WindowObserver*> observers);
-const std::vector<WindowObserver*>& WindowObservers();
+std::vector<WindowObserver*>& WindowObservers();
 
 }  // namespace rotavel

@@ -56,7 +56,7 @@ QSize WindowPresentation::ZoomedContentSize() {
     if (startsZoomed || unzoomedSize == window.size()) {
         EnsureFramed();
     }
-    return self == nullptr ? QSize() : window.Layout().ContentSize();
+    return self == nullptr ? QSize(0, 0) : window.Layout().ContentSize();
 }
 
 void WindowPresentation::TakePlace() {
