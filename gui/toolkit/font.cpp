@@ -34,9 +34,7 @@ std::int64_t FontLoad(std::int64_t number, std::u16string_view name, double poin
     if (!(points >= SmallestPoints && points <= LargestPoints)) {
         return 0;
     }
-    if (number != AnyNumber) {
-        registry.Remove(number);
-    }
+    registry.Remove(number);
     const auto [id, font] = registry.Create(number);
     if (font == nullptr) {
         return 0;

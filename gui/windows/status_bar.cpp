@@ -44,11 +44,9 @@ class QzStatusField final : public QLabel {
     const QSize size;
 };
 
-// The bar's view; its record goes with it, also when the window takes it along.
 class QzStatusBarView final : public QWidget {
   public:
-    QzStatusBarView(QzWindow* owner, std::int64_t barNumber);
-    ~QzStatusBarView() override;
+    explicit QzStatusBarView(QzWindow* owner);
 
     void AddField(std::int64_t width);
     std::size_t CountFields() const { return fields.size(); }
@@ -60,7 +58,6 @@ class QzStatusBarView final : public QWidget {
 
   private:
     QzWindow* window;
-    std::int64_t number;
     QHBoxLayout* row;
     std::vector<QLabel*> fields;
 };
@@ -68,8 +65,8 @@ class QzStatusBarView final : public QWidget {
 NumberedObjects<QzStatusBarView*> registry;
 std::int64_t newestBar = AnyNumber;
 
-QzStatusBarView::QzStatusBarView(QzWindow* owner, std::int64_t barNumber)
-    : QWidget(owner->ContentView()), window(owner), number(barNumber), row(new QHBoxLayout(this)) {
+QzStatusBarView::QzStatusBarView(QzWindow* owner)
+    : QWidget(owner->ContentView()), window(owner), row(new QHBoxLayout(this)) {
     constexpr int margin = (BarHeight - FieldHeight) / 2;
     row->setContentsMargins(0, margin, 0, margin);
     row->setSpacing(0);
@@ -81,13 +78,6 @@ QzStatusBarView::QzStatusBarView(QzWindow* owner, std::int64_t barNumber)
     setAutoFillBackground(true);  // scrolled content runs on under it
     show();
     owner->Layout().AddFooter(this);
-}
-
-QzStatusBarView::~QzStatusBarView() {
-    QzStatusBarView* const* const bar = registry.Find(number);
-    if (bar != nullptr && *bar == this) {
-        registry.Remove(number);
-    }
 }
 
 void QzStatusBarView::AddField(std::int64_t width) {
@@ -132,14 +122,15 @@ void DestroyStatusBarsOf(const QzWindow& window) {
 }
 
 std::int64_t StatusBarCreate(std::int64_t number, NativeWindow* window) {
-    if (window == nullptr || number < AnyNumber) {
+    const bool isOpen = window != nullptr && FromHandle(window)->Delegate() != nullptr;
+    if (!isOpen || number < AnyNumber) {
         return 0;
     }
     if (number != AnyNumber) {
         StatusBarDestroy(number);
     }
     const auto [id, bar] = registry.Create(number);
-    *bar = new QzStatusBarView(FromHandle(window), id);
+    *bar = new QzStatusBarView(FromHandle(window));
     newestBar = id;
     return CreationResult(number, id, *bar);
 }

@@ -29,14 +29,13 @@ QWidget* NextWidget(const QWidget& content, const QWidget* from, bool forward) {
     if (widgets.empty()) {
         return nullptr;
     }
-    if (from == nullptr || !content.isAncestorOf(from)) {
-        return forward ? widgets.begin()->second : std::prev(widgets.end())->second;
-    }
-    auto next = widgets.upper_bound(ReadingOrder(*from, content));
+    const bool isInside = from != nullptr && content.isAncestorOf(from);
+    const auto behind =
+        isInside ? widgets.upper_bound(ReadingOrder(*from, content)) : widgets.begin();
     if (forward) {
-        return next == widgets.end() ? widgets.begin()->second : next->second;
+        return (behind == widgets.end() ? widgets.begin() : behind)->second;
     }
-    return next == widgets.begin() ? std::prev(widgets.end())->second : std::prev(next)->second;
+    return std::prev(behind == widgets.begin() ? widgets.end() : behind)->second;
 }
 
 }  // namespace
