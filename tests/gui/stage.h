@@ -90,7 +90,6 @@ struct Deed {
     const char* Name;
     void (*Do)();
     bool (*Holds)() = [] { return true; };  // once everything has settled
-    bool Creates = false;                   // what is not to be replaced then
 };
 
 // Each may be done to what is not there, too.
@@ -102,8 +101,7 @@ inline const Deed deeds[] = {
      [] {
          return WindowNativeHandle(0) == stage ? GetGadgetText(target.Gadget) == Again
                                                : !GadgetExists(target.Gadget);
-     },
-     true},
+     }},
     {"puts a gadget into the gadget",
      [] {
          OpenGadgetList(target.Gadget);
@@ -134,7 +132,7 @@ inline const Deed deeds[] = {
          WindowCreate(target.Window, 0, 0, 200, 100);
          ButtonGadgetCreate(Button, 10, 10, 60, 20, Again);
      },
-     [] { return Native(target.Window)->isVisible() && GetGadgetText(Button) == Again; }, true},
+     [] { return Native(target.Window)->isVisible() && GetGadgetText(Button) == Again; }},
     {"hides the window", [] { WindowShow(target.Window, Hidden); },
      [] { return !WindowExists(target.Window) || !Native(target.Window)->isVisible(); }},
     {"disables the window", [] { WindowDisable(target.Window, true); },

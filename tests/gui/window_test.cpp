@@ -148,7 +148,7 @@ TEST_F(WindowTest, TakesNoInputWhileDisabled) {
     Native(0)->activateWindow();  // as the window manager may
     EXPECT_EQ(Key(), 1) << "the window above it gets the keyboard";
     ActivateGadget(1);
-    ClickContent(0, {150, 50});
+    Click(1);
     AskToClose(0);
     EXPECT_EQ(Taken(), "");
     WindowDisable(0, false);

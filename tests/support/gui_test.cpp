@@ -19,7 +19,6 @@
 #include "gui/gadgets/gadget_registry.h"
 #include "gui/toolkit/handle.h"
 #include "gui/window.h"
-#include "gui/windows/qz_views.h"
 #include "gui/windows/window_record.h"
 
 namespace rotavel::tests {
@@ -93,9 +92,9 @@ std::string TakenOf(const Names& names) {
     return taken;
 }
 
-void ClickNative(QWidget& widget, QPoint place, Qt::MouseButton button) {
+void ClickNative(QWidget& widget, QPoint place) {
     QWidget& window = *widget.window();
-    QTest::mouseClick(window.windowHandle(), button, {}, widget.mapTo(&window, place));
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, widget.mapTo(&window, place));
 }
 
 std::string Outline(const QList<QAction*>& actions) {
@@ -157,11 +156,7 @@ void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 }
 
 void Click(std::int64_t gadget) {
-    ClickNative(*View(gadget), View(gadget)->rect().center(), Qt::LeftButton);
-}
-
-void ClickContent(std::int64_t window, QPoint place, Qt::MouseButton button) {
-    ClickNative(*Native(window)->ContentView(), place, button);
+    ClickNative(*View(gadget), View(gadget)->rect().center());
 }
 
 void AskToClose(std::int64_t window) {
@@ -170,7 +165,7 @@ void AskToClose(std::int64_t window) {
 
 void ClickMenuTitle(std::int64_t window, int title) {
     QMenuBar& bar = *Native(window)->Layout().MenuBar();
-    ClickNative(bar, bar.actionGeometry(bar.actions().at(title)).center(), Qt::LeftButton);
+    ClickNative(bar, bar.actionGeometry(bar.actions().at(title)).center());
 }
 
 std::string MenuOutline(std::int64_t window) {

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include <QPoint>
 #include <Qt>
 
 #include "gui/event_queue.h"
@@ -43,8 +42,6 @@ std::int64_t KeyWindowNumber();
 void Type(std::string_view text);
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
 void Click(std::int64_t gadget);
-// At a place of a window's content.
-void ClickContent(std::int64_t window, QPoint place, Qt::MouseButton button = Qt::LeftButton);
 // What the title bar's close box and Alt+F4 ask for.
 void AskToClose(std::int64_t window);
 // Opens a menu of a window's bar; the application menu is title 0.
