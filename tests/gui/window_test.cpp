@@ -2,6 +2,7 @@
 #include <QCursor>
 #include <QLabel>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
@@ -303,6 +304,7 @@ TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
     EXPECT_EQ(footer.mapTo(Native(1), QPoint(0, bar)), QPoint(0, Native(1)->height()));
     WindowDisable(1, true);
     EXPECT_EQ(turnWheel(), scrolled + 10);
+    EXPECT_FALSE(Native(1)->findChild<QScrollBar*>()->isEnabled());
     WindowDisable(1, false);
     Press(Qt::Key_Home);
     EXPECT_EQ(pointedRow(200), 190);
