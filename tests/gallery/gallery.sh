@@ -133,11 +133,6 @@ check_moving() {
     expect_place "a move" $x $y 460 330
     drag_corner 40 30
     expect_place "a size" $x $y 500 360
-    drag_corner -450 -300
-    expect_place "the smallest size" $x $y 300 200
-    xdotool windowsize "$gallery" 1000 700
-    sees "a size" "WindowResized 0"
-    expect_place "the largest size" $x $y 600 450
 }
 
 # zooms WINDOW EVENT: a zoom, by two clicks on the title bar, posts the event, then the new size.
