@@ -16,7 +16,6 @@ checks=("${@:2}")
 ((${#checks[@]} > 0)) || checks=(moving zooming starting disabling drops keys)
 
 content_height=330
-close_box=1 minimize_box=3
 
 # Waits for the gallery just started.
 find_gallery() {
@@ -37,12 +36,6 @@ key() {
 put_pointer() {
     look_at "$gallery"
     xdotool mousemove $((left + $1)) $((top + menu_bar + $2))
-}
-
-# click_box WINDOW NUMBER: the title bar's boxes, from the right.
-click_box() {
-    look_at "$1"
-    xdotool mousemove $((left + width - 16 * $2 + 6)) $((top - 10)) click 1
 }
 
 # Opens the second window and sets `second` to it.
@@ -102,52 +95,37 @@ read_events() {
         { print kinds[$1], $3 (text == "" ? "" : " \"" text "\"") }')
 }
 
-# drag DX DY: moves the mouse from where it is with its button down. The window manager takes the
-# keyboard for as long as it moves or resizes a window.
-drag() {
-    xdotool mousedown 1 mousemove_relative -- $(($1 / 2)) $(($2 / 2))
-    sees "a title bar or frame that is dragged" "WindowDeactivated 0"
-    xdotool mousemove_relative -- $(($1 - $1 / 2)) $(($2 - $2 / 2)) mouseup 1
-}
-
-drag_corner() {
-    look_at "$gallery"
-    xdotool mousemove $((left + width)) $((top + height + 2))
-    drag "$1" "$2"
-    sees_in_any_order "a size" "WindowResized 0" "WindowActivated 0"
-}
-
-# expect_place WHAT LEFT TOP WIDTH HEIGHT: of the gallery's content.
-expect_place() {
-    look_at "$gallery"
-    local now="$left $((top + menu_bar)) $width $((height - menu_bar))"
-    [[ $now == "${*:2}" ]] || fail "$1: expected the content at ${*:2}, it is at $now"
-}
-
+# Windows are moved, sized, zoomed and closed by the window manager's messages: where its title bar
+# and boxes are, and whether it takes two slow clicks for one, is not the gallery's affair.
 check_moving() {
-    look_at "$gallery"
-    local x=$((left - 80)) y=$((top + menu_bar - 60))
-    put_pointer 200 -30
-    drag -80 -60
-    sees_in_any_order "a move" "WindowMoved 0" "WindowActivated 0"
-    expect_place "a move" $x $y 460 330
-    drag_corner 40 30
-    expect_place "a size" $x $y 500 360
+    xdotool windowmove "$gallery" 100 100
+    sees "a move" "WindowMoved 0"
+    xdotool windowsize "$gallery" 500 $((360 + menu_bar))
+    sees "a size" "WindowResized 0"
 }
 
-# zooms WINDOW EVENT: a zoom, by two clicks on the title bar, posts the event, then the new size.
+# A busy window manager tells late where a zoom has put the window, which is a move then.
+without_moves() {
+    sed '/^WindowMoved/d'
+}
+
+sorted_without_moves() {
+    without_moves | sort
+}
+
+# zooms WINDOW EVENT: posts the event, then the new size.
 zooms() {
-    look_at "$1"
-    xdotool mousemove $((left + width / 3)) $((top - 10)) click --repeat 2 --delay 50 1
-    sees "a zoom" "$2 1" "WindowResized 1"
+    wmctrl -i -r "$1" -b toggle,maximized_vert,maximized_horz
+    compare without_moves "a zoom" "$2 1" "WindowResized 1"
 }
 
 # minimizes EVENT: the second window, and back.
 minimizes() {
-    click_box "$second" "$minimize_box"
-    sees_in_any_order "miniaturizing" "WindowMinimized 1" "WindowDeactivated 1" "WindowActivated 0"
+    xdotool windowminimize "$second"
+    compare sorted_without_moves "miniaturizing" "WindowMinimized 1" "WindowDeactivated 1" \
+        "WindowActivated 0"
     xdotool windowactivate "$second"
-    sees_in_any_order "the way back" "$1 1" "WindowDeactivated 0" "WindowActivated 1"
+    compare sorted_without_moves "the way back" "$1 1" "WindowDeactivated 0" "WindowActivated 1"
 }
 
 check_zooming() {
@@ -166,7 +144,7 @@ check_starting() {
     wait_for_keyboard Resizable
     sees "a window that starts zoomed" "MenuChosen 4 0" "WindowDeactivated 0" "WindowActivated 1"
     zooms "$found" WindowRestored
-    click_box "$found" "$close_box"
+    wmctrl -i -c "$found"
     sees "the close box" "CloseRequested 1" "WindowActivated 0"
     key F8
     sees "a window that starts miniaturized" "MenuChosen 5 0"
@@ -199,7 +177,7 @@ check_disabling() {
     put_pointer 255 188
     xdotool click 1
     key x F5 alt+F6 ctrl+comma ctrl+q alt+F4
-    click_box "$gallery" "$close_box"
+    wmctrl -i -c "$gallery"
     press_in_second
     compare without_activation "clicks and keys in a disabled window, and enabling" \
         'Pushed 70 "Disable or enable the gallery"' 'Focus 1 "any text"'
@@ -265,7 +243,7 @@ check_keys() {
     # What waits for no answer.
     put_pointer 85 -10
     xdotool click 1
-    click_box "$gallery" "$close_box"
+    wmctrl -i -c "$gallery"
     key y F5 alt+F6 alt+F4
     wait_for_keyboard Gallery
     sees "the question, closed" "MenuChosen 1 0" "answer 2" "WindowDeactivated 0" \
