@@ -13,10 +13,10 @@ namespace {
 
 class QzButtonGadgetView final : public QzGadgetView<QPushButton>, public QzControl {
   public:
-    using QzGadgetView::QzGadgetView;
+    explicit QzButtonGadgetView(QWidget* container) : QzGadgetView(container) {
+        connect(this, &QPushButton::clicked, this, [this] { RunEventHandler(); });
+    }
 
-    void SetStringValue(const QString&) override {}
-    QString StringValue() const override { return QString::number(IntValue()); }
     void SetIntValue(int value) override { state = value != 0 ? 1 : 0; }
     int IntValue() const override { return state; }
 
@@ -37,19 +37,16 @@ class QzButtonGadgetView final : public QzGadgetView<QPushButton>, public QzCont
 
 class QzButtonGadgetFunctions final : public QzGadgetFunctions {
   public:
-    void EventHandler() override { SendEvent(ButtonPressed); }
-
+    // The toolkit takes "&" for the mark of a mnemonic.
     void SetGadgetText(std::u16string_view text) override {
-        title = text;
-        // The toolkit takes "&" for the mark of a mnemonic.
         View().setText(ToQString(text).replace('&', "&&"));
     }
-    std::u16string GetGadgetText() const override { return title; }
+    std::u16string GetGadgetText() const override {
+        return FromQString(View().text().replace("&&", "&"));
+    }
 
   private:
     QPushButton& View() const { return static_cast<QzButtonGadgetView&>(*Gadget->View); }
-
-    std::u16string title;
 };
 
 }  // namespace
@@ -57,14 +54,9 @@ class QzButtonGadgetFunctions final : public QzGadgetFunctions {
 std::int64_t ButtonGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                 std::int64_t width, std::int64_t height, std::u16string_view text,
                                 std::uint32_t flags) {
-    return CreateGadget<QzButtonGadgetFunctions>(
+    return CreateGadget<QzButtonGadgetView, QzButtonGadgetFunctions>(
         {number, ButtonKind, x, y, width, height, flags},
-        [](QWidget* container) { return new QzButtonGadgetView(container); },
-        [text](QzButtonGadgetView& view, QzButtonGadgetFunctions& functions) {
-            functions.SetGadgetText(text);
-            QObject::connect(&view, &QPushButton::clicked, &view,
-                             [&view] { RunEventHandler(view); });
-        });
+        [text](auto&, auto& functions) { functions.SetGadgetText(text); });
 }
 
 }  // namespace rotavel

@@ -105,7 +105,7 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
             const auto& move = static_cast<QMouseEvent&>(*event);
             FollowMouse(move.position(), move.buttons() != Qt::NoButton);
             if (hasMouse) {
-                SendEventOf(*this, CanvasMouseMove);
+                SendEvent(CanvasMouseMove);
             }
         } else if (event->type() == QEvent::Enter) {
             FollowMouse(static_cast<QEnterEvent*>(event)->position(), false);
@@ -159,7 +159,7 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
         mouse = QPoint(qFloor(inside.x()), qFloor(inside.y()));
         TakePointerFromKeys();
         if (!std::exchange(hasMouse, true)) {
-            SendEventOf(*this, CanvasMouseEnter);
+            SendEvent(CanvasMouseEnter);
         }
     }
     void TakePointerFromKeys() {
@@ -177,10 +177,10 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
         const QPoint arms(PointerArm, PointerArm);
         QzWindow::Of(this)->Reveal(*this, QRect(Mouse() - arms, Mouse() + arms));
         if (!std::exchange(hasMouse, true)) {
-            SendEventOf(*this, CanvasMouseEnter);
+            SendEvent(CanvasMouseEnter);
         }
         if (hasMouse) {  // a binding may have hidden the canvas
-            SendEventOf(*this, CanvasMouseMove);
+            SendEvent(CanvasMouseMove);
         }
     }
     // Where the arrow keys have the pointer, in colours that differ from what it lies on.
@@ -195,7 +195,7 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     void MouseLeft() {
         TakePointerFromKeys();
         if (std::exchange(hasMouse, false)) {
-            SendEventOf(*this, CanvasMouseLeave);
+            SendEvent(CanvasMouseLeave);
         }
     }
     // Whether a place in the window is in a pixel of this gadget that can be seen, while its window
@@ -302,10 +302,8 @@ void NotifyOfLostCanvas(void (*notify)(const NativeImage* bitmap)) {
 
 std::int64_t CanvasGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                 std::int64_t width, std::int64_t height, std::uint32_t flags) {
-    return CreateGadget<QzCanvasGadgetFunctions>(
-        {number, CanvasKind, x, y, width, height, flags},
-        [](QWidget* container) { return new Qz_CanvasView(container); },
-        [](Qz_CanvasView&, QzCanvasGadgetFunctions&) {});
+    return CreateGadget<Qz_CanvasView, QzCanvasGadgetFunctions>(
+        {number, CanvasKind, x, y, width, height, flags});
 }
 
 }  // namespace rotavel

@@ -1,130 +1,82 @@
 #include "gui/combo_box_gadget.h"
 
-#include <QIcon>
-#include <QPixmap>
-#include <QStandardItemModel>
+#include <QAbstractItemView>
+#include <QAccessibleWidget>
 
-#include "gui/gadgets/accessible_combo_box.h"
 #include "gui/gadgets/combo_box_view.h"
 #include "gui/gadgets/edit_combo_box.h"
-#include "gui/toolkit/handle.h"
-#include "gui/toolkit/image.h"
-#include "gui/toolkit/text.h"
 
 namespace rotavel {
 
 namespace {
 
-constexpr int BlankImageSide = 16;
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object);
 
 class Qz_NSPopUpButton final : public QzComboBoxView {
   public:
     explicit Qz_NSPopUpButton(QWidget* container) : QzComboBoxView(container) {
-        NameByAccessibleName(*this);
+        QAccessible::installFactory(&MakeAccessible);
     }
-
-    // The plain form has no text of its own.
-    void SetStringValue(const QString&) override {}
 };
 
-const QIcon& BlankImage() {
-    static const QIcon blank = [] {
-        QPixmap pixmap(BlankImageSide, BlankImageSide);
-        pixmap.fill(Qt::transparent);
-        return QIcon(pixmap);
-    }();
-    return blank;
-}
-
-class QzComboBoxGadgetFunctions final : public QzListFunctions {
+// Has a screen reader call the plain form by its accessible name; the toolkit gives the text of the
+// selected item there, and the name only by way of a label.
+class AccessibleComboBox final : public QAccessibleWidget {
   public:
-    std::int64_t AddGadgetItem(std::int64_t position, std::u16string_view text, NativeImage* image,
-                               std::uint32_t) override {
-        QComboBox& view = View();
-        const bool inserts = position >= 0 && position < view.count();
-        const int index = inserts ? static_cast<int>(position) : view.count();
-        const bool hadSelection = view.currentIndex() >= 0;
-        view.insertItem(index, ItemImage(image), FoldedItem(text));
-        if (!hadSelection) {
-            view.setCurrentIndex(-1);  // the toolkit selects the first item of a list by itself
-        }
-        const auto& model = static_cast<const QStandardItemModel&>(*view.model());
-        return reinterpret_cast<std::intptr_t>(model.item(index));
-    }
-    void RemoveGadgetItem(std::int64_t item) override {
-        if (IsItem(item)) {
-            const bool removesSelection = item == View().currentIndex();
-            View().removeItem(static_cast<int>(item));
-            if (removesSelection) {
-                View().setCurrentIndex(-1);
-            }
-        }
-    }
-    void ClearGadgetItems() override { View().clear(); }
-    std::int64_t CountGadgetItems() const override { return View().count(); }
+    explicit AccessibleComboBox(QComboBox* shown)
+        : QAccessibleWidget(shown, QAccessible::ComboBox), box(shown) {}
 
-    void SetGadgetState(std::int64_t state) override {
-        if (state == -1 || IsItem(state)) {
-            View().setCurrentIndex(static_cast<int>(state));
+    // The list of items is the only child, as of the toolkit's own.
+    int childCount() const override { return 1; }
+    QAccessibleInterface* child(int index) const override {
+        return index == 0 ? QAccessible::queryAccessibleInterface(box->view()) : nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        return child->object() == box->view() ? 0 : -1;
+    }
+    QString text(QAccessible::Text part) const override {
+        if (part == QAccessible::Value ||
+            (part == QAccessible::Name && box->accessibleName().isEmpty())) {
+            return box->currentText();
         }
+        return QAccessibleWidget::text(part);
     }
-    std::int64_t GetGadgetState() const override { return View().currentIndex(); }
-
-    void SetGadgetText(std::u16string_view text) override {
-        const int index =
-            View().findText(FoldedItem(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
-        if (index >= 0) {
-            View().setCurrentIndex(index);
-        }
+    QAccessible::State state() const override {
+        QAccessible::State now = QAccessibleWidget::state();
+        now.expandable = true;
+        now.expanded = box->view()->isVisible();
+        return now;
     }
-
-    void SetGadgetItemText(std::int64_t item, std::u16string_view text, std::int64_t) override {
-        if (IsItem(item)) {
-            View().setItemText(static_cast<int>(item), FoldedItem(text));
-        }
+    QStringList actionNames() const override {
+        return {showMenuAction(), pressAction(), setFocusAction()};
     }
-    std::u16string GetGadgetItemText(std::int64_t item, std::int64_t) override {
-        return IsItem(item) ? FromQString(View().itemText(static_cast<int>(item)))
-                            : std::u16string();
-    }
-    void SetGadgetItemData(std::int64_t item, std::int64_t value) override {
-        if (IsItem(item)) {
-            View().setItemData(static_cast<int>(item), QVariant::fromValue<qlonglong>(value));
-        }
-    }
-    std::int64_t GetGadgetItemData(std::int64_t item) const override {
-        return IsItem(item) ? View().itemData(static_cast<int>(item)).toLongLong() : 0;
-    }
-    void SetGadgetItemImage(std::int64_t item, NativeImage* image) override {
-        if (HasImages() && IsItem(item)) {
-            View().setItemIcon(static_cast<int>(item), ItemImage(image));
+    void doAction(const QString& name) override {
+        if (name == setFocusAction()) {
+            QAccessibleWidget::doAction(name);
+        } else if (box->view()->isVisible()) {
+            box->hidePopup();
+        } else {
+            box->showPopup();
         }
     }
 
   private:
-    QComboBox& View() const { return static_cast<Qz_NSPopUpButton&>(*Gadget->View); }
-    bool IsItem(std::int64_t item) const { return item >= 0 && item < View().count(); }
-    bool HasImages() const { return (Gadget->Flags & ComboBoxImages) != 0; }
-
-    QIcon ItemImage(NativeImage* image) const {
-        if (!HasImages()) {
-            return {};
-        }
-        return image == nullptr ? BlankImage() : QIcon(QPixmap::fromImage(*FromHandle(image)));
-    }
+    QComboBox* const box;
 };
+
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
+    auto* const box = dynamic_cast<Qz_NSPopUpButton*>(object);
+    return box == nullptr ? nullptr : new AccessibleComboBox(box);
+}
 
 }  // namespace
 
 std::int64_t ComboBoxGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                   std::int64_t width, std::int64_t height, std::uint32_t flags) {
     const NewGadget gadget = {number, ComboBoxKind, x, y, width, height, flags};
-    if ((flags & ComboBoxEditable) != 0) {
-        return EditComboBoxGadgetCreate(gadget);
-    }
-    return CreateGadget<QzComboBoxGadgetFunctions>(
-        gadget, [](QWidget* container) { return new Qz_NSPopUpButton(container); },
-        [](Qz_NSPopUpButton& view, QzComboBoxGadgetFunctions&) { view.NotifyOfChoices(); });
+    return (flags & ComboBoxEditable) != 0
+               ? EditComboBoxGadgetCreate(gadget)
+               : CreateGadget<Qz_NSPopUpButton, QzComboBoxGadgetFunctions>(gadget);
 }
 
 }  // namespace rotavel

@@ -21,7 +21,7 @@ QString OneLine(QString text) {
 
 }  // namespace
 
-QValidator::State QzMaximumLengthFormatter::Judge(const QString& proposed) const {
+QValidator::State QzMaximumLengthFormatter::validate(QString& proposed, int&) const {
     return IsPartialStringValid(OneLine(proposed)) ? Acceptable : Invalid;
 }
 

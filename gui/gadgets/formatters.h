@@ -26,11 +26,9 @@ class QzMaximumLengthFormatter : public QValidator {
     // A part of the text as it is to be shown.
     virtual QString Folded(const QString& part) const { return part; }
 
-    State Judge(const QString& proposed) const;
+    State validate(QString& proposed, int&) const final;
     // What the field is to show for a proposed text that was found valid.
     QString Replacement(const QString& proposed) const;
-
-    State validate(QString& text, int&) const final { return Judge(text); }
 
   private:
     std::int32_t maxLength = std::numeric_limits<std::int32_t>::max();

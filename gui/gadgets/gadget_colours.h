@@ -1,53 +1,45 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <map>
 
 #include <QWidget>
 
+#include "gui/gadget.h"
+#include "gui/gadgets/gadget_registry.h"
 #include "gui/toolkit/colour.h"
 
 namespace rotavel {
 
-// The colours that the program has given a view; where it has given none the view's own hold, also
-// after the desktop's have changed.
-class GadgetColours {
+// The operations of a kind whose text and background have colours. Where the program has given none
+// the view's own hold, also after the desktop's have changed.
+class QzColouredGadgetFunctions : public QzGadgetFunctions {
   public:
-    GadgetColours(QPalette::ColorRole front, QPalette::ColorRole back)
-        : frontRole(front), backRole(back) {}
-
-    void SetFront(QWidget& view, const std::optional<QColor>& colour) {
-        frontColour = colour;
-        Apply(view);
+    void SetGadgetColor(std::int64_t type, std::int64_t colour) override {
+        const QPalette::ColorRole role = RoleOf(type);
+        given.erase(role);
+        if (role != QPalette::NoRole && colour >= 0) {
+            given[role] = ToQColor(static_cast<std::uint32_t>(colour));
+        }
+        QPalette palette;
+        for (const auto& [givenRole, givenColour] : given) {
+            palette.setColor(givenRole, givenColour);
+        }
+        Gadget->View->setPalette(palette);
     }
-    void SetBack(QWidget& view, const std::optional<QColor>& colour) {
-        backColour = colour;
-        Apply(view);
+    std::int64_t GetGadgetColor(std::int64_t type) const override {
+        const QPalette::ColorRole role = RoleOf(type);
+        return role == QPalette::NoRole ? 0 : FromQColor(Gadget->View->palette().color(role));
     }
-    QColor Front(const QWidget& view) const { return view.palette().color(frontRole); }
-    QColor Back(const QWidget& view) const { return view.palette().color(backRole); }
 
   private:
-    void Apply(QWidget& view) const {
-        QPalette palette;
-        if (frontColour) {
-            palette.setColor(frontRole, *frontColour);
-        }
-        if (backColour) {
-            palette.setColor(backRole, *backColour);
-        }
-        view.setPalette(palette);
+    QPalette::ColorRole RoleOf(std::int64_t type) const {
+        return type == GadgetFrontColor  ? Gadget->View->foregroundRole()
+               : type == GadgetBackColor ? Gadget->View->backgroundRole()
+                                         : QPalette::NoRole;
     }
 
-    QPalette::ColorRole frontRole;
-    QPalette::ColorRole backRole;
-    std::optional<QColor> frontColour;
-    std::optional<QColor> backColour;
+    std::map<QPalette::ColorRole, QColor> given;
 };
-
-// A colour given by the application, or nothing for "none".
-inline std::optional<QColor> GivenColour(std::int64_t rgba) {
-    return rgba < 0 ? std::nullopt : std::optional(ToQColor(static_cast<std::uint32_t>(rgba)));
-}
 
 }  // namespace rotavel

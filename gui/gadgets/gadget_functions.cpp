@@ -5,7 +5,7 @@
 #include "gui/events/event_posting.h"
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
-#include "gui/gadgets/gadget_registry.h"
+#include "gui/gadgets/gadget_creation.h"
 #include "gui/gadgets/gadget_view.h"
 #include "gui/toolkit/coordinates.h"
 #include "gui/toolkit/font.h"
@@ -39,17 +39,16 @@ QPoint Position(const GadgetRecord& record, int mode) {
 
 }  // namespace
 
-void QzGadgetFunctions::Setup(std::unique_ptr<QzGadgetFunctions> functions, GadgetNumber number,
-                              GadgetKind kind, QWidget* view, QWidget* container,
-                              std::uint32_t flags) {
-    const auto [id, record] = GadgetRegistry().Create(number);
+GadgetNumber QzGadgetFunctions::Setup(std::unique_ptr<QzGadgetFunctions> functions,
+                                      const NewGadget& gadget, QWidget* view, QWidget* container) {
+    const auto [id, record] = GadgetRegistry().Create(gadget.Number);
     QzGadgetFunctions& self = *functions;
     *record = {view,
                container,
                std::move(functions),
                WindowNumberOf(FromHandle(QzGadgetList::CurrentWindow())),
-               kind,
-               flags};
+               gadget.Kind,
+               gadget.Flags};
     self.Gadget = record;
     self.GadgetID = id;
     self.isNSControl = AsControl(*record) != nullptr;
@@ -57,6 +56,10 @@ void QzGadgetFunctions::Setup(std::unique_ptr<QzGadgetFunctions> functions, Gadg
     if (DefaultGadgetFont() != AnyNumber) {
         self.SetGadgetFont(DefaultGadgetFont());
     }
+    container->setGeometry(ToCoordinate(gadget.X), ToCoordinate(gadget.Y), ToSide(gadget.Width),
+                           ToSide(gadget.Height));
+    container->show();
+    return id;
 }
 
 void QzGadgetFunctions::Reuse(std::unique_ptr<QzGadgetFunctions> functions, GadgetRecord& record,
@@ -83,7 +86,7 @@ void QzGadgetFunctions::ActivateGadget() {
         window->MakeKeyAndOrderFront();
     }
     const GadgetRecord* const record = GadgetRegistry().Find(number);
-    const bool isPresent = record != nullptr && view != nullptr && record->View == view;
+    const bool isPresent = record != nullptr && record->View == view;
     if (isPresent && view->focusPolicy() != Qt::NoFocus && !window->IsDisabled()) {
         window->MakeFirstResponder(view);
     }

@@ -14,6 +14,7 @@ namespace rotavel {
 
 enum GadgetKind : std::int32_t;
 struct GadgetRecord;
+struct NewGadget;
 
 // The operations of one gadget. Each kind derives a class that overrides what it does differently;
 // what it does not serve falls back to here, where it does nothing and returns 0.
@@ -21,10 +22,10 @@ class QzGadgetFunctions {
   public:
     virtual ~QzGadgetFunctions() = default;
 
-    // Enters the gadget into the registry under `number` (which must be free), with this as its
-    // functions, and prepares the view: tag and default font.
-    static void Setup(std::unique_ptr<QzGadgetFunctions> functions, GadgetNumber number,
-                      GadgetKind kind, QWidget* view, QWidget* container, std::uint32_t flags);
+    // Enters a gadget into the registry, with these as its functions; its view gets tag, default
+    // font and place and is shown. The number must be free. Returns it, or the automatic one.
+    static GadgetNumber Setup(std::unique_ptr<QzGadgetFunctions> functions, const NewGadget& gadget,
+                              QWidget* view, QWidget* container);
     // Takes over the gadget of an existing record under a new kind; its functions are released.
     static void Reuse(std::unique_ptr<QzGadgetFunctions> functions, GadgetRecord& record,
                       GadgetKind kind);

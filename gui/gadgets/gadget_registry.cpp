@@ -101,6 +101,16 @@ WindowObserver& GadgetsAsObserver() {
     return observer;
 }
 
+QWidget* MakeRoomFor(GadgetNumber number) {
+    if (number < AnyNumber || QzGadgetList::CurrentView() == nullptr) {
+        return nullptr;
+    }
+    if (number != AnyNumber) {
+        FreeGadget(number);
+    }
+    return GadgetExists(number) ? nullptr : FromHandle(QzGadgetList::CurrentView());
+}
+
 void FreeGadgetRecord(GadgetNumber number) {
     if (GadgetRecord* const record = registry.Find(number)) {
         FreeRecord(number, *record);

@@ -37,6 +37,10 @@ NumberedObjects<GadgetRecord>& GadgetRegistry();
 // Frees the gadgets of windows that close, and keeps the list of where new ones go.
 WindowObserver& GadgetsAsObserver();
 
+// Frees the gadget that holds the number and returns the container that new gadgets go into. Null
+// when there is none, when the number cannot be used, or when a callback took it meanwhile.
+QWidget* MakeRoomFor(GadgetNumber number);
+
 // Frees the record of a gadget whose view is being destroyed by somebody else.
 void FreeGadgetRecord(GadgetNumber number);
 

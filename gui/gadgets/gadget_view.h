@@ -14,12 +14,12 @@
 
 namespace rotavel {
 
-// A native view that is a control: it has a value as text and as a whole number.
+// A native view that is a control: it may have a value, as text and as a whole number.
 class QzControl {
   public:
     virtual ~QzControl() = default;
-    virtual void SetStringValue(const QString& value) = 0;
-    virtual QString StringValue() const = 0;
+    virtual void SetStringValue(const QString&) {}
+    virtual QString StringValue() const { return {}; }
     virtual void SetIntValue(int value) { SetStringValue(QString::number(value)); }
     // The number that the text begins with, 0 without one; saturates.
     virtual int IntValue() const {
@@ -35,13 +35,32 @@ class QzTaggedView {
     virtual ~QzTaggedView() = default;
     void SetTag(std::int64_t tag) { Qz_tag = tag; }
     void SetAlreadyDestroyed(bool destroyed) { Qz_alreadyDestroyed = destroyed; }
-    bool IsAlreadyDestroyed() const { return Qz_alreadyDestroyed; }
     std::int64_t Tag() const { return Qz_tag; }
     virtual void TakeGadgetDrops(bool takes) = 0;
+
+    // Post GadgetActivity for the gadget, and run its event handler. Nothing happens once the
+    // gadget is gone: the view lives on for a while, and its number may be another's by then.
+    void SendEvent(std::int64_t type) const {
+        if (const QzGadgetFunctions* const functions = Functions()) {
+            functions->SendEvent(type);
+        }
+    }
+    void RunEventHandler() const {
+        if (QzGadgetFunctions* const functions = Functions()) {
+            functions->EventHandler();
+        }
+    }
 
   protected:
     std::int64_t Qz_tag = -1;
     bool Qz_alreadyDestroyed = false;
+
+  private:
+    QzGadgetFunctions* Functions() const {
+        const GadgetRecord* const record =
+            Qz_alreadyDestroyed ? nullptr : GadgetRegistry().Find(Qz_tag);
+        return record == nullptr ? nullptr : record->Functions.get();
+    }
 };
 
 // A toolkit widget as a gadget's view: takes its record along when it goes, whoever deletes it.
@@ -57,27 +76,5 @@ class QzGadgetView : public QzDropTarget<Base>, public QzTaggedView {
 
     void TakeGadgetDrops(bool takes) override { this->TakeDrops(takes, DropOnGadget, Qz_tag); }
 };
-
-// The functions of the gadget that a view belongs to. Null when that is gone: the view lives on for
-// a while, and its number may be another's by then.
-inline QzGadgetFunctions* FunctionsOf(const QzTaggedView& view) {
-    const GadgetRecord* const record =
-        view.IsAlreadyDestroyed() ? nullptr : GadgetRegistry().Find(view.Tag());
-    return record == nullptr ? nullptr : record->Functions.get();
-}
-
-// Posts GadgetActivity for the gadget of a view.
-inline void SendEventOf(const QzTaggedView& view, std::int64_t type) {
-    if (const QzGadgetFunctions* const functions = FunctionsOf(view)) {
-        functions->SendEvent(type);
-    }
-}
-
-// The control's action: runs the gadget's event handler.
-inline void RunEventHandler(const QzTaggedView& view) {
-    if (QzGadgetFunctions* const functions = FunctionsOf(view)) {
-        functions->EventHandler();
-    }
-}
 
 }  // namespace rotavel

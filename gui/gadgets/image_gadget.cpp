@@ -9,7 +9,6 @@
 #include "gui/gadgets/gadget_creation.h"
 #include "gui/gadgets/gadget_view.h"
 #include "gui/toolkit/handle.h"
-#include "gui/toolkit/image.h"
 #include "gui/windows/click_count.h"
 
 namespace rotavel {
@@ -25,16 +24,13 @@ class Qz_NSImageView final : public QzGadgetView<QFrame>, public QzControl {
         update();
     }
 
-    void SetStringValue(const QString&) override {}
-    QString StringValue() const override { return {}; }
-
   protected:
     void mousePressEvent(QMouseEvent* event) override { clicks.Press(*event); }
     void mouseDoubleClickEvent(QMouseEvent* event) override { clicks.Press(*event); }
     void mouseReleaseEvent(QMouseEvent* event) override {
         const int count = clicks.Of(event->button());
         if (event->button() == Qt::RightButton && count <= 2) {
-            SendEventOf(*this, count == 1 ? ImageRightClick : ImageRightDoubleClick);
+            SendEvent(count == 1 ? ImageRightClick : ImageRightDoubleClick);
         }
     }
     void paintEvent(QPaintEvent* event) override {
@@ -61,19 +57,16 @@ class Qz_NSImageView final : public QzGadgetView<QFrame>, public QzControl {
 
 class QzImageGadgetFunctions final : public QzGadgetFunctions {
   public:
-    void Show(NativeImage* image) {
-        shown = image;
-        const QImage* const present = FromHandle(image);
-        View().SetImage(present == nullptr ? QImage() : *present);
-        if (present != nullptr) {
-            ResizeToFit(*present);
+    void SetGadgetState(std::int64_t state) override {
+        shown = state;
+        const QImage* const image =
+            FromHandle(std::bit_cast<NativeImage*>(static_cast<std::intptr_t>(state)));
+        View().SetImage(image == nullptr ? QImage() : *image);
+        if (image != nullptr) {
+            ResizeToFit(*image);
         }
     }
-
-    void SetGadgetState(std::int64_t state) override {
-        Show(std::bit_cast<NativeImage*>(static_cast<std::intptr_t>(state)));
-    }
-    std::int64_t GetGadgetState() const override { return reinterpret_cast<std::intptr_t>(shown); }
+    std::int64_t GetGadgetState() const override { return shown; }
 
   private:
     Qz_NSImageView& View() const { return static_cast<Qz_NSImageView&>(*Gadget->View); }
@@ -83,7 +76,7 @@ class QzImageGadgetFunctions final : public QzGadgetFunctions {
         View().resize(image.deviceIndependentSize().toSize() + QSize(frame, frame));
     }
 
-    NativeImage* shown = nullptr;  // only ever passed on: the image itself is copied
+    std::int64_t shown = 0;  // only ever passed on: the image itself is copied
 };
 
 }  // namespace
@@ -91,28 +84,18 @@ class QzImageGadgetFunctions final : public QzGadgetFunctions {
 std::int64_t ImageGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                std::int64_t width, std::int64_t height, NativeImage* image,
                                std::uint32_t flags) {
-    return CreateGadget<QzImageGadgetFunctions>(
-        {number, ImageKind, x, y, width, height, flags},
-        [flags](QWidget* container) {
-            auto* const view = new Qz_NSImageView(container);
-            view->setFrameStyle((flags & ImageSunken) != 0 ? QFrame::Panel | QFrame::Sunken
-                                                           : QFrame::NoFrame);
-            return view;
-        },
-        [image](Qz_NSImageView&, QzImageGadgetFunctions& functions) {
-            if (image != nullptr) {
-                functions.Show(image);
-            }
+    return CreateGadget<Qz_NSImageView, QzImageGadgetFunctions>(
+        {number, ImageKind, x, y, width, height, flags}, [&](auto& view, auto& functions) {
+            view.setFrameStyle((flags & ImageSunken) != 0 ? QFrame::Panel | QFrame::Sunken
+                                                          : QFrame::NoFrame);
+            functions.SetGadgetState(reinterpret_cast<std::intptr_t>(image));
         });
 }
 
 void SetGadgetImage(GadgetNumber gadget, NativeImage* image) {
     const GadgetRecord* const record = GadgetRegistry().Find(gadget);
-    auto* const functions = record == nullptr
-                                ? nullptr
-                                : dynamic_cast<QzImageGadgetFunctions*>(record->Functions.get());
-    if (functions != nullptr) {
-        functions->Show(image);
+    if (record != nullptr && record->Kind == ImageKind) {
+        record->Functions->SetGadgetState(reinterpret_cast<std::intptr_t>(image));
     }
 }
 

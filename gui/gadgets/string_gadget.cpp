@@ -21,7 +21,8 @@ namespace {
 // What the two views of a string field share.
 class QzStringField : public QzGadgetView<QzTextEntry>, public QzControl {
   public:
-    using QzGadgetView::QzGadgetView;
+    explicit QzStringField(QWidget* container)
+        : QzGadgetView(container, [this] { SendEvent(Change); }) {}
 
     void SetStringValue(const QString& value) override { ShowText(value); }
     QString StringValue() const override { return text(); }
@@ -38,8 +39,8 @@ class QzStringGadgetTextField final : public QzStringField, public FirstResponde
   public:
     using QzStringField::QzStringField;
 
-    void BecomeFirstResponder() override { SendEventOf(*this, Focus); }
-    void TextDidEndEditing() override { SendEventOf(*this, LostFocus); }
+    void BecomeFirstResponder() override { SendEvent(Focus); }
+    void TextDidEndEditing() override { SendEvent(LostFocus); }
 };
 
 LetterCase SetTextCase(std::uint32_t flags) {
@@ -49,7 +50,7 @@ LetterCase SetTextCase(std::uint32_t flags) {
     return (flags & StringUpperCase) != 0 ? LetterCase::Upper : LetterCase::AsItIs;
 }
 
-class QzStringGadgetFunctions final : public QzGadgetFunctions {
+class QzStringGadgetFunctions final : public QzColouredGadgetFunctions {
   public:
     // What the field holds is ready to be typed over.
     void ActivateGadget() override {
@@ -62,8 +63,6 @@ class QzStringGadgetFunctions final : public QzGadgetFunctions {
 
     // Pressing Return is no event.
     void EventHandler() override {}
-
-    void ControlTextDidChange() const { SendEvent(Change); }
 
     void SetGadgetText(std::u16string_view text) override {
         View().SetStringValue(Folded(ToQString(text), SetTextCase(Gadget->Flags)));
@@ -80,24 +79,8 @@ class QzStringGadgetFunctions final : public QzGadgetFunctions {
         return attribute == StringMaximumLength ? View().Formatter().MaximumLength() : 0;
     }
 
-    void SetGadgetColor(std::int64_t type, std::int64_t colour) override {
-        if (type == GadgetFrontColor) {
-            colours.SetFront(View(), GivenColour(colour));
-        } else if (type == GadgetBackColor) {
-            colours.SetBack(View(), GivenColour(colour));
-        }
-    }
-    std::int64_t GetGadgetColor(std::int64_t type) const override {
-        if (type == GadgetFrontColor) {
-            return FromQColor(colours.Front(View()));
-        }
-        return type == GadgetBackColor ? FromQColor(colours.Back(View())) : 0;
-    }
-
   private:
-    QzStringField& View() const { return dynamic_cast<QzStringField&>(*Gadget->View); }
-
-    GadgetColours colours{QPalette::Text, QPalette::Base};
+    QzStringField& View() const { return static_cast<QzStringField&>(*Gadget->View); }
 };
 
 std::unique_ptr<QzMaximumLengthFormatter> FormatterFor(std::uint32_t flags) {
@@ -113,37 +96,21 @@ std::unique_ptr<QzMaximumLengthFormatter> FormatterFor(std::uint32_t flags) {
     return std::make_unique<QzMaximumLengthFormatter>();
 }
 
-QzStringField* MakeView(QWidget* container, std::uint32_t flags) {
-    QzStringField* view = nullptr;
-    if ((flags & StringPassword) != 0) {
-        view = new QzSecureTextField(container);
-    } else {
-        view = new QzStringGadgetTextField(container);
-    }
-    view->setReadOnly((flags & StringReadOnly) != 0);
-    view->setFrame((flags & StringBorderless) == 0);
-    view->SetFormatter(FormatterFor(flags));
-    return view;
-}
-
 }  // namespace
 
 std::int64_t StringGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,
                                 std::int64_t width, std::int64_t height, std::u16string_view text,
                                 std::uint32_t flags) {
-    return CreateGadget<QzStringGadgetFunctions>(
-        {number, StringKind, x, y, width, height, flags},
-        [flags](QWidget* container) { return MakeView(container, flags); },
-        [text](QzStringField& view, QzStringGadgetFunctions& functions) {
-            functions.SetGadgetText(text);
-            view.NotifyOfEdits([&view] {
-                const auto* const present =
-                    dynamic_cast<QzStringGadgetFunctions*>(FunctionsOf(view));
-                if (present != nullptr) {
-                    present->ControlTextDidChange();
-                }
-            });
-        });
+    const NewGadget gadget = {number, StringKind, x, y, width, height, flags};
+    const auto complete = [&](QzStringField& view, QzStringGadgetFunctions& functions) {
+        view.setReadOnly((flags & StringReadOnly) != 0);
+        view.setFrame((flags & StringBorderless) == 0);
+        view.SetFormatter(FormatterFor(flags));
+        functions.SetGadgetText(text);
+    };
+    return (flags & StringPassword) != 0
+               ? CreateGadget<QzSecureTextField, QzStringGadgetFunctions>(gadget, complete)
+               : CreateGadget<QzStringGadgetTextField, QzStringGadgetFunctions>(gadget, complete);
 }
 
 }  // namespace rotavel

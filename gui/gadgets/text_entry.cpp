@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
@@ -13,21 +14,12 @@ namespace rotavel {
 
 namespace {
 
-// The modifiers that make a letter a command; where AltGr is reported as two of them, both
-// together do not.
-bool AreOfCommand(Qt::KeyboardModifiers modifiers) {
+// The modifiers that make a letter a command.
 #if defined(Q_OS_MACOS)
-    return (modifiers & (Qt::ControlModifier | Qt::MetaModifier)) != 0;  // Alt types there
+constexpr auto CommandModifiers = Qt::ControlModifier | Qt::MetaModifier;  // Alt types there
 #else
-#if defined(Q_OS_WIN)
-    constexpr Qt::KeyboardModifiers altGr = Qt::ControlModifier | Qt::AltModifier;
-    if ((modifiers & altGr) == altGr) {
-        return false;
-    }
+constexpr auto CommandModifiers = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 #endif
-    return (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
-#endif
-}
 
 // What the toolkit keeps free at each end of a line, inside of the frame.
 constexpr int InnerMargin = 2;
@@ -39,10 +31,11 @@ bool IsCommandKey(const QKeyEvent& key) {
     const bool hasLetter =
         !text.isEmpty() && (text.front().isPrint() || text.front().isSurrogate());
     return hasLetter && (key.modifiers() & Qt::GroupSwitchModifier) == 0 &&
-           AreOfCommand(key.modifiers());
+           (key.modifiers() & CommandModifiers) != 0;
 }
 
-QzTextEntry::QzTextEntry(QWidget* parent) : QLineEdit(parent) {
+QzTextEntry::QzTextEntry(QWidget* parent, std::function<void()> controlTextDidChange)
+    : QLineEdit(parent), ControlTextDidChange(std::move(controlTextDidChange)) {
     // The toolkit's limit would cut the program's own texts; the formatter knows the real one.
     setMaxLength(std::numeric_limits<int>::max());
     setDragEnabled(true);
@@ -132,7 +125,7 @@ void QzTextEntry::FitText() {
 void QzTextEntry::TextDidChange() {
     SkipProposals();
     // The toolkit does not judge what undo and redo bring back.
-    if (formatter->Judge(text()) == QValidator::Invalid) {
+    if (!hasAcceptableInput()) {
         const int cursor = cursorPosition();
         ShowText(judged);
         setCursorPosition(cursor);
@@ -143,9 +136,7 @@ void QzTextEntry::TextDidChange() {
         FitText();  // which may be wider than what was typed
     }
     judged = text();
-    if (edited) {
-        edited();
-    }
+    ControlTextDidChange();
 }
 
 bool QzTextEntry::IsProposal() const {

@@ -18,13 +18,11 @@ bool IsCommandKey(const QKeyEvent& key);
 // in the text's place is put there as a part of that edit: undo goes back to what was shown before.
 class QzTextEntry : public QLineEdit {
   public:
-    explicit QzTextEntry(QWidget* parent);
+    // The function is called once for each edit of the user's that stands.
+    QzTextEntry(QWidget* parent, std::function<void()> controlTextDidChange);
 
     void SetFormatter(std::unique_ptr<QzMaximumLengthFormatter> newFormatter);
     QzMaximumLengthFormatter& Formatter() const { return *formatter; }
-
-    // Called once for each edit of the user's that stands.
-    void NotifyOfEdits(std::function<void()> notify) { edited = std::move(notify); }
 
     // Shows a text of the program's, which is neither judged nor replaced and is no edit.
     void ShowText(const QString& shown);
@@ -46,7 +44,7 @@ class QzTextEntry : public QLineEdit {
     void Replace(const QString& replacement);
 
     std::unique_ptr<QzMaximumLengthFormatter> formatter;
-    std::function<void()> edited;
+    const std::function<void()> ControlTextDidChange;
     QString judged;  // the text before the edit at hand
     bool isUndoing = false;
 };
