@@ -84,18 +84,12 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
 
   protected:
     bool event(QEvent* event) override {
-        switch (event->type()) {
-            case QEvent::Show:
-                // The toolkit tells a view of places that it has rounded to whole pixels, which at
-                // a screen scale other than 1 may be the next one, or beyond the view.
-                window()->windowHandle()->installEventFilter(this);
-                break;
-            case QEvent::Hide:
-            case QEvent::WindowDeactivate:
-                MouseLeft();
-                break;
-            default:
-                break;
+        if (event->type() == QEvent::Show) {
+            // The toolkit tells a view of places that it has rounded to whole pixels, which at a
+            // screen scale other than 1 may be the next one, or beyond the view.
+            window()->windowHandle()->installEventFilter(this);
+        } else if (event->type() == QEvent::Hide || event->type() == QEvent::WindowDeactivate) {
+            PassPointer(Pointer::Away);
         }
         return QzGadgetView::event(event);
     }
@@ -104,13 +98,13 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
         if (event->type() == QEvent::MouseMove) {
             const auto& move = static_cast<QMouseEvent&>(*event);
             FollowMouse(move.position(), move.buttons() != Qt::NoButton);
-            if (hasMouse) {
+            if (pointer != Pointer::Away) {
                 SendEvent(CanvasMouseMove);
             }
         } else if (event->type() == QEvent::Enter) {
             FollowMouse(static_cast<QEnterEvent*>(event)->position(), false);
         } else if (event->type() == QEvent::Leave) {
-            MouseLeft();
+            PassPointer(Pointer::Away);
         }
         return false;
     }
@@ -126,8 +120,8 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
         if (focusFrame != nullptr) {
             focusFrame->hide();
         }
-        if (hasMouseByKeys) {
-            MouseLeft();
+        if (pointer == Pointer::OfKeys) {
+            PassPointer(Pointer::Away);
         }
     }
     void keyPressEvent(QKeyEvent* event) override {
@@ -140,62 +134,56 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.drawImage(0, 0, Bitmap());
-        if (hasMouseByKeys) {
+        if (pointer == Pointer::OfKeys) {
             DrawPointer(painter);
         }
     }
 
   private:
+    enum class Pointer { Away, OfMouse, OfKeys };
+
+    void PassPointer(Pointer to) {
+        const Pointer from = std::exchange(pointer, to);
+        if (from == Pointer::OfKeys || to == Pointer::OfKeys) {
+            update();
+        }
+        if (from == Pointer::Away && to != Pointer::Away) {
+            SendEvent(CanvasMouseEnter);
+        } else if (from != Pointer::Away && to == Pointer::Away) {
+            SendEvent(CanvasMouseLeave);
+        }
+    }
     void FollowMouse(QPointF place, bool isPressed) {
         if (!IsUnder(place)) {
-            MouseLeft();
+            PassPointer(Pointer::Away);
             return;
         }
         // A press that began elsewhere is not this gadget's business.
-        if (!hasMouse && isPressed) {
+        if (pointer == Pointer::Away && isPressed) {
             return;
         }
         const QPointF inside = mapFrom(window(), place);
         mouse = QPoint(qFloor(inside.x()), qFloor(inside.y()));
-        TakePointerFromKeys();
-        if (!std::exchange(hasMouse, true)) {
-            SendEvent(CanvasMouseEnter);
-        }
-    }
-    void TakePointerFromKeys() {
-        if (std::exchange(hasMouseByKeys, false)) {
-            update();
-        }
+        PassPointer(Pointer::OfMouse);
     }
     void MoveByKey(QPoint step) {
         const QPoint from = mouse.value_or(rect().center());
-        const QPoint to = hasMouse ? from + step : from;
+        const QPoint to = pointer == Pointer::Away ? from : from + step;
         mouse = QPoint(std::clamp(to.x(), 0, std::max(width() - 1, 0)),
                        std::clamp(to.y(), 0, std::max(height() - 1, 0)));
-        hasMouseByKeys = true;
-        update();
         const QPoint arms(PointerArm, PointerArm);
         QzWindow::Of(this)->Reveal(*this, QRect(Mouse() - arms, Mouse() + arms));
-        if (!std::exchange(hasMouse, true)) {
-            SendEvent(CanvasMouseEnter);
-        }
-        if (hasMouse) {  // a binding may have hidden the canvas
+        PassPointer(Pointer::OfKeys);
+        if (pointer != Pointer::Away) {  // a binding may have hidden the canvas
             SendEvent(CanvasMouseMove);
         }
     }
     // Where the arrow keys have the pointer, in colours that differ from what it lies on.
     void DrawPointer(QPainter& painter) const {
-        const QPoint across(PointerArm, 0);
-        const QPoint along(0, PointerArm);
         painter.setCompositionMode(QPainter::CompositionMode_Difference);
         painter.setPen(Qt::white);
-        painter.drawLine(Mouse() - across, Mouse() + across);
-        painter.drawLine(Mouse() - along, Mouse() + along);
-    }
-    void MouseLeft() {
-        TakePointerFromKeys();
-        if (std::exchange(hasMouse, false)) {
-            SendEvent(CanvasMouseLeave);
+        for (const QPoint arm : {QPoint(PointerArm, 0), QPoint(0, PointerArm)}) {
+            painter.drawLine(Mouse() - arm, Mouse() + arm);
         }
     }
     // Whether a place in the window is in a pixel of this gadget that can be seen, while its window
@@ -208,28 +196,18 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
         return isAncestorOf(window()->childAt(qFloor(place.x()), qFloor(place.y())));
     }
 
-    QImage CreateImage(int width, int height) const {
-        QImage image = MakeBitmap(width, height);
-        if (!image.isNull()) {
-            image.fill(background);
-        }
-        return image;
-    }
-    void CopyBitmap(QImage& to) const {
-        if (!to.isNull()) {
-            QPainter(&to).drawImage(0, 0, bitmap);
-        }
-    }
     void AdjustImage() {
-        QImage adjusted = CreateImage(width(), height());
-        CopyBitmap(adjusted);
+        QImage adjusted = MakeBitmap(width(), height());
+        if (!adjusted.isNull()) {
+            adjusted.fill(background);
+            QPainter(&adjusted).drawImage(0, 0, bitmap);
+        }
         bitmap = std::move(adjusted);
     }
 
     QImage bitmap;
     std::optional<QPoint> mouse;
-    bool hasMouse = false;
-    bool hasMouseByKeys = false;
+    Pointer pointer = Pointer::Away;
     QPointer<QFocusFrame> focusFrame;  // made with the first focus; the container owns it
     QColor background = Qt::white;
 };
