@@ -110,16 +110,12 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     }
     void focusInEvent(QFocusEvent*) override {
         // Around the view: on it, it would hide what the program drew.
-        if (focusFrame == nullptr) {
-            focusFrame = new QFocusFrame(this);
-            focusFrame->setWidget(this);
-        }
+        focusFrame = new QFocusFrame(this);
+        focusFrame->setWidget(this);
         focusFrame->show();
     }
     void focusOutEvent(QFocusEvent*) override {
-        if (focusFrame != nullptr) {
-            focusFrame->hide();
-        }
+        delete focusFrame;  // left alone it would come back with the view
         if (pointer == Pointer::OfKeys) {
             PassPointer(Pointer::Away);
         }
@@ -208,7 +204,7 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
     QImage bitmap;
     std::optional<QPoint> mouse;
     Pointer pointer = Pointer::Away;
-    QPointer<QFocusFrame> focusFrame;  // made with the first focus; the container owns it
+    QPointer<QFocusFrame> focusFrame;  // while this has the focus; the container owns it
     QColor background = Qt::white;
 };
 

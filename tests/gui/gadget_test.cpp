@@ -236,6 +236,10 @@ TEST_F(CanvasTest, ArrowKeysAreItsPointerWhenItHasTheKeyboard) {
     Press(Qt::Key_Left);
     EXPECT_NE(picture(), before) << "the place is to be seen";
     EXPECT_EQ(FromHandle(CanvasBitmap(1))->pixelColor(23, 18), QColor(Qt::white));
+    HideGadget(1, true);
+    HideGadget(1, false);
+    EXPECT_EQ(Content(0)->findChild<QFocusFrame*>(), nullptr) << "nor does the focus come back";
+    ActivateGadget(1);
     FreeGadget(1);
     ForgetEvents();
     EXPECT_EQ(Content(0)->findChild<QFocusFrame*>(), nullptr);
