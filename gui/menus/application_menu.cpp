@@ -1,5 +1,7 @@
 #include "gui/menus/application_menu.h"
 
+#include <functional>
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QMenuBar>
@@ -17,19 +19,16 @@ QString ApplicationName() {
     return QFileInfo(QCoreApplication::applicationFilePath()).fileName();
 }
 
-template <typename Action>
-QAction* AddCommand(QMenu& menu, const QString& title, const QKeySequence& keys, Action action) {
+// Without an action: an item that other platforms have and this one has nothing for.
+QAction* AddCommand(QMenu& menu, const QString& title, const QKeySequence& keys = {},
+                    const std::function<void()>& action = {}) {
     QAction* const item = menu.addAction(title);
     item->setShortcut(keys);
-    QObject::connect(item, &QAction::triggered, item, action);
+    item->setEnabled(action != nullptr);
+    if (action) {
+        QObject::connect(item, &QAction::triggered, item, action);
+    }
     return item;
-}
-
-// An item that other platforms have and this one has nothing for.
-void AddUnavailable(QMenu& menu, const QString& title, const QKeySequence& keys = {}) {
-    QAction* const item = menu.addAction(title);
-    item->setShortcut(keys);
-    item->setEnabled(false);
 }
 
 }  // namespace
@@ -68,10 +67,10 @@ ApplicationMenu AddApplicationMenu(QMenuBar& bar) {
         AddCommand(menu, QStringLiteral("Preferences\u2026"), Qt::CTRL | Qt::Key_Comma,
                    [&delegate] { delegate.Preferences(); });
     menu.addSeparator();
-    AddUnavailable(menu, "Services");
+    AddCommand(menu, "Services");
     menu.addSeparator();
     AddCommand(menu, "Hide " + title, Qt::CTRL | Qt::Key_H, &MiniaturizeWindows);
-    AddUnavailable(menu, "Hide Others", Qt::CTRL | Qt::ALT | Qt::Key_H);
+    AddCommand(menu, "Hide Others", Qt::CTRL | Qt::ALT | Qt::Key_H);
     AddCommand(menu, "Show All", {}, &DeminiaturizeWindows);
     menu.addSeparator();
     AddCommand(menu, "Quit " + title, Qt::CTRL | Qt::Key_Q, [&delegate] { delegate.Terminate(); });

@@ -8,9 +8,7 @@ namespace rotavel {
 namespace {
 
 bool HasLetter(const QAction& action, QChar letter) {
-    const QString text = action.text();
-    return action.isEnabled() && action.isVisible() && !action.isSeparator() && !text.isEmpty() &&
-           text.front().toCaseFolded() == letter.toCaseFolded();
+    return action.isEnabled() && action.text().startsWith(letter, Qt::CaseInsensitive);
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ QString Title(std::u16string_view text) {
 
 std::int64_t MenuCreate(std::int64_t number, NativeWindow* handle) {
     QzWindow* const window = FromHandle(handle);
-    if (window == nullptr || number < AnyNumber) {
+    if (window == nullptr) {
         return 0;
     }
     if (number != AnyNumber) {
@@ -31,44 +31,36 @@ std::int64_t MenuCreate(std::int64_t number, NativeWindow* handle) {
 }
 
 void MenuTitle(std::u16string_view text) {
-    if (MenuBuilder* const builder = MenuBars::Shared().Building()) {
-        builder->AddTitle(Title(text));
-    }
+    MenuBars::Shared().Builder().AddTitle(Title(text));
 }
 
 void MenuItem(std::int64_t number, std::u16string_view text, NativeImage* image) {
-    MenuBuilder* const builder = MenuBars::Shared().Building();
-    if (builder == nullptr) {
+    MenuBuilder& builder = MenuBars::Shared().Builder();
+    if (builder.Bar() == nullptr) {
         return;
     }
     if (number == PreferencesItem || number == AboutItem || number == QuitItem) {
-        QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(builder->Bar()));
-        builder->Bar()->EnableApplicationItem(number);
+        QzMenuDelegate::Shared().SetWindowID(WindowNumberOf(builder.Bar()));
+        builder.Bar()->EnableApplicationItem(number);
         return;
     }
     const ItemText item = ParseItemText(ToQString(text));
     const QIcon icon = image == nullptr ? QIcon() : QIcon(QPixmap::fromImage(*FromHandle(image)));
-    builder->AddEntry({number, item.Title, item.Shortcut, icon});
+    builder.AddEntry({number, item.Title, item.Shortcut, icon});
 }
 
 void MenuSeparator() {
-    if (MenuBuilder* const builder = MenuBars::Shared().Building()) {
-        MenuEntry separator;
-        separator.IsSeparator = true;
-        builder->AddEntry(separator);
-    }
+    MenuEntry separator;
+    separator.IsSeparator = true;
+    MenuBars::Shared().Builder().AddEntry(separator);
 }
 
 void MenuOpenSubmenu(std::u16string_view text) {
-    if (MenuBuilder* const builder = MenuBars::Shared().Building()) {
-        builder->OpenSubmenu(Title(text));
-    }
+    MenuBars::Shared().Builder().OpenSubmenu(Title(text));
 }
 
 void MenuCloseSubmenu() {
-    if (MenuBuilder* const builder = MenuBars::Shared().Building()) {
-        builder->CloseSubmenu();
-    }
+    MenuBars::Shared().Builder().CloseSubmenu();
 }
 
 void FreeMenu(std::int64_t number) {

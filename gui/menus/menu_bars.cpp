@@ -47,10 +47,9 @@ std::int64_t MenuBars::Create(std::int64_t number, QzWindow& window) {
     auto* const bar = new QzMenuBar(&window);
     record->Window = &window;
     record->Bar = bar;
-    record->Builder = MenuBuilder(record->Bar);
     record->Object = std::make_unique<QzMenuObject>(record);
+    builder = MenuBuilder(bar);
     const bool isKey = QzWindow::ChosenKeyWindow() == &window;
-    building = id;
     if (isKey) {
         MakeMain(bar, window);
     }
@@ -71,13 +70,16 @@ void MenuBars::Free(std::int64_t number) {
     if (bar == nullptr) {
         return;
     }
-    const bool isMain = mainBar == bar;
-    if (isMain) {
-        mainBar = nullptr;
+    if (builder.Bar() == bar) {
+        builder = MenuBuilder(nullptr);
     }
-    if (window != nullptr && window->Layout().MenuBar() == bar) {
-        window->Layout().SetMenuBar(PlainBar(*window));
-        mainBar = isMain ? PlainBar(*window) : mainBar.data();
+    const bool isOnShow = window != nullptr && window->Layout().MenuBar() == bar;
+    QzMenuBar* const next = isOnShow ? PlainBar(*window) : nullptr;
+    if (mainBar == bar) {
+        mainBar = next;
+    }
+    if (isOnShow) {
+        window->Layout().SetMenuBar(next);
     }
     Retire(bar);  // the choice of one of its items may be under way
 }
@@ -94,11 +96,6 @@ void MenuBars::FreeAll() {
 
 QzMenuBar& MenuBars::MainBarFor(QzWindow& window) const {
     return mainBar != nullptr ? *mainBar : *PlainBar(window);
-}
-
-MenuBuilder* MenuBars::Building() const {
-    MenuRecord* const record = registry.Find(building);
-    return record == nullptr || record->Bar == nullptr ? nullptr : &record->Builder;
 }
 
 void MenuBars::WindowBecameKey(QzWindow& window) {

@@ -29,7 +29,6 @@ class QzMenuObject final : public QObject {
 struct MenuRecord {
     QPointer<QzWindow> Window;
     QPointer<QzMenuBar> Bar;  // a child of the window
-    MenuBuilder Builder{nullptr};
     std::unique_ptr<QzMenuObject> Object;
 };
 
@@ -43,8 +42,8 @@ class MenuBars final : public WindowObserver {
     void Free(std::int64_t number);
     void FreeAll();
 
-    // Of the bar made last, or null when that is gone.
-    MenuBuilder* Building() const;
+    // Of the bar made last.
+    MenuBuilder& Builder() { return builder; }
     // What serves the application menu's keys in a window without a bar of its own: the bar of the
     // window that had the keyboard last, of those that have one, else one that is not seen.
     QzMenuBar& MainBarFor(QzWindow& window) const;
@@ -57,7 +56,7 @@ class MenuBars final : public WindowObserver {
     void MakeMain(QzMenuBar* bar, const QzWindow& window);
 
     NumberedObjects<MenuRecord> registry;
-    std::int64_t building = AnyNumber;
+    MenuBuilder builder{nullptr};
     QPointer<QzMenuBar> mainBar;
 };
 

@@ -14,11 +14,11 @@ class MenuBuilder {
   public:
     explicit MenuBuilder(QzMenuBar* filledBar) : bar(filledBar) {}
 
-    // Null when the bar has gone with its window.
+    // Null when the bar has gone.
     QzMenuBar* Bar() const { return bar; }
 
+    // Without a bar, and the others where no menu is open, what is added is dropped.
     void AddTitle(const QString& title);
-    // Where no menu is open, these are dropped.
     void AddEntry(const MenuEntry& entry);
     void OpenSubmenu(const QString& title);
     void CloseSubmenu();

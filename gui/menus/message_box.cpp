@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -103,7 +104,7 @@ MessageBox* MessageBox::Newest() {
 }
 
 QPushButton* MessageBox::MakeButton(const MessageAnswer& choice) {
-    auto* const button = new QPushButton(QString(choice.Label).replace('&', "&&"), this);
+    auto* const button = new QPushButton(choice.Label, this);
     connect(button, &QPushButton::clicked, this, [this, value = choice.Value] { Give(value); });
     if (choice.IsEscape) {
         escape = choice.Value;
@@ -122,20 +123,13 @@ void MessageBox::reject() {
     }
 }
 
-void MessageBox::done(int) {
-    Give(NoAnswer);
-}
-
 void MessageBox::keyPressEvent(QKeyEvent* event) {
     // The buttons have the focus; the keys that scroll are nothing to them.
-    const bool scrolls = event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown;
-    if (scrolls) {
-        message->verticalScrollBar()->triggerAction(event->key() == Qt::Key_PageUp
-                                                        ? QAbstractSlider::SliderPageStepSub
-                                                        : QAbstractSlider::SliderPageStepAdd);
-        return;
+    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
+        QCoreApplication::sendEvent(message->verticalScrollBar(), event);
+    } else {
+        QDialog::keyPressEvent(event);
     }
-    QDialog::keyPressEvent(event);
 }
 
 void MessageBox::FitScreen(const QWidget* over) {

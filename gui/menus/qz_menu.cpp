@@ -12,10 +12,8 @@ namespace rotavel {
 QAction* MakeAction(const MenuEntry& entry, QObject* parent) {
     auto* const action = new QAction(entry.Icon, entry.Title, parent);
     action->setSeparator(entry.IsSeparator);
-    if (!entry.IsSeparator) {
-        action->setShortcut(entry.Keys);
-        action->setData(QVariant::fromValue<qlonglong>(entry.Number));
-    }
+    action->setShortcut(entry.Keys);
+    action->setData(QVariant::fromValue<qlonglong>(entry.Number));
     return action;
 }
 

@@ -81,16 +81,13 @@ bool QzMenuBar::TakesKey(const QKeyEvent& event) {
         return true;
     }
     const QChar letter = LetterOf(event);
-    if ((event.modifiers() & Qt::AltModifier) == 0 || letter.isNull()) {
-        return false;
-    }
-    return OpenByLetter(letter);
+    return (event.modifiers() & Qt::AltModifier) != 0 && OpenByLetter(letter);
 }
 
 bool QzMenuBar::TakesApplicationKey(const QKeyEvent& event) {
     const QKeySequence keys(event.keyCombination());
     for (QAction* const action : application.Menu->actions()) {
-        if (action->isEnabled() && !action->isSeparator() && action->shortcut() == keys) {
+        if (action->isEnabled() && action->shortcut() == keys) {
             action->trigger();
             return true;
         }
@@ -104,8 +101,7 @@ bool QzMenuBar::OpenByLetter(QChar letter) {
         return false;
     }
     ForgetAlt();
-    const bool isOpen = title->menu() != nullptr && title->menu()->isVisible();
-    if (!isOpen) {
+    if (title->menu() == nullptr || !title->menu()->isVisible()) {
         Open(*title);
     }
     return true;

@@ -21,18 +21,14 @@ constexpr Qt::KeyboardModifier ControlModifier = Qt::ControlModifier;
 #endif
 constexpr Qt::KeyboardModifier CommandModifier = Qt::ControlModifier;  // Command on macOS
 
-constexpr int LastFunctionKey = 12;
-
 // The key of F1 to F12, 0 for any other token.
 int FunctionKey(const QString& token) {
-    if (!token.startsWith('F')) {
-        return 0;
+    for (int key = Qt::Key_F1; key <= Qt::Key_F12; ++key) {
+        if (token == QKeySequence(key).toString(QKeySequence::PortableText)) {
+            return key;
+        }
     }
-    bool isNumber = false;
-    const int number = token.mid(1).toInt(&isNumber);
-    const bool isKey = isNumber && number >= 1 && number <= LastFunctionKey &&
-                       token == "F" + QString::number(number);
-    return isKey ? Qt::Key_F1 + number - 1 : 0;
+    return 0;
 }
 
 }  // namespace

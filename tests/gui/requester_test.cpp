@@ -121,6 +121,8 @@ TEST_F(RequesterTest, LongTextsScroll) {
             const auto& area = *box.findChild<QScrollArea*>();
             EXPECT_EQ(area.verticalScrollBar()->maximum() > 0, each.ScrollsDown);
             EXPECT_EQ(area.horizontalScrollBar()->maximum() > 0, each.ScrollsAcross);
+            QTest::keyClick(box.focusWidget(), Qt::Key_PageDown);
+            EXPECT_EQ(area.verticalScrollBar()->value() > 0, each.ScrollsDown);
             const QWidget& shown = *area.widget();
             EXPECT_GE(shown.height(), shown.layout()->totalHeightForWidth(shown.width()));
             box.close();
