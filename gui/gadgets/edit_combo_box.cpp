@@ -1,7 +1,5 @@
-#include "gui/gadgets/edit_combo_box.h"
-
 #include "gui/event_queue.h"
-#include "gui/gadgets/combo_box_view.h"
+#include "gui/gadgets/combo_box_forms.h"
 #include "gui/gadgets/text_entry.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/window_focus.h"

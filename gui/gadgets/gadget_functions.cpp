@@ -42,19 +42,14 @@ QPoint Position(const GadgetRecord& record, int mode) {
 GadgetNumber QzGadgetFunctions::Setup(std::unique_ptr<QzGadgetFunctions> functions,
                                       const NewGadget& gadget, QWidget* view, QWidget* container) {
     const auto [id, record] = GadgetRegistry().Create(gadget.Number);
-    QzGadgetFunctions& self = *functions;
-    *record = {view,
-               container,
-               std::move(functions),
-               WindowNumberOf(FromHandle(QzGadgetList::CurrentWindow())),
-               gadget.Kind,
-               gadget.Flags};
-    self.Gadget = record;
-    self.GadgetID = id;
-    self.isNSControl = AsControl(*record) != nullptr;
+    record->View = view;
+    record->Container = container;
+    record->Window = WindowNumberOf(FromHandle(QzGadgetList::CurrentWindow()));
+    record->Flags = gadget.Flags;
     dynamic_cast<QzTaggedView&>(*view).SetTag(id);
+    Reuse(std::move(functions), *record, gadget.Kind);
     if (DefaultGadgetFont() != AnyNumber) {
-        self.SetGadgetFont(DefaultGadgetFont());
+        record->Functions->SetGadgetFont(DefaultGadgetFont());
     }
     container->setGeometry(ToCoordinate(gadget.X), ToCoordinate(gadget.Y), ToSide(gadget.Width),
                            ToSide(gadget.Height));

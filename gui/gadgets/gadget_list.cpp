@@ -1,8 +1,7 @@
 #include "gui/gadget_list.h"
 
 #include <algorithm>
-#include <memory>
-#include <utility>
+#include <map>
 
 #include "gui/toolkit/handle.h"
 #include "gui/windows/qz_views.h"
@@ -12,9 +11,7 @@ namespace rotavel {
 
 namespace {
 
-constexpr std::size_t StackCapacity = 10;
-
-std::vector<std::unique_ptr<QzGadgetList>> lists;
+std::map<NativeWindow*, QzGadgetList> lists;
 QzGadgetList* currentList = nullptr;
 
 NativeView* ContentViewOf(NativeWindow* window) {
@@ -24,9 +21,7 @@ NativeView* ContentViewOf(NativeWindow* window) {
 }  // namespace
 
 QzGadgetList::QzGadgetList(NativeWindow* window)
-    : TopWindow(window), TopView(ContentViewOf(window)) {
-    Views.reserve(StackCapacity);
-}
+    : TopWindow(window), TopView(ContentViewOf(window)) {}
 
 void QzGadgetList::Push(NativeView* view) {
     Views.push_back(TopView);
@@ -55,34 +50,32 @@ NativeWindow* QzGadgetList::CurrentWindow() {
 }
 
 QzGadgetList* QzGadgetList::ListFromWindow(NativeWindow* window) {
-    const auto found = std::find_if(lists.begin(), lists.end(), [window](const auto& list) {
-        return list->Window() == window;
-    });
-    return found == lists.end() ? nullptr : found->get();
+    const auto found = lists.find(window);
+    return found == lists.end() ? nullptr : &found->second;
 }
 
 NativeWindow* QzGadgetList::SetWindow(NativeWindow* window) {
-    QzGadgetList* list = ListFromWindow(window);
-    if (list == nullptr && window != nullptr) {
-        list = lists.emplace_back(std::make_unique<QzGadgetList>(window)).get();
+    NativeWindow* const before = CurrentWindow();
+    if (window != nullptr) {
+        lists.try_emplace(window, window);
     }
-    QzGadgetList* const before = std::exchange(currentList, list);
-    return before == nullptr ? nullptr : before->Window();
+    currentList = ListFromWindow(window);
+    return before;
 }
 
 void QzGadgetList::RemoveWindow(NativeWindow* window) {
-    if (currentList != nullptr && currentList->Window() == window) {
+    if (CurrentWindow() == window) {
         currentList = nullptr;
     }
-    std::erase_if(lists, [window](const auto& list) { return list->Window() == window; });
+    lists.erase(window);
 }
 
 void QzGadgetList::RemoveView(NativeView* view) {
-    for (const auto& list : lists) {
-        NativeView* const content = ContentViewOf(list->TopWindow);
-        std::replace(list->Views.begin(), list->Views.end(), view, content);
-        if (list->TopView == view) {
-            list->TopView = content;
+    for (auto& [window, list] : lists) {
+        NativeView* const content = ContentViewOf(window);
+        std::replace(list.Views.begin(), list.Views.end(), view, content);
+        if (list.TopView == view) {
+            list.TopView = content;
         }
     }
 }

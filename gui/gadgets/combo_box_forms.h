@@ -65,4 +65,8 @@ class QzComboBoxGadgetFunctions : public QzGadgetFunctions {
     QIcon ItemImage(NativeImage* image) const;
 };
 
+// Create a gadget of each form; the result is as for ComboBoxGadgetCreate.
+std::int64_t PlainComboBoxGadgetCreate(const NewGadget& gadget);
+std::int64_t EditComboBoxGadgetCreate(const NewGadget& gadget);
+
 }  // namespace rotavel
