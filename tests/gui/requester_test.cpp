@@ -15,6 +15,7 @@
 #include <QTimer>
 #include <QWindow>
 
+#include "gui/toolkit/text.h"
 #include "layer.h"
 
 namespace rotavel {
@@ -48,23 +49,23 @@ TEST_F(RequesterTest, ShowsWhatItIsToldAndAnswers) {
     const struct {
         std::uint32_t Flags;
         QStyle::StandardPixmap Icon;
-        QStringList Labels;
-        std::vector<std::int64_t> Answers;
+        std::vector<std::pair<QString, std::int64_t>> Answers;
+        bool CanBeClosed;
     } cases[] = {
-        {0, QStyle::SP_MessageBoxInformation, {"OK"}, {0}},
-        {MessageError, QStyle::SP_MessageBoxCritical, {"OK"}, {0}},
+        {0, QStyle::SP_MessageBoxInformation, {{"OK", 0}}, true},
+        {MessageError, QStyle::SP_MessageBoxCritical, {{"OK", 0}}, true},
         {MessageError | MessageInformation | MessageYesNo,
          QStyle::SP_MessageBoxInformation,
-         {"Yes", "No"},
-         {6, 7}},
+         {{"Yes", 6}, {"No", 7}},
+         false},
         {MessageWarning | MessageInformation | MessageYesNo | MessageYesNoCancel,
          QStyle::SP_MessageBoxWarning,
-         {"Yes", "No", "Cancel"},
-         {6, 7, 2}},
+         {{"Yes", 6}, {"No", 7}, {"Cancel", 2}},
+         true},
     };
     for (const auto& each : cases) {
-        for (int i = 0; i < each.Labels.size(); ++i) {
-            const Use use = [&each, i](QDialog& box) {
+        for (const auto& [label, answer] : each.Answers) {
+            const Use click = [&each, &label](QDialog& box) {
                 const QList<QLabel*> labels = box.findChildren<QLabel*>();
                 EXPECT_EQ(labels[0]->text() + "|" + labels[1]->text(),
                           "Title|<b>Text</b>\n& &amp;");
@@ -73,45 +74,42 @@ TEST_F(RequesterTest, ShowsWhatItIsToldAndAnswers) {
                 const QIcon icon = box.style()->standardIcon(each.Icon, nullptr, &box);
                 const QImage shown = labels[2]->pixmap().toImage();
                 EXPECT_EQ(shown, icon.pixmap(shown.size()).toImage());
-                EXPECT_EQ(ButtonsOf(box)[i]->text(), each.Labels[i]);
-                EXPECT_EQ(ButtonsOf(box).size(), each.Labels.size());
-                QTest::mouseClick(ButtonsOf(box)[i], Qt::LeftButton);
+                QStringList buttons;
+                for (QAbstractButton* const button : ButtonsOf(box)) {
+                    buttons += button->text();
+                }
+                EXPECT_EQ(buttons.size(), each.Answers.size());
+                QTest::mouseClick(ButtonsOf(box).at(buttons.indexOf(label)), Qt::LeftButton);
             };
-            EXPECT_EQ(Answer(each.Flags, use, u"<b>Text</b>\n& &amp;"), each.Answers[i]);
+            EXPECT_EQ(Answer(each.Flags, click, u"<b>Text</b>\n& &amp;"), answer);
         }
-    }
-}
-
-TEST_F(RequesterTest, OnlyABoxWithAnswersToEscapeCanBeClosed) {
-    for (const std::uint32_t flags : {0U, MessageYesNo, MessageYesNoCancel}) {
-        const Use use = [flags](QDialog& box) {
+        const Use pressReturn = [](QDialog& box) {
+            EXPECT_TRUE(GetsKeyboard(box));
+            QTest::keyClick(box.focusWidget(), Qt::Key_Return);
+        };
+        EXPECT_EQ(Answer(each.Flags, pressReturn), each.Answers.front().second);
+        const Use close = [&each](QDialog& box) {
             EXPECT_TRUE(GetsKeyboard(box));
             QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
-            EXPECT_EQ(box.isVisible(), flags == MessageYesNo);
-            EXPECT_EQ(box.close(), flags != MessageYesNo);
-            if (flags == MessageYesNo) {
-                QTest::keyClick(box.focusWidget(), Qt::Key_Return);
-            }
+            EXPECT_EQ(box.isVisible(), !each.CanBeClosed);
+            EXPECT_EQ(box.close(), each.CanBeClosed);
+            ButtonsOf(box).back()->click();
         };
-        EXPECT_EQ(Answer(flags, use), flags == 0 ? 0 : flags == MessageYesNo ? 6 : 2);
+        EXPECT_EQ(Answer(each.Flags, close), each.Answers.back().second);
     }
 }
 
 TEST_F(RequesterTest, LongTextsScroll) {
     WindowCreate(0, 0, 0, 200, 100);
-    const std::u16string line = u"A line that is about as long as lines are.\n";
-    std::u16string lines;
-    for (int i = 0; i < 400; ++i) {
-        lines += line;
-    }
+    const QString line = "A line that is about as long as lines are.\n";
     const struct {
-        std::u16string Text;
+        QString Text;
         bool ScrollsDown, ScrollsAcross;
     } cases[] = {
-        {lines, true, false},
-        {std::u16string(2000, u'W'), false, true},  // no place to break it
-        {u"", false, false},
-        {std::u16string(180, u'i') + u" " + line.substr(0, 42) + line, false, false},
+        {line.repeated(400), true, false},
+        {QString(2000, 'W'), false, true},  // no place to break it
+        {"", false, false},
+        {QString(180, 'i') + " " + line.chopped(1) + line, false, false},
     };
     for (const auto& each : cases) {
         const Use use = [&each](QDialog& box) {
@@ -127,7 +125,7 @@ TEST_F(RequesterTest, LongTextsScroll) {
             EXPECT_GE(shown.height(), shown.layout()->totalHeightForWidth(shown.width()));
             box.close();
         };
-        Answer(MessageYesNoCancel, use, each.Text);
+        Answer(MessageYesNoCancel, use, FromQString(each.Text));
     }
 }
 
