@@ -177,6 +177,8 @@ TEST_F(MenuTest, KeysGoThroughMenusAndBack) {
         // Of several items a letter selects the next; the only one it chooses.
         {Qt::Key_M, {}, "File > MV"},
         {Qt::Key_M, {}, "File > Makers"},
+        {Qt::Key_M, {}, "File > MV"},
+        {Qt::Key_M, {}, "File > Makers"},
         {Qt::Key_Right, {}, "File > Makers > Moto Guzzi"},
         {Qt::Key_M, {}, "File > Makers > Moto Guzzi > a1"},
         {Qt::Key_B, Qt::ShiftModifier, "Menu 11@3"},
