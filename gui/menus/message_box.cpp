@@ -8,7 +8,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -133,28 +132,26 @@ void MessageBox::keyPressEvent(QKeyEvent* event) {
 }
 
 void MessageBox::FitScreen(const QWidget* over) {
-    // All windows get one kind of frame.
-    const QSize frame = over != nullptr ? FrameOf(*over).size() - over->size()
-                                        : QSize(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
-    const QRect room = (over != nullptr ? over->screen() : screen())->availableGeometry();
+    if (over != nullptr) {
+        setScreen(over->screen());
+        RememberFrame(*over);  // the box gets one of that kind
+    }
     // What the layout gives the scroll area, which asks for no more than a part of it.
     message->setMinimumSize(message->widget()->size());
     QSize size = layout()->totalSizeHint();
     message->setMinimumSize(1, 1);
-    const QSize most = room.size() - frame;
+    const QSize most = RoomFor(*this);
     const bool isTooHigh = size.height() > most.height();
     const bool isTooWide = size.width() > most.width();
     size.rwidth() += isTooHigh ? message->verticalScrollBar()->sizeHint().width() : 0;
     size.rheight() += isTooWide ? message->horizontalScrollBar()->sizeHint().height() : 0;
-    size = size.boundedTo(most);
-    setFixedSize(size);
-    QRect place({}, size + frame);
-    place.moveCenter(over != nullptr ? FrameOf(*over).center() : room.center());
-    place.moveBottom(std::min(place.bottom(), room.bottom()));
-    place.moveRight(std::min(place.right(), room.right()));
-    place.moveTop(std::max(place.top(), room.top()));
-    place.moveLeft(std::max(place.left(), room.left()));
-    move(place.topLeft());
+    setFixedSize(size.boundedTo(most));
+    if (over != nullptr) {
+        CentreFrameOver(*this, *over);
+    } else {
+        CentreFrameOnScreen(*this);
+    }
+    MoveFrameOntoScreen(*this);
 }
 
 std::int64_t MessageBox::Ask(QWidget* over) {
