@@ -70,16 +70,11 @@ void MenuBars::Free(std::int64_t number) {
     if (bar == nullptr) {
         return;
     }
-    if (builder.Bar() == bar) {
-        builder = MenuBuilder(nullptr);
-    }
-    const bool isOnShow = window != nullptr && window->Layout().MenuBar() == bar;
-    QzMenuBar* const next = isOnShow ? PlainBar(*window) : nullptr;
     if (mainBar == bar) {
-        mainBar = next;
+        mainBar = nullptr;
     }
-    if (isOnShow) {
-        window->Layout().SetMenuBar(next);
+    if (window != nullptr && window->Layout().MenuBar() == bar) {
+        window->Layout().SetMenuBar(PlainBar(*window));
     }
     Retire(bar);  // the choice of one of its items may be under way
 }

@@ -97,10 +97,15 @@ TEST_F(ComboBoxTest, EditableFormKeepsItsStateByItself) {
     SetGadgetItemText(1, 1, u"new");
     EXPECT_EQ(GetGadgetText(1), u"a") << "the field is left alone";
     EXPECT_EQ(GetGadgetState(1), 1);
-    static_cast<QComboBox*>(View(1))->showPopup();
+    auto& box = static_cast<QComboBox&>(*View(1));
+    box.showPopup();
     ForgetEvents();
-    ClearGadgetItems(1);
     EXPECT_EQ(GetGadgetState(1), 2) << "the last item that the list showed";
+    QModelRoleData shown(Qt::DisplayRole);
+    box.model()->multiData(box.model()->index(0, 0), shown);
+    EXPECT_EQ(shown.data().toString(), "first");
+    ClearGadgetItems(1);
+    EXPECT_EQ(GetGadgetState(1), 0);
     SetGadgetState(1, -1);
     EXPECT_EQ(GetGadgetText(1), u"");
     EXPECT_EQ(Taken(), "");
@@ -109,11 +114,11 @@ TEST_F(ComboBoxTest, EditableFormKeepsItsStateByItself) {
 TEST_F(ComboBoxTest, ShowsImagesWhereItsFlagSays) {
     QImage red(16, 16, QImage::Format_RGB32);
     red.fill(Qt::red);
-    for (const std::uint32_t flags : {0U, ComboBoxImages}) {
+    for (const std::uint32_t flags : {0U, ComboBoxImages, ComboBoxImages | ComboBoxEditable}) {
         Create({u""}, flags);
         SetGadgetState(1, 0);
         SetGadgetItemImage(1, 0, ToHandle<NativeImage>(&red));
-        EXPECT_EQ(View(1)->grab().toImage().pixel(12, 10) == 0xFFFF0000, flags != 0);
+        EXPECT_EQ(View(1)->grab().toImage().pixel(12, 10) == 0xFFFF0000, flags == ComboBoxImages);
     }
 }
 
