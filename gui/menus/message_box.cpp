@@ -122,6 +122,10 @@ void MessageBox::reject() {
     }
 }
 
+void MessageBox::done(int) {
+    Give(NoAnswer);
+}
+
 void MessageBox::keyPressEvent(QKeyEvent* event) {
     // The buttons have the focus; the keys that scroll are nothing to them.
     if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {

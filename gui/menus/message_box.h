@@ -35,6 +35,8 @@ class MessageBox final : public QDialog {
 
     // What Escape and the close box do.
     void reject() override;
+    // However else the toolkit ends the box, it is without an answer.
+    void done(int) override;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
