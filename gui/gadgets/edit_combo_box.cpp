@@ -34,12 +34,12 @@ class Qz_NSComboBox final : public QzComboBoxView, public FirstResponderView {
         setLineEdit(entry);
         setInsertPolicy(NoInsert);
         setCompleter(nullptr);
-        setModel(&Source);
+        setModel(&Items);
         // At the end of editing the toolkit would look the text up, asking for every row, and it
         // would take the new text of an item into the field.
         disconnect(entry, &QLineEdit::returnPressed, this, nullptr);
         disconnect(entry, &QLineEdit::editingFinished, this, nullptr);
-        disconnect(&Source, &QAbstractItemModel::dataChanged, this, nullptr);
+        disconnect(&Items, &QAbstractItemModel::dataChanged, this, nullptr);
     }
 
     void SetStringValue(const QString& value) override { entry->ShowText(value); }
@@ -53,7 +53,7 @@ class Qz_NSComboBox final : public QzComboBoxView, public FirstResponderView {
     void BecomeFirstResponder() override { SendEvent(Focus); }
     void TextDidEndEditing() override { SendEvent(LostFocus); }
 
-    DataSource Source;
+    DataSource Items;
 
   private:
     QzTextEntry* const entry;  // the box owns it
@@ -64,17 +64,17 @@ class QzEditComboBoxGadgetFunctions final : public QzComboBoxGadgetFunctions {
     void SetGadgetState(std::int64_t state) override {
         if (state == -1 || Item(state) != nullptr) {
             Select(static_cast<int>(state), ToQString(GetGadgetItemText(state, 0)));
-            View().Source.SelectedIndex = static_cast<std::int32_t>(state);
+            View().Items.SelectedIndex = static_cast<std::int32_t>(state);
         }
     }
-    std::int64_t GetGadgetState() const override { return View().Source.SelectedIndex; }
+    std::int64_t GetGadgetState() const override { return View().Items.SelectedIndex; }
 
     void SetGadgetText(std::u16string_view text) override {
         const QString folded = FoldedItem(text);
         const int found = FindItem(folded);
-        const std::int32_t before = View().Source.SelectedIndex;
+        const std::int32_t before = View().Items.SelectedIndex;
         Select(found, folded);
-        View().Source.SelectedIndex = found >= 0 ? found : before;
+        View().Items.SelectedIndex = found >= 0 ? found : before;
     }
 
   private:
@@ -87,12 +87,12 @@ class QzEditComboBoxGadgetFunctions final : public QzComboBoxGadgetFunctions {
     // Nor does what the toolkit asks for and takes into the field meanwhile count.
     void ChangeList(const std::function<void()>& change) override {
         const QString text = View().currentText();
-        const std::int32_t index = View().Source.SelectedIndex;
+        const std::int32_t index = View().Items.SelectedIndex;
         QzComboBoxGadgetFunctions::ChangeList(change);
         if (View().currentText() != text) {
             View().SetStringValue(text);
         }
-        View().Source.SelectedIndex = index;
+        View().Items.SelectedIndex = index;
     }
 };
 
