@@ -136,7 +136,6 @@ void AddJoinedDiscs(QPainterPath& outline, const DotRow& row, double diameter, d
         const double last = std::min(first + most - 1, row.Steps);
         outline.addPolygon(Placed(row.First, row.Direction)
                                .map(JoinedDiscs(row, diameter, first, last, precision)));
-        outline.closeSubpath();
     }
 }
 
@@ -160,7 +159,6 @@ void PaintJoined(QPainter& painter, const std::vector<DotRow>& rows, const DotSt
         } else {
             outline.addPolygon(
                 Placed(row.First, row.Direction).map(JoinedSquares(style.Size, length)));
-            outline.closeSubpath();
         }
     }
     painter.drawPath(outline);
