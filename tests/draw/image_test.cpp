@@ -52,6 +52,7 @@ TEST_F(ImageTest, CanBeMadeUpToTheLimits) {
         EXPECT_EQ(ImageResize(source, width, height, ResizeNearestPixel), possible) << width;
         EXPECT_EQ(SizeOf(source).width(), possible ? width : 4);
     }
+    EXPECT_EQ(ImageGrab(99, AnyNumber, 0, 0, 4, 4), 0) << "of none";
 }
 
 TEST_F(ImageTest, GrabsWhatLiesInsideAndPadsWithWhite) {

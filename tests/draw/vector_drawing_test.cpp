@@ -271,6 +271,11 @@ TEST_F(VectorDrawingTest, TakesAnyNumber) {
         PathStrokeDotted(1, number, StrokeKeepPath | StrokeRoundEnd);
         PathFill();
     }
+    const std::int64_t image = Start();
+    PathMoveTo(std::nan(""), 5);
+    PathLineTo(9, 5);
+    PathStroke(1);
+    EXPECT_EQ(InkIn(image).Covered, QRect(0, 5, 10, 1));
 }
 
 }  // namespace
