@@ -149,6 +149,10 @@ TEST_F(EventQueueTest, DataLivesUntilTheNextEventIsTaken) {
     EXPECT_EQ(calls, "a gone;");
     TakeEvent();
     EXPECT_EQ(calls, "a gone;b gone;");
+    BindEvent([] { TakeEvent(); }, RightClick);
+    QueueEvent(GadgetActivity, 1, 0, 0, &names[0], release);
+    QueueEvent(RightClick, 0, 0, 0);
+    EXPECT_EQ(calls, "a gone;b gone;a gone;") << "a binding took it";
 }
 
 TEST_F(EventQueueTest, CallbacksThatTakeEventsRobNobody) {

@@ -1,4 +1,5 @@
 #include <QFocusFrame>
+#include <QScreen>
 #include <QTest>
 #include <QWindow>
 
@@ -23,6 +24,8 @@ TEST_F(GadgetTest, LivesFromItsCreationUntilItIsFreed) {
     StringGadgetCreate(5, 0, 0, 50, 20, u"second");
     const std::int64_t automatic = ButtonGadgetCreate(AnyNumber, 0, 0, 50, 20, u"Bed && <b>");
     EXPECT_EQ(GetGadgetText(5) + GetGadgetText(automatic), u"secondBed && <b>");
+    SetGadgetState(automatic, 5);
+    EXPECT_EQ(GetGadgetState(automatic), 1);
     EXPECT_EQ(ButtonGadgetCreate(-2, 0, 0, 50, 20, u"x"), 0);
     delete View(automatic);
     EXPECT_FALSE(GadgetExists(automatic)) << "a record never outlives its view";
@@ -105,6 +108,9 @@ TEST_F(GadgetTest, IsPlacedInTheCurrentContainer) {
     box->move(40, 30);
     QzGadgetList& list = *QzGadgetList::CurrentList();
     list.Push(ToHandle<NativeView>(box));
+    EXPECT_EQ(QzGadgetList::SetWindow(nullptr), WindowNativeHandle(0));
+    EXPECT_EQ(StringGadgetCreate(1, 5, 6, 70, 20), 0);
+    QzGadgetList::SetWindow(WindowNativeHandle(0));
     StringGadgetCreate(1, 5, 6, 70, 20);
     const QPoint inner(int(WindowGetX(0, InnerContent)), int(WindowGetY(0, InnerContent)));
     const QPoint places[] = {{5, 6}, inner + QPoint(45, 36), {45, 36}};
@@ -145,6 +151,7 @@ TEST_F(GadgetTest, HasColours) {
             EXPECT_EQ(GetGadgetColor(gadget, type), own);
             EXPECT_NE(middle(), QColor(Qt::green));
         }
+        EXPECT_EQ(GetGadgetColor(gadget, GadgetBackColor + 1), 0);
     }
     DisableGadget(2, 1);
     EXPECT_NE(GetGadgetColor(2, GadgetFrontColor), 0xFF00FF00);
@@ -232,6 +239,13 @@ TEST_F(CanvasTest, ShowsWhereTheKeyboardIsBesideWhatIsDrawn) {
     FreeGadget(1);
     ForgetEvents();
     EXPECT_EQ(Content(0)->findChild<QFocusFrame*>(), nullptr);
+}
+
+TEST_F(CanvasTest, ShowsANewBackgroundAtOnce) {
+    SetGadgetColor(1, GadgetBackColor, 0xFF00FF00);
+    ForgetEvents();
+    const QPixmap screen = Native(0)->screen()->grabWindow(Native(0)->winId(), 10, 10, 50, 40);
+    EXPECT_EQ(screen.toImage().pixelColor(25, 20), QColor(Qt::green));
 }
 
 TEST_F(GadgetTest, ImageGadgetTakesTheImagesSize) {

@@ -117,6 +117,7 @@ TEST_F(RequesterTest, LongTextsScroll) {
             EXPECT_TRUE(box.screen()->availableGeometry().contains(box.frameGeometry()));
             EXPECT_TRUE(box.rect().contains(last.geometry()));
             const auto& area = *box.findChild<QScrollArea*>();
+            EXPECT_GT(last.y(), area.geometry().bottom());
             EXPECT_EQ(area.verticalScrollBar()->maximum() > 0, each.ScrollsDown);
             EXPECT_EQ(area.horizontalScrollBar()->maximum() > 0, each.ScrollsAcross);
             QTest::keyClick(box.focusWidget(), Qt::Key_PageDown);

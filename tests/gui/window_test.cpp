@@ -61,6 +61,10 @@ TEST_F(WindowTest, HasTheNumberPlaceAndSizeItWasGiven) {
     EXPECT_EQ(Content(WindowCreate(AnyNumber, 0, 0, 70, 80)), QSize(70, 80));
     WindowDestroy(AnyNumber);
     EXPECT_EQ(Content(3), QSize(0, 0));
+    WindowCreate(3, 0, 0, 200, 100, u"", WindowResizable);
+    MenuCreate(0, WindowNativeHandle(3));
+    Native(3)->resize(200, 0);
+    EXPECT_GT(Native(3)->height(), 10) << "the menu bar can always be reached";
     EXPECT_EQ(WindowCreate(0, 0, 0, 32768, 10) + WindowCreate(-2, 0, 0, 10, 10), 0);
 }
 
@@ -115,7 +119,7 @@ TEST_F(WindowTest, ClosesWithAllThatBelongsToIt) {
 }
 
 TEST_F(WindowTest, HandsTheKeyboardBack) {
-    const auto keyAfterClosing2 = [](void (*meanwhile)()) {
+    const auto keyAfterClosing2 = [](auto meanwhile) {
         WindowDestroy(AnyNumber);
         for (const std::int64_t window : {0, 1, 2}) {
             WindowCreate(window, 0, 0, 200, 100);
@@ -129,8 +133,16 @@ TEST_F(WindowTest, HandsTheKeyboardBack) {
     EXPECT_EQ(keyAfterClosing2([] {}), 1);
     EXPECT_EQ(keyAfterClosing2([] { WindowShow(1, Hidden); }), 0) << "else the first visible one";
     EXPECT_EQ(keyAfterClosing2([] { WindowDestroy(1); }), 0);
+    QWindow others;
+    const auto activateOthers = [&others] {
+        others.show();
+        others.requestActivate();
+    };
+    EXPECT_EQ(keyAfterClosing2(activateOthers), -1) << "another program keeps it";
+    others.hide();
     EXPECT_EQ(keyAfterClosing2([] { WindowActivate(0); }), 0) << "2 did not have it";
     WindowCreate(3, 10, 20, 200, 100, u"", WindowHidden);
+    EXPECT_EQ(Frame(3).topLeft(), QPoint(10, 20));
     WindowActivate(3);
     EXPECT_EQ(Key(), 0);
     WindowShow(3, Shown);
