@@ -20,7 +20,9 @@ class DataSource final : public QStandardItemModel {
     }
     // The list asks for several roles at a time.
     void multiData(const QModelIndex& index, QModelRoleDataSpan roles) const override {
-        QAbstractItemModel::multiData(index, roles);
+        for (QModelRoleData& each : roles) {
+            each.setData(data(index, each.role()));
+        }
     }
 
     mutable std::int32_t SelectedIndex = -1;
