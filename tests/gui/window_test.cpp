@@ -53,6 +53,7 @@ TEST_F(WindowTest, HasTheNumberPlaceAndSizeItWasGiven) {
     EXPECT_EQ(Native(3)->windowHandle()->title(), "a[*]b");
     MenuCreate(0, WindowNativeHandle(3));
     EXPECT_EQ(Content(3), QSize(200, 100)) << "the menu bar takes nothing from the content";
+    EXPECT_EQ(WindowGetY(3, InnerContent), Native(3)->ContentView()->mapToGlobal(QPoint()).y());
     WindowSetBounds(3, IgnoreValue, 50, 210, IgnoreValue);
     EXPECT_EQ(Frame(3).topLeft(), QPoint(30, 50));
     EXPECT_EQ(Content(3), QSize(210, 100));
