@@ -12,7 +12,7 @@ namespace rotavel {
 // What can be done with a gadget (a control inside a window) of any kind, by its number. Each kind
 // has a header with its creation function, flags and what these operations mean to it; an operation
 // that a kind does not serve does nothing and returns 0 or an empty text, as does every operation
-// on a number that is not open.
+// on a number that is not open; only GetGadgetFont returns AnyNumber then.
 //
 // A creation function takes a number (0 and up, or AnyNumber, -1, for an automatic one; a gadget
 // that holds the number is freed first), a position in the current container and a size, all in
@@ -68,7 +68,7 @@ std::int64_t GetGadgetAttribute(GadgetNumber number, std::int64_t attribute);
 // Sets the font (a number of font.h, or AnyNumber for the system's own) of a gadget or, for gadget
 // AnyNumber, of every gadget created from now on.
 void SetGadgetFont(GadgetNumber number, std::int64_t font);
-// The number of the font set, AnyNumber for none or when the number is not open.
+// The number of the font set, AnyNumber for none.
 std::int64_t GetGadgetFont(GadgetNumber number);
 
 // Colours are 32-bit RGBA, red in the lowest byte; NoGadgetColor stands for the kind's own.
