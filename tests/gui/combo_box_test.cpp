@@ -152,6 +152,7 @@ TEST_F(ComboBoxTest, EditableFormReportsEditsAndDrops) {
         while (WaitForEvent(0) != 0 && CurrentEventKind() != DropOnGadget) {
         }
         EXPECT_EQ(EventDropText(), isGadgets ? u"dropped" : u"");
+        EXPECT_TRUE(!isGadgets || CurrentEventObject() == 1);
         EXPECT_EQ(GetGadgetText(1), isGadgets ? u"" : u"dropped");
     }
 }
