@@ -15,6 +15,7 @@ open_stage "$1" tour
 echo "The first start writes the motorcycles; the last model of a long menu can be reached"
 start
 [[ $(wc -c <"$settings") == 17404 ]] || fail "$settings: expected 17404 bytes"
+[[ $(readlink "/proc/$program/cwd") == "$folder" ]] || fail "it works in another folder than its own"
 open_models
 picture 1-menu
 choose_last_model
