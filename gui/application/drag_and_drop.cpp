@@ -1,7 +1,11 @@
 #include "gui/drag_and_drop.h"
 
+#include <QComboBox>
+#include <QLineEdit>
+
 #include "gui/event_queue.h"
-#include "gui/gadgets/gadget_view.h"
+#include "gui/gadgets/gadget_registry.h"
+#include "gui/windows/drop_target.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/window_record.h"
 
@@ -9,13 +13,18 @@ namespace rotavel {
 
 void EnableGadgetDrop(GadgetNumber gadget, bool state) {
     if (const GadgetRecord* const record = GadgetRegistry().Find(gadget)) {
-        dynamic_cast<QzTaggedView&>(*record->View).TakeGadgetDrops(state);
+        TakeDrops(*record->View, state, DropOnGadget, gadget);
+        // The field of an editable combo box lies over the whole of it.
+        const auto* const comboBox = qobject_cast<QComboBox*>(record->View);
+        if (comboBox != nullptr && comboBox->isEditable()) {
+            comboBox->lineEdit()->setAcceptDrops(!state);
+        }
     }
 }
 
 void EnableWindowDrop(WindowNumber window, bool state) {
     if (const WindowRecord* const record = WindowRegistry().Find(window)) {
-        record->Window->ContentView()->TakeDrops(state, DropOnWindow, window);
+        TakeDrops(*record->Window->ContentView(), state, DropOnWindow, window);
     }
 }
 

@@ -11,9 +11,9 @@ namespace rotavel {
 
 namespace {
 
-class QzButtonGadgetView final : public QzGadgetView<QPushButton>, public QzControl {
+class QzButtonGadgetView final : public QPushButton, public QzTaggedView, public QzControl {
   public:
-    explicit QzButtonGadgetView(QWidget* container) : QzGadgetView(container) {
+    explicit QzButtonGadgetView(QWidget* container) : QPushButton(container) {
         connect(this, &QPushButton::clicked, this, [this] { RunEventHandler(); });
     }
 
@@ -25,7 +25,7 @@ class QzButtonGadgetView final : public QzGadgetView<QPushButton>, public QzCont
     void keyPressEvent(QKeyEvent* event) override {
         const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
         if (!isReturn) {
-            QzGadgetView::keyPressEvent(event);
+            QPushButton::keyPressEvent(event);
         } else if (!event->isAutoRepeat()) {
             click();
         }

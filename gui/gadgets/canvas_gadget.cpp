@@ -51,9 +51,9 @@ std::optional<QPoint> StepOf(const QKeyEvent& key) {
     }
 }
 
-class Qz_CanvasView final : public QzGadgetView<QWidget> {
+class Qz_CanvasView final : public QWidget, public QzTaggedView {
   public:
-    explicit Qz_CanvasView(QWidget* container) : QzGadgetView(container) {
+    explicit Qz_CanvasView(QWidget* container) : QWidget(container) {
         setAttribute(Qt::WA_OpaquePaintEvent);
         setFocusPolicy(Qt::TabFocus);
         SetAccessibleRole(*this, QAccessible::Graphic);
@@ -91,7 +91,7 @@ class Qz_CanvasView final : public QzGadgetView<QWidget> {
         } else if (event->type() == QEvent::Hide || event->type() == QEvent::WindowDeactivate) {
             PassPointer(Pointer::Away);
         }
-        return QzGadgetView::event(event);
+        return QWidget::event(event);
     }
     // Of the native window.
     bool eventFilter(QObject*, QEvent* event) override {

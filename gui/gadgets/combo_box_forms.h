@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QIcon>
 #include <QStandardItemModel>
+#include <QWheelEvent>
 
 #include "gui/gadgets/gadget_creation.h"
 #include "gui/gadgets/gadget_view.h"
@@ -16,7 +17,7 @@ namespace rotavel {
 // turn of the wheel over them neither chooses nor takes the keyboard, and a command key chooses no
 // item. Each choice of the user's runs the event handler, also of the item that is selected
 // already.
-class QzComboBoxView : public QzGadgetView<QComboBox>, public QzControl {
+class QzComboBoxView : public QComboBox, public QzTaggedView, public QzControl {
   public:
     explicit QzComboBoxView(QWidget* container);
 

@@ -26,7 +26,7 @@ const QIcon& BlankImage() {
 
 }  // namespace
 
-QzComboBoxView::QzComboBoxView(QWidget* container) : QzGadgetView(container) {
+QzComboBoxView::QzComboBoxView(QWidget* container) : QComboBox(container) {
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setFocusPolicy(Qt::StrongFocus);
     connect(this, &QComboBox::activated, this, [this] { RunEventHandler(); });
@@ -36,7 +36,7 @@ void QzComboBoxView::keyPressEvent(QKeyEvent* event) {
     if (!isEditable() && IsCommandKey(*event)) {
         event->ignore();  // the toolkit would look for an item that begins so
     } else {
-        QzGadgetView::keyPressEvent(event);
+        QComboBox::keyPressEvent(event);
     }
 }
 

@@ -46,12 +46,6 @@ class Qz_NSComboBox final : public QzComboBoxView, public FirstResponderView {
 
     void SetStringValue(const QString& value) override { entry->ShowText(value); }
 
-    // The field lies over the whole of the box.
-    void TakeGadgetDrops(bool takes) override {
-        QzComboBoxView::TakeGadgetDrops(takes);
-        entry->setAcceptDrops(!takes);
-    }
-
     void BecomeFirstResponder() override { SendEvent(Focus); }
     void TextDidEndEditing() override { SendEvent(LostFocus); }
 

@@ -19,12 +19,15 @@ namespace {
 NumberedObjects<GadgetRecord> registry;
 
 void FreeRecord(GadgetNumber number, GadgetRecord& record) {
-    if (auto* const tagged = dynamic_cast<QzTaggedView*>(record.View)) {
-        tagged->SetAlreadyDestroyed(true);
-    }
     QzGadgetList::RemoveView(ToHandle<NativeView>(record.Container));
     record.Functions->FreeGadget();
     registry.Remove(number);
+}
+
+// The view lives on for a while.
+void FreeRecordOnly(GadgetNumber number, GadgetRecord& record) {
+    dynamic_cast<QzTaggedView&>(*record.View).SetAlreadyDestroyed(true);
+    FreeRecord(number, record);
 }
 
 // Frees the gadgets that match and are there now: a callback may create one for each that goes, and
@@ -58,7 +61,7 @@ void FreeOne(GadgetNumber number, const GadgetRecord& record) {
     if (container == nullptr || present == nullptr || present->Container != container) {
         return;
     }
-    FreeRecord(number, *present);
+    FreeRecordOnly(number, *present);
     // A binding may have given it the keyboard back, and hiding would pass that on.
     TakeKeyboardFrom(*container);
     container->hide();
@@ -84,7 +87,7 @@ class GadgetObserver final : public WindowObserver {
         for (auto next = registry.First(); next.second != nullptr;
              next = registry.After(next.first)) {
             if (QzWindow::Of(next.second->Container) == &window) {
-                FreeRecord(next.first, *next.second);
+                FreeRecordOnly(next.first, *next.second);
             }
         }
     }

@@ -6,11 +6,8 @@
 #include <limits>
 
 #include <QString>
-#include <QWidget>
 
-#include "gui/events/event_posting.h"
 #include "gui/gadgets/gadget_registry.h"
-#include "gui/windows/drop_target.h"
 
 namespace rotavel {
 
@@ -29,14 +26,18 @@ class QzControl {
     }
 };
 
-// What every native view of a gadget carries: the gadget's number, and whether its record is gone.
+// What every native view of a gadget carries beside the toolkit's widget: the gadget's number, and
+// whether its record is gone. The view takes its record along when it goes, whoever deletes it.
 class QzTaggedView {
   public:
-    virtual ~QzTaggedView() = default;
+    virtual ~QzTaggedView() {
+        if (!Qz_alreadyDestroyed) {
+            FreeGadgetRecord(Qz_tag);
+        }
+    }
     void SetTag(std::int64_t tag) { Qz_tag = tag; }
     void SetAlreadyDestroyed(bool destroyed) { Qz_alreadyDestroyed = destroyed; }
     std::int64_t Tag() const { return Qz_tag; }
-    virtual void TakeGadgetDrops(bool takes) = 0;
 
     // Post GadgetActivity for the gadget, and run its event handler. Nothing happens once the
     // gadget is gone: the view lives on for a while, and its number may be another's by then.
@@ -51,30 +52,15 @@ class QzTaggedView {
         }
     }
 
-  protected:
-    std::int64_t Qz_tag = -1;
-    bool Qz_alreadyDestroyed = false;
-
   private:
     QzGadgetFunctions* Functions() const {
         const GadgetRecord* const record =
             Qz_alreadyDestroyed ? nullptr : GadgetRegistry().Find(Qz_tag);
         return record == nullptr ? nullptr : record->Functions.get();
     }
-};
 
-// A toolkit widget as a gadget's view: takes its record along when it goes, whoever deletes it.
-template <typename Base>
-class QzGadgetView : public QzDropTarget<Base>, public QzTaggedView {
-  public:
-    using QzDropTarget<Base>::QzDropTarget;
-    ~QzGadgetView() override {
-        if (!Qz_alreadyDestroyed) {
-            FreeGadgetRecord(Qz_tag);
-        }
-    }
-
-    void TakeGadgetDrops(bool takes) override { this->TakeDrops(takes, DropOnGadget, Qz_tag); }
+    std::int64_t Qz_tag = -1;
+    bool Qz_alreadyDestroyed = false;
 };
 
 }  // namespace rotavel

@@ -15,9 +15,9 @@ namespace rotavel {
 
 namespace {
 
-class Qz_NSImageView final : public QzGadgetView<QFrame>, public QzControl {
+class Qz_NSImageView final : public QFrame, public QzTaggedView, public QzControl {
   public:
-    using QzGadgetView::QzGadgetView;
+    using QFrame::QFrame;
 
     void SetImage(const QImage& newImage) {
         image = newImage;

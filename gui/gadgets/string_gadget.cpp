@@ -19,10 +19,10 @@ namespace rotavel {
 namespace {
 
 // What the two views of a string field share.
-class QzStringField : public QzGadgetView<QzTextEntry>, public QzControl {
+class QzStringField : public QzTextEntry, public QzTaggedView, public QzControl {
   public:
     explicit QzStringField(QWidget* container)
-        : QzGadgetView(container, [this] { SendEvent(Change); }) {}
+        : QzTextEntry(container, [this] { SendEvent(Change); }) {}
 
     void SetStringValue(const QString& value) override { ShowText(value); }
     QString StringValue() const override { return text(); }

@@ -10,9 +10,9 @@ namespace rotavel {
 
 namespace {
 
-class Qz_NSTextField final : public QzGadgetView<QLabel>, public QzControl {
+class Qz_NSTextField final : public QLabel, public QzTaggedView, public QzControl {
   public:
-    explicit Qz_NSTextField(QWidget* container) : QzGadgetView(container) {
+    explicit Qz_NSTextField(QWidget* container) : QLabel(container) {
         setTextFormat(Qt::PlainText);
     }
 

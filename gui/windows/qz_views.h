@@ -5,15 +5,14 @@
 #include <QWidget>
 
 #include "gui/windows/click_count.h"
-#include "gui/windows/drop_target.h"
 
 namespace rotavel {
 
 // The content view of every window: holds the gadgets, and reports painting and the clicks that no
 // gadget takes.
-class QzFlippedWindowView final : public QzDropTarget<QWidget> {
+class QzFlippedWindowView final : public QWidget {
   public:
-    explicit QzFlippedWindowView(QWidget* window) : QzDropTarget(window) {}
+    explicit QzFlippedWindowView(QWidget* window) : QWidget(window) {}
 
     std::int64_t WindowID = -1;
 
