@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <compare>
 #include <numbers>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -28,11 +28,14 @@ struct DotRow {
     double Steps;       // from the first to the last, a whole number
 };
 
+// A place and the direction of the shape on it.
 struct Dot {
-    QPointF Place;
-    QPointF Direction;
+    double X;
+    double Y;
+    double DirectionX;
+    double DirectionY;
 
-    auto Order() const { return std::tuple(Place.y(), Place.x(), Direction.y(), Direction.x()); }
+    auto operator<=>(const Dot&) const = default;
 };
 
 // The part of a line, as fractions of its length, that lies inside a rectangle; first above second
@@ -196,19 +199,21 @@ void PaintApart(QPainter& painter, const std::vector<DotRow>& rows, const DotSty
     for (const auto& [first, direction, distance, steps] : rows) {
         const QPointF turn = style.Round ? QPointF(1, 0) : InFirstQuarter(direction);
         for (double i = 0; i <= steps; ++i) {
-            dots.push_back({first + direction * (i * distance), turn});
+            const QPointF place = first + direction * (i * distance);
+            dots.push_back({place.x(), place.y(), turn.x(), turn.y()});
         }
     }
     // Where lines cross, a dot painted twice would have darker edges than the others.
-    std::sort(dots.begin(), dots.end(),
-              [](const Dot& one, const Dot& other) { return one.Order() < other.Order(); });
-    dots.erase(
-        std::unique(dots.begin(), dots.end(),
-                    [](const Dot& one, const Dot& other) { return one.Order() == other.Order(); }),
-        dots.end());
+    std::sort(dots.begin(), dots.end());
+    dots.erase(std::unique(dots.begin(), dots.end()), dots.end());
     const QPolygonF shape = style.Round ? Disc(style.Size, precision) : Square(style.Size);
-    for (const auto& [place, direction] : dots) {
-        painter.drawConvexPolygon(Placed(place, direction).map(shape));
+    QPolygonF placed = shape;
+    for (const Dot& dot : dots) {
+        std::transform(shape.begin(), shape.end(), placed.begin(), [&dot](QPointF corner) {
+            return QPointF(dot.X + corner.x() * dot.DirectionX - corner.y() * dot.DirectionY,
+                           dot.Y + corner.x() * dot.DirectionY + corner.y() * dot.DirectionX);
+        });
+        painter.drawConvexPolygon(placed);
     }
 }
 
