@@ -92,6 +92,12 @@ std::string TakenOf(const Names& names) {
     return taken;
 }
 
+// A window manager that is busy gives a new window the keyboard some time later.
+QWindow* WindowWithKeyboard() {
+    const auto isThere = [] { return QGuiApplication::focusWindow() != nullptr; };
+    return QTest::qWaitFor(isThere) ? QGuiApplication::focusWindow() : nullptr;
+}
+
 void ClickNative(QWidget& widget, QPoint place) {
     QWidget& window = *widget.window();
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, widget.mapTo(&window, place));
@@ -147,12 +153,12 @@ std::int64_t KeyWindowNumber() {
 
 void Type(std::string_view text) {
     for (const char each : text) {
-        QTest::keyClick(QGuiApplication::focusWindow(), each);
+        QTest::keyClick(WindowWithKeyboard(), each);
     }
 }
 
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    QTest::keyClick(QGuiApplication::focusWindow(), key, modifiers);
+    QTest::keyClick(WindowWithKeyboard(), key, modifiers);
 }
 
 void Click(std::int64_t gadget) {
