@@ -1,19 +1,19 @@
 #pragma once
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
-#include <unistd.h>
 
 namespace rotavel::tests {
 
-// A folder of this test program that disappears with the object.
+// A new folder that disappears with the object.
 class TemporaryFolder {
   public:
-    TemporaryFolder()
-        : path(std::filesystem::temp_directory_path() / ("rotavel_" + std::to_string(getpid()))) {
-        std::filesystem::create_directory(path);
+    TemporaryFolder() {
+        std::string name = std::filesystem::temp_directory_path() / "rotavel_XXXXXX";
+        path = mkdtemp(name.data());
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
