@@ -16,6 +16,7 @@ RANDOM=${3:-1}
 keys=(0 1 2 3 5 7 8 9 period comma minus x Tab Tab shift+Tab Return space Escape Up Down Left Right
     shift+Left shift+Up Home End Prior Next BackSpace Delete ctrl+a ctrl+c ctrl+v ctrl+x ctrl+z
     alt+f alt+h F10 Menu F4 alt+Down alt+F4 alt+F4 ctrl+q)
+mapfile -t releases < <(printf 'keyup\n%s\n' ctrl alt shift "${keys[@]##*+}")
 modes=(1024x768 small tiny)
 round=40 # actions
 downs="Down Down Down Down Down Down Down Down Down Down Down"
@@ -102,8 +103,10 @@ for ((done = 0; done < actions; done += round)); do
             act
         done
     } >"$folder/actions"
-    # A window that closes meanwhile may end xdotool too.
+    # A window that closes meanwhile may end xdotool too, and so does its time. A key that it leaves
+    # down repeats: Ctrl+Q would end the next program before it is seen.
     timeout "$patience" xdotool - <"$folder/actions" 2>/dev/null || true
+    xdotool mouseup 1 "${releases[@]}"
     disturb
     if has_ended "$program" 2>/dev/null; then
         expect_end
