@@ -55,3 +55,10 @@ build/release/bench/window_clock chart "$charts" "$folder/59/bin/Rotavel"
 build/release/bench/chart_bench
 build/release/bench/settings_bench
 build/release/bench/settings_peers_bench
+echo "The first open of a process, as a start has it"
+for bench in settings_bench settings_peers_bench; do
+    for open in $(build/release/bench/$bench --benchmark_list_tests | grep ^Open); do
+        build/release/bench/$bench --benchmark_filter="^$open\$" --benchmark_min_time=0.0001 \
+            2>/dev/null | tail -n 1
+    done
+done
