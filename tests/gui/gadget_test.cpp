@@ -29,17 +29,6 @@ TEST_F(GadgetTest, LivesFromItsCreationUntilItIsFreed) {
     EXPECT_EQ(ButtonGadgetCreate(-2, 0, 0, 50, 20, u"x"), 0);
     delete View(automatic);
     EXPECT_FALSE(GadgetExists(automatic)) << "a record never outlives its view";
-    FreeGadget(5);
-    // What is not open, or does not serve an operation, does nothing.
-    for (const bool isOpen : {false, true}) {
-        ActivateGadget(5);
-        ResizeGadget(5, 1, 2, 3, 4);
-        SetGadgetState(5, 1);
-        EXPECT_EQ(AddGadgetItem(5, -1, u"item") + GetGadgetState(5) + CountGadgetItems(5), 0);
-        EXPECT_EQ(GetGadgetText(5) + GetGadgetItemText(5, 0), u"");
-        EXPECT_EQ(GadgetWidth(5), isOpen ? 3 : 0);
-        TextGadgetCreate(5, 0, 0, 50, 20);
-    }
 }
 
 TEST_F(GadgetTest, FreesWhatItContains) {
@@ -104,59 +93,48 @@ TEST_F(GadgetTest, GetsTheKeyboardAndGivesItUp) {
 }
 
 TEST_F(GadgetTest, IsPlacedInTheCurrentContainer) {
+    const auto container = [] {
+        return StringGadgetCreate(1, 5, 6, 70, 20) == 0 ? nullptr : Container(1);
+    };
     auto* const box = new QWidget(Content(0));
     box->move(40, 30);
     QzGadgetList& list = *QzGadgetList::CurrentList();
     list.Push(ToHandle<NativeView>(box));
-    EXPECT_EQ(QzGadgetList::SetWindow(nullptr), WindowNativeHandle(0));
-    EXPECT_EQ(StringGadgetCreate(1, 5, 6, 70, 20), 0);
-    QzGadgetList::SetWindow(WindowNativeHandle(0));
-    StringGadgetCreate(1, 5, 6, 70, 20);
-    const QPoint inner(int(WindowGetX(0, InnerContent)), int(WindowGetY(0, InnerContent)));
-    const QPoint places[] = {{5, 6}, inner + QPoint(45, 36), {45, 36}};
-    for (const int mode : {InContainer, OnScreen, InWindow}) {
-        EXPECT_EQ(QPoint(int(GadgetX(1, mode)), int(GadgetY(1, mode))), places[mode]);
-    }
-    ResizeGadget(1, IgnoreValue, IgnoreValue, 80, IgnoreValue);
+    EXPECT_EQ(container(), box);
     ResizeGadget(1, 7, IgnoreValue, IgnoreValue, 25);
-    EXPECT_EQ(View(1)->geometry(), QRect(7, 6, 80, 25));
-    const auto container = [] {
-        return TextGadgetCreate(3, 0, 0, 10, 10) == 0 ? nullptr : Container(3);
-    };
+    EXPECT_EQ(View(1)->geometry(), QRect(7, 6, 70, 25));
+    EXPECT_EQ(GadgetX(1, InContainer), 7);
+    EXPECT_EQ(GadgetX(1, InWindow), 47);
+    EXPECT_EQ(GadgetX(1, OnScreen), WindowGetX(0, InnerContent) + 47);
     list.PushNoView();
     EXPECT_EQ(container(), nullptr);
-    list.Pop();
-    EXPECT_EQ(container(), box);
-    list.Pop();
-    list.Pop();
+    for (int level = 0; level < 3; ++level) {
+        list.Pop();
+    }
     EXPECT_EQ(container(), Content(0)) << "where an empty stack leads";
     WindowCreate(1, 0, 0, 50, 50, u"", WindowOutsideGadgetList);
     EXPECT_EQ(container(), Content(0));
     EXPECT_EQ(QzGadgetList::SetWindow(WindowNativeHandle(1)), WindowNativeHandle(0));
     EXPECT_EQ(container(), Content(1));
-    EXPECT_EQ(GadgetRegistry().Find(3)->Window, 1);
+    EXPECT_EQ(GadgetRegistry().Find(1)->Window, 1);
+    QzGadgetList::SetWindow(nullptr);
+    EXPECT_EQ(container(), nullptr);
 }
 
-TEST_F(GadgetTest, HasColours) {
+TEST_F(GadgetTest, ShowsANewBackgroundAtOnce) {
     StringGadgetCreate(1, 0, 0, 100, 20);
     TextGadgetCreate(2, 0, 30, 100, 20);
-    for (const std::int64_t gadget : {1, 2}) {
-        const auto middle = [gadget] { return View(gadget)->grab().toImage().pixelColor(50, 10); };
-        for (const std::int64_t type : {GadgetFrontColor, GadgetBackColor}) {
-            const std::int64_t own = GetGadgetColor(gadget, type);
-            SetGadgetColor(gadget, type, 0xFF00FF00);
-            EXPECT_EQ(GetGadgetColor(gadget, type), 0xFF00FF00);
-            EXPECT_EQ(middle() == QColor(Qt::green), type == GadgetBackColor);
-            SetGadgetColor(gadget, type, NoGadgetColor);
-            EXPECT_EQ(GetGadgetColor(gadget, type), own);
-            EXPECT_NE(middle(), QColor(Qt::green));
+    CanvasGadgetCreate(3, 0, 60, 100, 20);
+    for (const std::int64_t gadget : {1, 2, 3}) {
+        for (const std::int64_t colour : {INT64_C(0xFF00FF00), NoGadgetColor}) {
+            SetGadgetColor(gadget, GadgetBackColor, colour);
+            ForgetEvents();
+            const QPoint place = View(gadget)->geometry().center();
+            const QPixmap screen = Native(0)->screen()->grabWindow(Native(0)->winId());
+            EXPECT_EQ(screen.toImage().pixelColor(place) == QColor(Qt::green),
+                      colour != NoGadgetColor);
         }
-        EXPECT_EQ(GetGadgetColor(gadget, GadgetBackColor + 1), 0);
     }
-    DisableGadget(2, 1);
-    EXPECT_NE(GetGadgetColor(2, GadgetFrontColor), 0xFF00FF00);
-    DisableGadget(2, 0);
-    EXPECT_EQ(GetGadgetColor(2, GadgetFrontColor), 0xFF00FF00) << "the colour set last";
 }
 
 class CanvasTest : public GadgetTest {
@@ -239,13 +217,6 @@ TEST_F(CanvasTest, ShowsWhereTheKeyboardIsBesideWhatIsDrawn) {
     FreeGadget(1);
     ForgetEvents();
     EXPECT_EQ(Content(0)->findChild<QFocusFrame*>(), nullptr);
-}
-
-TEST_F(CanvasTest, ShowsANewBackgroundAtOnce) {
-    SetGadgetColor(1, GadgetBackColor, 0xFF00FF00);
-    ForgetEvents();
-    const QPixmap screen = Native(0)->screen()->grabWindow(Native(0)->winId(), 10, 10, 50, 40);
-    EXPECT_EQ(screen.toImage().pixelColor(25, 20), QColor(Qt::green));
 }
 
 TEST_F(GadgetTest, ImageGadgetTakesTheImagesSize) {
