@@ -60,8 +60,6 @@ TEST_F(WindowTest, HasTheNumberPlaceAndSizeItWasGiven) {
     WindowCreate(3, IgnoreValue, 5, 50, 60);
     EXPECT_TRUE(IsCentred(3, Room()));
     EXPECT_EQ(Content(WindowCreate(AnyNumber, 0, 0, 70, 80)), QSize(70, 80));
-    WindowDestroy(AnyNumber);
-    EXPECT_EQ(Content(3), QSize(0, 0));
     WindowCreate(3, 0, 0, 200, 100, u"", WindowResizable);
     MenuCreate(0, WindowNativeHandle(3));
     Native(3)->resize(200, 0);
@@ -84,17 +82,6 @@ TEST_F(WindowTest, ReportsItsGeometry) {
     Native(1)->showNormal();
     EXPECT_EQ(TakenOfWindows().find("Maximized 1, Resized 1, Restored 1, Resized 1"), 0U);
     EXPECT_EQ(Content(1), QSize(220, 120));
-    Native(1)->showMaximized();
-    EXPECT_EQ(TakenOfWindows().find("Maximized 1, Resized 1"), 0U);
-    const QSize zoomed = Content(1);
-    WindowSetBounds(1, 60, 70, IgnoreValue, IgnoreValue);
-    EXPECT_EQ(TakenOfWindows(), "Moved 1") << "the program ends the zoom";
-    EXPECT_EQ(Frame(1).topLeft(), QPoint(60, 70));
-    EXPECT_EQ(Content(1), zoomed);
-    EXPECT_FALSE(Native(1)->isMaximized());
-    WindowCreate(2, 50, 50, 200, 100, u"", WindowStartZoomed);
-    EXPECT_EQ(Content(2), zoomed) << "at the first question";
-    EXPECT_EQ(TakenOfWindows().find("ized 2"), std::string::npos);
 }
 
 TEST_F(WindowTest, ClosesWithAllThatBelongsToIt) {
@@ -106,16 +93,14 @@ TEST_F(WindowTest, ClosesWithAllThatBelongsToIt) {
     WindowAddTimer(
         1, 1, [](void*) { ++ticks; }, nullptr);
     EXPECT_TRUE(QTest::qWaitFor([] { return ticks > 0; }));
-    for (const std::int64_t window : {1, 0, 1}) {
-        PostProgramEvent(MenuChosen, window, 7);
-    }
+    PostProgramEvent(MenuChosen, 1, 6);
+    PostProgramEvent(MenuChosen, 0, 7);
     WindowDestroy(1);
     ticks = 0;
     EXPECT_EQ(Taken(), "Menu 7");
     WaitForEvent(10);
     EXPECT_EQ(ticks, 0);
-    EXPECT_TRUE(GadgetExists(10));
-    EXPECT_FALSE(GadgetExists(11));
+    EXPECT_TRUE(GadgetExists(10) && !GadgetExists(11));
     EXPECT_EQ(TextGadgetCreate(11, 0, 0, 50, 20), 0) << "no window is current any more";
 }
 
@@ -143,7 +128,6 @@ TEST_F(WindowTest, HandsTheKeyboardBack) {
     others.hide();
     EXPECT_EQ(keyAfterClosing2([] { WindowActivate(0); }), 0) << "2 did not have it";
     WindowCreate(3, 10, 20, 200, 100, u"", WindowHidden);
-    EXPECT_EQ(Frame(3).topLeft(), QPoint(10, 20));
     WindowActivate(3);
     EXPECT_EQ(Key(), 0);
     WindowShow(3, Shown);
@@ -177,7 +161,7 @@ TEST_F(RealWindowTest, StacksAndActivates) {
     }
     WindowCreate(0, 100, 100, 300, 200);
     ForgetEvents();
-    // Never gets the keyboard by being shown: new, hidden before, or with a parent.
+    // Shown so it never gets the keyboard: new, hidden before, or with a parent.
     for (NativeWindow* const parent : {WindowNativeHandle(9), WindowNativeHandle(0)}) {
         WindowCreate(1, 120, 120, 100, 50, u"", WindowCloseBox | WindowNotActivated, parent);
         EXPECT_EQ(Key(), 0);
@@ -194,23 +178,18 @@ TEST_F(RealWindowTest, StacksAndActivates) {
     EXPECT_EQ(Key(), 0);
     EXPECT_EQ(TopmostAt(1, {50, 25}), 1) << "above its parent";
     WindowCreate(2, 90, 90, 400, 300, u"", WindowNotActivated);
-    ForgetEvents();
-    WindowShow(2, Shown, WindowNotActivated);
+    EXPECT_EQ(Key(), 0);
     EXPECT_EQ(TopmostAt(0, {250, 150}), 2);
     WindowActivate(0);
     EXPECT_EQ(TopmostAt(0, {250, 150}), 0) << "though it had the keyboard already";
-    BringToFront();
-    EXPECT_EQ(TopmostAt(0, {250, 150}), 0) << "it has the keyboard";
 }
 
 TEST_F(WindowTest, OnlyACloseBoxAsksToClose) {
-    for (const std::uint32_t flags : {WindowResizable, WindowBorderless,
-                                      WindowBorderless | WindowCloseBox, WindowMinimizeBox}) {
+    for (const std::uint32_t flags :
+         {WindowResizable, WindowBorderless | WindowCloseBox, WindowMinimizeBox}) {
         WindowCreate(1, 100, 100, 100, 50, u"", flags);
         for (const bool disables : {false, true, false}) {
             WindowDisable(1, disables);
-            WindowShow(1, Hidden);
-            WindowShow(1, Shown);
             ForgetEvents();
             AskToClose(1);
             const bool asks = flags == WindowMinimizeBox && !disables;
@@ -252,10 +231,9 @@ TEST_F(WindowTest, PopupKeepsItsPlaceWhereThereIsRoom) {
 
     // Where its owner reaches to the edge of the screen, the close box there stays free.
     WindowSetBounds(0, room.right() - 210, 100, IgnoreValue, IgnoreValue);
-    WindowSetBounds(2, WindowGetX(0) + WindowGetWidth(0, OuterFrame), 100, IgnoreValue,
-                    IgnoreValue);
-    ForgetEvents();
-    EXPECT_EQ(Frame(2).topLeft(), QPoint(inCorner.left(), int(WindowGetY(0, InnerContent))));
+    WindowSetBounds(2, Frame(0).right() + 1, 100, IgnoreValue, IgnoreValue);
+    EXPECT_EQ(show(room.topLeft()).topLeft(),
+              QPoint(inCorner.left(), int(WindowGetY(0, InnerContent))));
 }
 
 TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
@@ -275,8 +253,8 @@ TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
         ForgetEvents();
     };
     setHeight(tall);
-    EXPECT_EQ(Frame(1).width(), 300 + frame.width());
-    EXPECT_EQ(Frame(1).top(), room.top()) << "grown where it was, it would reach below the screen";
+    EXPECT_EQ(Frame(1), QRect(Frame(1).left(), room.top(), 300 + frame.width(), room.height()))
+        << "grown where it was, it would reach below the screen";
     EXPECT_FALSE(Native(1)->Layout().IsScrolled());
     setHeight(2024 + bar);
     EXPECT_EQ(Content(1), QSize(300, 2048));
