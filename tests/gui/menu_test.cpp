@@ -127,6 +127,7 @@ TEST_F(MenuTest, ShortcutsAreReadFromTheText) {
         {u"&Item\tCTRL+SHIFT+S", Qt::Key_S, Control | Qt::ShiftModifier},
         {u"Item\tcmd+alt+o", Qt::Key_O, Control | Alt},
         {u"Item\tF1+ALT+X+Y", Qt::Key_Y, Alt},
+        {u"Item\tCMD+,", Qt::Key_Comma, Control},           // Preferences cannot be chosen yet
         {u"Item\tCMD+Q", Qt::Key_Q, Control, "Menu -4@3"},  // the application menu comes first
     };
     for (const auto& [text, key, modifiers, result] : cases) {
@@ -139,8 +140,6 @@ TEST_F(MenuTest, ShortcutsAreReadFromTheText) {
         EXPECT_EQ(item.shortcut(), QKeySequence(QKeyCombination(modifiers, key)));
         EXPECT_EQ(After(key, modifiers), result);
     }
-    MenuItem(7, u"Comma\tCMD+,");
-    EXPECT_EQ(After(Qt::Key_Comma, Control), "Menu 7@3") << "Preferences cannot be chosen yet";
     MenuItem(PreferencesItem, u"");
     EXPECT_EQ(After(Qt::Key_Comma, Control), "Menu -2@3");
     MenuItem(9, u"F5");
@@ -162,14 +161,11 @@ TEST_F(MenuTest, KeysGoThroughMenusAndBack) {
         {Qt::Key_F, Alt, "File > Makers"},
         {Qt::Key_F, Alt, "Fork > Oil"},
         {Qt::Key_H, Alt, "Help > About"},
-        {Qt::Key_H, Alt, "Help > About"},
         {Qt::Key_Escape, {}, "Help"},
         {Qt::Key_F, {}, "Fork > Oil"},
         {Qt::Key_X, {}, "Fork > Oil"},
         {Qt::Key_F, Alt, "File > Makers"},
         // Of several items a letter selects the next; the only one it chooses.
-        {Qt::Key_M, {}, "File > MV"},
-        {Qt::Key_M, {}, "File > Makers"},
         {Qt::Key_M, {}, "File > MV"},
         {Qt::Key_M, {}, "File > Makers"},
         {Qt::Key_Right, {}, "File > Makers > Moto Guzzi"},
@@ -192,7 +188,6 @@ TEST_F(MenuTest, KeysGoThroughMenusAndBack) {
         EXPECT_EQ(After(step.Key, step.Modifiers), step.Result) << "step " << &step - steps;
     }
     EXPECT_EQ(GetGadgetText(1), u"fb");
-    EXPECT_EQ(View(1), QApplication::focusWidget());
     // Alt may be let go last or first: it was for the letter.
     QWindow* const handle = Native(3)->windowHandle();
     QTest::keyPress(handle, Qt::Key_Alt);
@@ -305,16 +300,15 @@ TEST_F(MenuTest, BarTooLongForItsWindowOpensItsRest) {
 }
 
 TEST_F(MenuTest, ItemsAreMadeWhenTheyAreSeen) {
-    MenuCreate(0, WindowNativeHandle(3));
-    MenuTitle(u"File");
+    BuildMotorcycles();
     const qsizetype before = Bar().findChildren<QAction*>().size();
-    MenuItem(2, u"Model");
-    MenuItem(3, u"Zebra");
+    MenuItem(20, u"Zebra");
     EXPECT_EQ(Bar().findChildren<QAction*>().size(), before) << "thousands cost little";
-    MenuItem(4, u"With keys\tCTRL+5");
-    EXPECT_EQ(After(Qt::Key_5, Control), "Menu 4@3");
-    Press(Qt::Key_F, Alt);
-    EXPECT_EQ(After(Qt::Key_Z), "Menu 3@3");
+    MenuItem(21, u"With keys\tCTRL+6");
+    EXPECT_EQ(After(Qt::Key_6, Control), "Menu 21@3");
+    Press(Qt::Key_H, Alt);
+    Press(Qt::Key_Right);
+    EXPECT_EQ(After(Qt::Key_Z), "Menu 20@3");
 }
 
 TEST_F(MenuTest, FreeingPutsThePlainBarBack) {
