@@ -161,16 +161,14 @@ TEST_F(RealWindowTest, StacksAndActivates) {
     }
     WindowCreate(0, 100, 100, 300, 200);
     ForgetEvents();
-    // Shown so it never gets the keyboard: new, hidden before, or with a parent.
-    for (NativeWindow* const parent : {WindowNativeHandle(9), WindowNativeHandle(0)}) {
-        WindowCreate(1, 120, 120, 100, 50, u"", WindowCloseBox | WindowNotActivated, parent);
-        EXPECT_EQ(Key(), 0);
-        WindowShow(1, Hidden);
-        ForgetEvents();
-        WindowShow(1, Shown, WindowNotActivated);
-        EXPECT_EQ(Key(), 0);
-        EXPECT_TRUE(Native(1)->isVisible());
-    }
+    // Shown so it never gets the keyboard, neither new nor hidden before.
+    WindowCreate(1, 120, 120, 100, 50, u"", WindowNotActivated, WindowNativeHandle(0));
+    EXPECT_EQ(Key(), 0);
+    WindowShow(1, Hidden);
+    ForgetEvents();
+    WindowShow(1, Shown, WindowNotActivated);
+    EXPECT_EQ(Key(), 0);
+    EXPECT_EQ(TopmostAt(1, {50, 25}), 1);
     WindowShow(1, Hidden);
     WindowShow(1, Shown);
     EXPECT_EQ(Key(), 1);
@@ -178,7 +176,6 @@ TEST_F(RealWindowTest, StacksAndActivates) {
     EXPECT_EQ(Key(), 0);
     EXPECT_EQ(TopmostAt(1, {50, 25}), 1) << "above its parent";
     WindowCreate(2, 90, 90, 400, 300, u"", WindowNotActivated);
-    EXPECT_EQ(Key(), 0);
     EXPECT_EQ(TopmostAt(0, {250, 150}), 2);
     WindowActivate(0);
     EXPECT_EQ(TopmostAt(0, {250, 150}), 0) << "though it had the keyboard already";
@@ -281,15 +278,13 @@ TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
     };
     ActivateGadget(canvas);
     Press(Qt::Key_Down);
-    const auto middle = GetGadgetAttribute(canvas, CanvasMouseY);
-    EXPECT_EQ(middle, 2013 / 2);
-    EXPECT_TRUE(room.contains(20, int(GadgetY(canvas, OnScreen) + middle)));
+    EXPECT_EQ(row(), 2013 / 2);
+    EXPECT_TRUE(room.contains(20, int(GadgetY(canvas, OnScreen) + 2013 / 2)));
     Press(Qt::Key_Home);
     EXPECT_EQ(pointedRow(200), 190);
     const std::int64_t scrolled = turnWheel();
     EXPECT_GT(scrolled, 190) << "where the pointer is, though it did not move";
     EXPECT_EQ(pointedRow(210), scrolled + 10);
-    EXPECT_EQ(GadgetY(canvas, InWindow), 10);
     EXPECT_EQ(GadgetY(canvas, OnScreen), WindowGetY(1, InnerContent) + 10 + 190 - scrolled);
     const QWidget& footer = *Native(1)->ContentView()->findChild<QLabel*>()->parentWidget();
     EXPECT_EQ(footer.mapTo(Native(1), QPoint(0, bar)), QPoint(0, Native(1)->height()));
@@ -324,7 +319,6 @@ TEST_F(WindowTest, StatusBarLaysOutItsFields) {
         {{50, IgnoreValue, 80}, {{0, 98, 50, 20}, {50, 98, 230, 20}, {280, 98, 80, 20}}},
         // Each starts where the widths before it add up to, whatever the window has room for.
         {{450, -30, 60}, {{0, 98, 450, 20}, {450, 98, 0, 20}, {420, 98, 60, 20}}},
-        {{50, 60}, {{0, 98, 50, 20}, {50, 98, 60, 20}}},
     };
     for (const auto& [widths, expected] : cases) {
         EXPECT_NE(StatusBarCreate(7, WindowNativeHandle(0)), 0);
@@ -339,9 +333,8 @@ TEST_F(WindowTest, StatusBarLaysOutItsFields) {
         }
         EXPECT_EQ(places, expected);
     }
-    StatusBarSetText(7, 0, u"first", StatusRight | StatusCentred);
-    StatusBarSetText(7, 0, u"<b>");
-    StatusBarSetText(7, 2, u"beyond");
+    StatusBarSetText(7, 0, u"<b>", StatusRight | StatusCentred);
+    StatusBarSetText(7, 3, u"beyond");
     const QLabel& label = *Native(0)->ContentView()->findChild<QLabel*>();
     EXPECT_EQ(label.text(), "<b>");
     EXPECT_TRUE(label.alignment().testFlag(Qt::AlignRight));

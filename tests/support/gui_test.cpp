@@ -62,10 +62,10 @@ using Names = std::map<std::uint32_t, const char*>;
 const Names inputNames = {{MenuChosen, "Menu"},      {CloseRequested, "Close"},
                           {GadgetActivity, "Press"}, {RightClick, "RightClick"},
                           {LeftClick, "Click"},      {LeftDoubleClick, "DoubleClick"}};
-const Names windowNames = {{WindowMoved, "Moved"},         {WindowResized, "Resized"},
-                           {WindowActivated, "Activated"}, {WindowDeactivated, "Deactivated"},
-                           {WindowMinimized, "Minimized"}, {WindowMaximized, "Maximized"},
-                           {WindowRestored, "Restored"}};
+const Names geometryNames = {{WindowMoved, "Moved"},
+                             {WindowResized, "Resized"},
+                             {WindowMaximized, "Maximized"},
+                             {WindowRestored, "Restored"}};
 const Names typeNames = {{Focus, "Focus"}, {LostFocus, "LostFocus"}, {Change, "Change"}};
 
 std::string TakenOf(const Names& names) {
@@ -131,7 +131,7 @@ std::string Taken() {
 }
 
 std::string TakenOfWindows() {
-    return TakenOf(windowNames);
+    return TakenOf(geometryNames);
 }
 
 void ForgetEvents() {
