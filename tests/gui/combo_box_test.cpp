@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QComboBox>
 #include <QKeyEvent>
 #include <QWheelEvent>
 
@@ -64,27 +63,6 @@ TEST_F(ComboBoxTest, SetTextSelectsTheItemWithIt) {
         SetGadgetText(1, set);
         EXPECT_EQ(GetGadgetState(1), state);
     }
-}
-
-TEST_F(ComboBoxTest, EditableFormKeepsItsStateByItself) {
-    Create({u"a", u"b", u"c"}, ComboBoxEditable);
-    ForgetEvents();
-    SetGadgetState(1, 2);
-    SetGadgetText(1, u"no\nne");
-    AddGadgetItem(1, 0, u"first");
-    RemoveGadgetItem(1, 3);
-    SetGadgetState(1, 9);
-    EXPECT_EQ(GetGadgetState(1), 2) << "nothing of this selects";
-    EXPECT_EQ(GetGadgetText(1) + u":" + Items(), u"no\nne:first,a,b,");
-    SetGadgetText(1, u"a");
-    SetGadgetItemText(1, 1, u"new");
-    EXPECT_EQ(GetGadgetText(1), u"a") << "the field is left alone";
-    EXPECT_EQ(GetGadgetState(1), 1);
-    static_cast<QComboBox&>(*View(1)).showPopup();
-    ForgetEvents();
-    EXPECT_EQ(GetGadgetState(1), 2) << "the last item that the list showed";
-    SetGadgetState(1, -1);
-    EXPECT_EQ(GetGadgetText(1), u"");
 }
 
 TEST_F(ComboBoxTest, ReportsEveryChoiceButNoneByTheWheel) {

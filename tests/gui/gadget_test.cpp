@@ -121,14 +121,11 @@ TEST_F(GadgetTest, ShowsANewBackgroundAtOnce) {
     TextGadgetCreate(2, 0, 30, 100, 20);
     CanvasGadgetCreate(3, 0, 60, 100, 20);
     for (const std::int64_t gadget : {1, 2, 3}) {
-        for (const std::int64_t colour : {INT64_C(0xFF00FF00), NoGadgetColor}) {
-            SetGadgetColor(gadget, GadgetBackColor, colour);
-            ForgetEvents();
-            const QPoint place = View(gadget)->geometry().center();
-            const QPixmap screen = Native(0)->screen()->grabWindow(Native(0)->winId());
-            EXPECT_EQ(screen.toImage().pixelColor(place) == QColor(Qt::green),
-                      colour != NoGadgetColor);
-        }
+        SetGadgetColor(gadget, GadgetBackColor, 0xFF00FF00);
+        ForgetEvents();
+        const QPixmap screen = Native(0)->screen()->grabWindow(Native(0)->winId());
+        EXPECT_EQ(screen.toImage().pixelColor(View(gadget)->geometry().center()),
+                  QColor(Qt::green));
     }
 }
 
@@ -167,21 +164,16 @@ TEST_F(CanvasTest, FollowsPointerAndArrowKeysWhileItsWindowHasTheKeyboard) {
         {[] { Point(20, 22); }, " 10,11"},
         {[] { WindowActivate(0); }, " 10,11"},
         {[] { Point(22, 20); }, "EM 12,10"},
-        {[] { DisableGadget(1, true); }, " 12,10"},
-        {[] { Point(23, 20); }, "L 12,10"},
-        {[] { DisableGadget(1, false); }, " 12,10"},
-        {[] { Point(24, 20); }, "EM 14,10"},
-        {[] { HideGadget(1, true); }, "L 14,10"},
-        {[] { HideGadget(1, false); }, " 14,10"},
-        {[] { ActivateGadget(1); }, " 14,10"},
-        {[] { Press(Qt::Key_Up); }, "EM 14,10"},
-        {[] { Press(Qt::Key_Up); }, "M 14,9"},
-        {[] { Press(Qt::Key_A); }, " 14,9"},
-        {[] { ActivateGadget(2); }, "L 14,9"},
-        {[] { Press(Qt::Key_Left); }, " 14,9"},
-        {[] { ActivateGadget(1); }, " 14,9"},
-        {[] { Press(Qt::Key_Left); }, "EM 14,9"},
-        {[] { Point(5, 6); }, "L 14,9"},
+        {[] { HideGadget(1, true); }, "L 12,10"},
+        {[] { HideGadget(1, false); }, " 12,10"},
+        {[] { ActivateGadget(1); }, " 12,10"},
+        {[] { Press(Qt::Key_Up); }, "EM 12,10"},
+        {[] { Press(Qt::Key_Up); }, "M 12,9"},
+        {[] { ActivateGadget(2); }, "L 12,9"},
+        {[] { Press(Qt::Key_Left); }, " 12,9"},
+        {[] { ActivateGadget(1); }, " 12,9"},
+        {[] { Press(Qt::Key_Left); }, "EM 12,9"},
+        {[] { Point(5, 6); }, "L 12,9"},
     };
     for (const auto& step : steps) {
         step.Deed();

@@ -6,7 +6,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
-#include <QToolButton>
 #include <QWindow>
 
 #include "gui/menus/application_menu.h"
@@ -53,11 +52,6 @@ class MenuTest : public GuiTest {
     static void CreateField() {
         StringGadgetCreate(1, 0, 0, 100, 20);
         ActivateGadget(1);
-        ForgetEvents();
-    }
-    // The offscreen platform gives every menu the keyboard and, sometimes, nobody when it closes.
-    static void GiveKeyboardBack() {
-        Native(3)->activateWindow();
         ForgetEvents();
     }
     // The events that came, else what is selected in the bar and in every open menu, from the bar
@@ -278,27 +272,6 @@ TEST_F(MenuTest, EscapeAndTheKeyForClosingAskAWindowAboveAnotherToClose) {
     EXPECT_EQ(After(Qt::Key_Escape), "Close 4");
 }
 
-TEST_F(MenuTest, BarTooLongForItsWindowOpensItsRest) {
-    BuildMotorcycles();
-    MenuTitle(u"Gearbox, clutch and final drive");
-    MenuTitle(u"Zebra");
-    MenuItem(20, u"Last");
-    auto& button = *Bar().findChild<QToolButton*>();
-    ASSERT_TRUE(button.isVisible());
-    ForgetEvents();
-    QTest::mouseClick(Native(3)->windowHandle(), Qt::LeftButton, {},
-                      button.mapTo(Native(3), button.rect().center()));
-    EXPECT_TRUE(IsMenuOpen());
-    std::raise(SIGTERM);
-    EXPECT_EQ(Taken(), "Close 0") << "waits go on meanwhile";
-    Press(Qt::Key_Z);
-    EXPECT_EQ(After(Qt::Key_L), "Menu 20@3");
-    EXPECT_FALSE(button.isDown());
-    GiveKeyboardBack();
-    Press(Qt::Key_Z, Alt);
-    EXPECT_EQ(After(Qt::Key_L), "Menu 20@3");
-}
-
 TEST_F(MenuTest, ItemsAreMadeWhenTheyAreSeen) {
     BuildMotorcycles();
     const qsizetype before = Bar().findChildren<QAction*>().size();
@@ -314,9 +287,13 @@ TEST_F(MenuTest, ItemsAreMadeWhenTheyAreSeen) {
 TEST_F(MenuTest, FreeingPutsThePlainBarBack) {
     BuildMotorcycles();
     Press(Qt::Key_F, Alt);
+    std::raise(SIGTERM);
+    EXPECT_EQ(Taken(), "Close 0") << "waits go on while a menu is open";
     FreeMenu(0);
     EXPECT_FALSE(IsMenuOpen()) << "an open menu goes at once";
-    GiveKeyboardBack();
+    // The offscreen platform gives a menu the keyboard and, sometimes, nobody when it closes.
+    Native(3)->activateWindow();
+    ForgetEvents();
     FreeMenu(0);
     MenuTitle(u"Lost");
     EXPECT_EQ(Bar().actions().size(), 1);

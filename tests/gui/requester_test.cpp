@@ -6,16 +6,12 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
-#include <QLayout>
-#include <QScreen>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
 
-#include "gui/toolkit/text.h"
 #include "layer.h"
 
 namespace rotavel {
@@ -69,6 +65,7 @@ TEST_F(RequesterTest, ShowsWhatItIsToldAndAnswers) {
                 }
                 EXPECT_EQ(shown.join('|'), "Title|Title|<b>Text</b>\n& &amp;|" + each.Buttons);
                 EXPECT_EQ(labels[1]->textFormat(), Qt::PlainText);
+                EXPECT_EQ(box.findChild<QScrollBar*>()->maximum(), 0) << "it is seen whole";
                 const QIcon icon = box.style()->standardIcon(each.Icon, nullptr, &box);
                 const QImage picture = labels[2]->pixmap().toImage();
                 EXPECT_EQ(picture, icon.pixmap(picture.size()).toImage());
@@ -89,36 +86,6 @@ TEST_F(RequesterTest, ShowsWhatItIsToldAndAnswers) {
             ButtonsOf(box).back()->click();
         };
         EXPECT_EQ(Answer(each.Flags, close), each.Answers.back());
-    }
-}
-
-TEST_F(RequesterTest, LongTextsScroll) {
-    WindowCreate(0, 0, 0, 200, 100);
-    const QString line = "A line that is about as long as lines are.\n";
-    const struct {
-        QString Text;
-        bool ScrollsDown, ScrollsAcross;
-    } cases[] = {
-        {line.repeated(400), true, false},
-        {QString(2000, 'W'), false, true},  // no place to break it
-        {"", false, false},
-        {QString(180, 'i') + " " + line.chopped(1) + line, false, false},
-    };
-    for (const auto& each : cases) {
-        const Use use = [&each](QDialog& box) {
-            const QRect last = ButtonsOf(box).back()->geometry();
-            const auto& area = *box.findChild<QScrollArea*>();
-            EXPECT_TRUE(box.screen()->availableGeometry().contains(box.frameGeometry()));
-            EXPECT_TRUE(box.rect().contains(last) && last.top() > area.geometry().bottom());
-            EXPECT_EQ(area.verticalScrollBar()->maximum() > 0, each.ScrollsDown);
-            EXPECT_EQ(area.horizontalScrollBar()->maximum() > 0, each.ScrollsAcross);
-            QTest::keyClick(box.focusWidget(), Qt::Key_PageDown);
-            EXPECT_EQ(area.verticalScrollBar()->value() > 0, each.ScrollsDown);
-            const QWidget& shown = *area.widget();
-            EXPECT_GE(shown.height(), shown.layout()->totalHeightForWidth(shown.width()));
-            box.close();
-        };
-        Answer(MessageYesNoCancel, use, FromQString(each.Text));
     }
 }
 
