@@ -161,10 +161,8 @@ TEST_F(EventQueueTest, WaitsAsLongAsItIsTold) {
     waited.start();
     EXPECT_EQ(WaitForEvent(30), 0);
     EXPECT_GE(waited.elapsed(), 30);
-    for (const std::int64_t timeout : {INT64_C(-1), INT64_MAX}) {
-        QTimer::singleShot(10, [] { QueueEvent(MenuChosen, 4, 0, 0); });
-        EXPECT_EQ(WaitForEvent(timeout), MenuChosen);
-    }
+    QTimer::singleShot(10, [] { QueueEvent(MenuChosen, 4, 0, 0); });
+    EXPECT_EQ(WaitForEvent(-1), MenuChosen);
     QTimer::singleShot(10, [] {
         for (const int place : {5, 6}) {  // a pointer that stays is no event
             QTest::mouseMove(Native(0)->windowHandle(), {place, place});

@@ -113,14 +113,6 @@ TEST_F(RequesterTest, ProgramGoesOnUnderIt) {
         ButtonsOf(outer).at(1)->click();
     };
     EXPECT_EQ(Answer(MessageYesNo, ask), 7);
-    const Use hide = [](QDialog& box) {
-        WindowShow(0, Hidden);
-        box.close();
-    };
-    Answer(0, hide);
-    EXPECT_NE(WindowNumberOf(QzWindow::ChosenKeyWindow()), 0) << "it is hidden";
-    WindowShow(0, Shown);
-    ForgetEvents();
     // The window under it may go, with a wait that cleans up.
     const Use replace = [](QDialog& box) {
         WindowDestroy(0);

@@ -78,7 +78,6 @@ TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
         {0, 0, u"ab", u"x\ny\n", {Left, Paste, 'z'}, u"ax y zb", 2},
         {0, 0, u"ab", u"x\ny", {Paste, 'z', Undo, Undo, Redo}, u"abx y", 5},
         {StringUpperCase, 0, u"aB", u"\u00DF", {Left, Paste, 'x'}, u"ASSXB", 2},
-        {StringUpperCase, 0, u"A", u"\u00DF", {Commit, Undo}, u"A", 2},
         {StringUpperCase, 0, u"A", u"\u00DF", {Commit, Left, 'b', Undo, Undo, Redo}, u"ASS", 5},
         {StringUpperCase, 0, u"A", u"", {'b', 'c', Undo, Redo}, u"ABC", 4},
         {StringUpperCase, 0, u"A", u"", {All, 'a', Undo, Undo}, u"A", 2},
@@ -108,20 +107,16 @@ TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
     }
 }
 
-// The letters that the formatter puts in place of the typed ones are the wider ones.
-TEST_F(StringGadgetTest, NarrowsWhatIsTypedToTheFieldAndWidensItAgain) {
+TEST_F(StringGadgetTest, NarrowsATextToTheFieldAsFarAsItCanBeRead) {
     WindowCreate(0, 0, 0, 200, 100);
     StringGadgetCreate(1, 0, 0, 40, 20, u"", StringUpperCase);
     ActivateGadget(1);
     ForgetEvents();
-    const int whole = View(1)->font().stretch();
     Play("ffffff");
     const double narrowed = QFontMetricsF(View(1)->font()).horizontalAdvance("FFFFFF");
-    EXPECT_LE(narrowed, View(1)->width() - 6);
+    EXPECT_LE(narrowed, View(1)->width() - 6) << "replaced letters are wider";
     SetGadgetText(1, u"WWWWWWWWWWWWWWWWWWWW");
-    EXPECT_GE(View(1)->font().stretch(), 62) << "to read it is worth more than to see it whole";
-    Play({All, 'i'});
-    EXPECT_EQ(View(1)->font().stretch(), whole);
+    EXPECT_GE(View(1)->font().stretch(), 62);
 }
 
 }  // namespace
