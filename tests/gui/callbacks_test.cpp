@@ -232,7 +232,6 @@ void Try(const Trigger& trigger, const Deed& tried) {
 }
 
 TEST_F(CallbacksTest, MayDoAnythingAnywhere) {
-    patienceMs = 2000;
     for (const Trigger& trigger : triggers) {
         for (const Deed& each : deeds) {
             Try(trigger, each);

@@ -141,6 +141,7 @@ TEST_F(EventQueueTest, CallbacksThatTakeEventsRobNobody) {
     PostProgramEvent(MenuChosen, 0, 5);
     PostProgramEvent(GadgetActivity, 0, 6);
     EXPECT_EQ(TakeEvent(), MenuChosen);
+    QueueEvent(MenuChosen, 7, 0, 0);  // is current only to its bindings
     EXPECT_EQ(CurrentEventObject(), 5);
     const auto release = [](void*) {
         Note<'-'>();

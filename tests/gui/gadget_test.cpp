@@ -105,8 +105,7 @@ TEST_F(GadgetTest, IsPlacedInTheCurrentContainer) {
     EXPECT_EQ(View(1)->geometry(), QRect(7, 6, 70, 25));
     EXPECT_EQ(GadgetX(1, OnScreen), WindowGetX(0, InnerContent) + 47);
     list.Pop();
-    list.Pop();
-    EXPECT_EQ(container(), Content(0)) << "where an empty stack leads";
+    EXPECT_EQ(container(), Content(0));
     WindowCreate(1, 0, 0, 50, 50, u"", WindowOutsideGadgetList);
     EXPECT_EQ(container(), Content(0));
     EXPECT_EQ(QzGadgetList::SetWindow(WindowNativeHandle(1)), WindowNativeHandle(0));
