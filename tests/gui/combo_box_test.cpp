@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QWheelEvent>
