@@ -6,6 +6,7 @@
 #include <thread>
 #include <unistd.h>
 
+#include "runtime/raw_file.h"
 #include "settings/settings_document.h"
 #include "settings_test.h"
 
@@ -117,6 +118,7 @@ TEST_F(SettingsSharingTest, MakesAFileThatHasGoneAgain) {
     EXPECT_FALSE(SettingsOpen(path, GroupSpacing));
     EXPECT_TRUE(SettingsWriteString(u"Top", u"9"));
     WriteFile(file, "[A - 1]\n");
+    EXPECT_FALSE(RawFile().Create(file, "other")) << "nor is it made anew in that moment";
     ExpectFlushed("Top = 9\n[A - 1]\n");
 
     // So is one that has been emptied; a value that it has already changes nothing.

@@ -13,7 +13,7 @@ namespace rotavel::tests {
 
 namespace {
 
-std::optional<Faults::Plan> current;
+std::optional<Faults> current;
 int callCount = 0;
 int strikeCount = 0;
 char trace[100];
@@ -46,17 +46,16 @@ ssize_t Transfer(char call, std::size_t size, Real real) {
 
 }  // namespace
 
-Faults::Faults(const Plan& plan) {
+bool Faults::During(const std::function<bool()>& action) const {
     callCount = strikeCount = 0;
     traceLength = 0;
-    current = plan;
-}
-
-Faults::~Faults() {
+    current = *this;
+    const bool result = action();
     current.reset();
+    return result;
 }
 
-bool Faults::HaveStruck() const {
+bool Faults::HaveStruck() {
     return strikeCount > 0;
 }
 

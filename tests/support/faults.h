@@ -1,35 +1,28 @@
 #pragma once
 
-#include <cstddef>
+#include <functional>
 #include <string>
 
 namespace rotavel::tests {
 
-// Lets calls of this program to the system or for memory fail, while the object lives. A test
-// program links the library "faults" for this.
-class Faults {
-  public:
-    // The calls of one kind, numbered from 1 from the object's making on, that fail with a value of
-    // errno. `Half` lets them do half of what they are asked for instead.
-    struct Plan {
-        char Call;  // F(allocate), R(ead), W(rite), S(ync), T(runcate) or Memory
-        int First;
-        int Last;
-        int Error;
-    };
+// Calls of this program to the system or for memory that fail: those of one kind, numbered from 1
+// on. A test program links the library "faults" for this.
+struct Faults {
+    char Call;  // F(allocate), R(ead), W(rite), S(ync), T(runcate) or Memory
+    int First;
+    int Last;
+    int Error;  // a value of errno, or Half for doing half of what they are asked for
+
     static constexpr char Memory = 'M';
     static constexpr int Half = 0;
     static constexpr int Always = 1 << 30;
 
-    explicit Faults(const Plan& plan);
-    Faults(const Faults&) = delete;
-    Faults& operator=(const Faults&) = delete;
-    ~Faults();
+    // What an action returns while those calls fail.
+    bool During(const std::function<bool()>& action) const;
 
-    // Whether a call has failed yet.
-    bool HaveStruck() const;
-
-    // The letters of the calls to the system so far that were not interrupted.
+    // Whether a call failed during the last action, and the letters of its calls to the system that
+    // were not interrupted.
+    static bool HaveStruck();
     static std::string Trace();
 };
 
