@@ -21,20 +21,20 @@ namespace {
 
 using namespace tests;
 
-// An image on which each pixel tells its place: 0xXXYY00.
-std::int64_t Coloured(std::uint8_t side) {
-    const std::int64_t image = ImageCreate(AnyNumber, side, side);
-    RasterBegin(ImageRasterTarget(image));
-    for (std::uint8_t y = 0; y < side; ++y) {
-        for (std::uint8_t x = 0; x < side; ++x) {
-            RasterLine(x, y, x, y, ColourRGBA(x, y, 0, 255));
-        }
-    }
-    return image;
-}
-
 std::int64_t WhiteImage() {
     return ImageGrab(ImageCreate(AnyNumber, 1, 1), AnyNumber, 1, 1, 40, 30);
+}
+
+// Draws on an image, and on a canvas, and leaves the drawing open.
+void DrawOnImage() {
+    RasterBegin(ImageRasterTarget(WhiteImage()));
+    RasterLine(0, 0, 9, 0, 0);
+}
+void DrawOnCanvas() {
+    WindowCreate(0, 0, 0, 200, 200, u"", 0);
+    CanvasGadgetCreate(1, 10, 10, 40, 30);
+    ASSERT_TRUE(RasterBegin(CanvasRasterTarget(1)));
+    RasterLine(0, 0, 9, 0, 0);
 }
 
 using ImageTest = DrawTest;
@@ -56,7 +56,13 @@ TEST_F(ImageTest, CanBeMadeUpToTheLimits) {
 }
 
 TEST_F(ImageTest, GrabsWhatLiesInsideAndPadsWithWhite) {
-    const std::int64_t source = Coloured(30);
+    const std::int64_t source = ImageCreate(AnyNumber, 30, 30);
+    RasterBegin(ImageRasterTarget(source));
+    for (int pixel = 0; pixel < 30 * 30; ++pixel) {  // each tells its place
+        const auto x = static_cast<std::uint8_t>(pixel % 30);
+        const auto y = static_cast<std::uint8_t>(pixel / 30);
+        RasterLine(x, y, x, y, ColourRGBA(x, y, 0, 255));
+    }
     for (const auto& [left, top] : {std::pair(5, 9), {-10, -10}, {20, 25}, {100, 0}}) {
         const std::int64_t grabbed = ImageGrab(source, AnyNumber, left, top, 20, 20);
         for (int pixel = 0; pixel < 20 * 20; ++pixel) {
@@ -70,22 +76,6 @@ TEST_F(ImageTest, GrabsWhatLiesInsideAndPadsWithWhite) {
     EXPECT_EQ(InkIn(7).Pixels, 0);
     EXPECT_NE(ImageGrab(7, 7, 1, 0, 2, 3), 0) << "an image may take its source's number";
     EXPECT_EQ(SizeOf(7), QSize(2, 3));
-}
-
-TEST_F(ImageTest, ResizesToTheNearestPixel) {
-    if (qApp->devicePixelRatio() == 1.5) {
-        GTEST_SKIP() << "the program's pixels have one or two of the screen's";
-    }
-    const struct {
-        int Side, Pixel, Shows;
-    } cases[] = {{100, 4, 0},  {100, 5, 1}, {100, 50, 10}, {100, 54, 10}, {100, 99, 19},
-                 {20, 10, 10}, {10, 0, 1},  {10, 9, 19},   {30, 29, 19}};
-    for (const auto& each : cases) {
-        const std::int64_t image = Coloured(20);
-        ASSERT_TRUE(ImageResize(image, each.Side, each.Side, ResizeNearestPixel));
-        EXPECT_EQ(PixelOf(image, each.Pixel, each.Pixel), qRgba(each.Shows, each.Shows, 0, 0))
-            << each.Pixel << " of " << each.Side;
-    }
 }
 
 TEST_F(ImageTest, RasterLinesIncludeBothEndsAndAreClipped) {
@@ -113,22 +103,6 @@ TEST_F(ImageTest, RasterLinesIncludeBothEndsAndAreClipped) {
     }
 }
 
-TEST_F(ImageTest, DrawsAnImageOntoItselfAsACopy) {
-    for (const auto& [left, top] : {std::pair(2, 4), {-6, 2}, {2, -4}, {-2, -2}, {0, 0}}) {
-        const std::int64_t image = Coloured(30);
-        RasterDrawImage(ImageHandle(image), left, top);
-        RasterLine(0, 0, 0, 0, ColourRGBA(9, 8, 7, 0));
-        for (int pixel = 1; pixel < 30 * 30; ++pixel) {
-            const QPoint place(pixel % 30, pixel / 30);
-            const QPoint from = place - QPoint(left, top);
-            const QPoint shown = QRect(0, 0, 30, 30).contains(from) ? from : place;
-            ASSERT_EQ(PixelOf(image, place.x(), place.y()), qRgba(shown.x(), shown.y(), 0, 0))
-                << left << ", " << top << " at " << pixel;
-        }
-        EXPECT_EQ(PixelOf(image, 0, 0), 0x090807U) << "it can be drawn on as before";
-    }
-}
-
 TEST_F(ImageTest, OneDrawingIsCurrentAndGoesWithItsImage) {
     const std::int64_t image = WhiteImage();
     const std::int64_t other = WhiteImage();
@@ -151,13 +125,7 @@ TEST_F(ImageTest, OneDrawingIsCurrentAndGoesWithItsImage) {
 
 // A canvas may go, or change its size, while it is drawn on.
 TEST_F(ImageTest, DrawsOnCanvases) {
-    const auto open = [] {
-        WindowCreate(0, 0, 0, 200, 200, u"", 0);
-        CanvasGadgetCreate(1, 10, 10, 40, 30);
-        ASSERT_TRUE(RasterBegin(CanvasRasterTarget(1)));
-        RasterLine(0, 0, 9, 0, 0);
-    };
-    open();
+    DrawOnCanvas();
     ResizeGadget(1, IgnoreValue, IgnoreValue, 80, 60);
     ForgetEvents();
     RasterLine(3, 5, 9, 5, 0);
@@ -170,10 +138,9 @@ TEST_F(ImageTest, DrawsOnCanvases) {
     EXPECT_EQ(PixelOf(bitmap, 5, 5), Black);
     EXPECT_EQ(PixelOf(bitmap, 79, 59), Black);
     EXPECT_EQ(PixelOf(bitmap, 78, 59), White);
-    for (const auto& close :
-         std::vector<std::function<void()>>{[] { FreeGadget(1); }, [] { WindowDestroy(0); }}) {
-        open();
-        close();
+    for (void (*const close)(std::int64_t) : {FreeGadget, WindowDestroy}) {
+        DrawOnCanvas();
+        close(close == FreeGadget ? 1 : 0);
         ForgetEvents();
         RasterLine(0, 0, 9, 0, 0);
         EXPECT_FALSE(RasterBegin(CanvasRasterTarget(1)));
@@ -182,16 +149,8 @@ TEST_F(ImageTest, DrawsOnCanvases) {
 
 // A program may end in the middle of a drawing; images go after the toolkit.
 TEST_F(ImageTest, EndsWithADrawingOpen) {
-    const auto endDrawingOn = [](bool isCanvas) {
-        WindowCreate(0, 0, 0, 200, 200, u"", 0);
-        CanvasGadgetCreate(1, 10, 10, 40, 30);
-        RasterBegin(isCanvas ? CanvasRasterTarget(1) : ImageRasterTarget(WhiteImage()));
-        RasterLine(0, 0, 9, 0, 0);
-        GuiStop();
-        std::exit(0);
-    };
-    for (const bool isCanvas : {false, true}) {
-        EXPECT_EXIT(endDrawingOn(isCanvas), testing::ExitedWithCode(0),
+    for (void (*const draw)() : {DrawOnImage, DrawOnCanvas}) {
+        EXPECT_EXIT((draw(), GuiStop(), std::exit(0)), testing::ExitedWithCode(0),
                     testing::Not(testing::HasSubstr("QPaint")));
     }
 }
