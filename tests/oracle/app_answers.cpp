@@ -1,5 +1,5 @@
 // Works the program's own main window for oracle.py: reads deeds from standard input, one a line,
-// its parts set apart by U+001F, and writes what there is to be seen after each.
+// its parts set apart by U+001F, and writes a line after each: what there is to be seen.
 
 #include <iostream>
 #include <sstream>
@@ -37,13 +37,6 @@ std::string EndOfLine(const QImage& plot, QRgb colour) {
 
 class Answers : public AppTest {
   protected:
-    // Events alone, not what the windowing system has to do for them.
-    void Post(const std::vector<std::string>& deed) {
-        PostProgramEvent(static_cast<std::uint32_t>(std::stoul(deed.at(1))), MainWindow,
-                         std::stoll(deed.at(2)), std::stoll(deed.at(3)));
-        PostProgramEvent(CloseRequested, MainWindow);
-        RunMainLoop(program);
-    }
     // By number; the last part tells whether the percent height can be entered.
     static std::string Gadgets() {
         std::string texts;
@@ -57,42 +50,46 @@ class Answers : public AppTest {
             return "none";
         }
         const QImage plot = View(ChartCanvas)->grab().toImage();
-        std::string chart = ToUtf8(StatusText(ChartCanvas)) + Separator +
-                            std::to_string(plot.width()) + Separator +
-                            std::to_string(plot.height());
+        std::string chart = ToUtf8(StatusText(ChartCanvas));
+        for (const int side : {plot.width(), plot.height()}) {
+            chart += Separator + std::to_string(side);
+        }
         for (const QRgb colour : {0xFF0000, 0x00FF00, 0x0000FF, 0xFF8000, 0x00FFFF, 0xFF00FF}) {
             chart += Separator + EndOfLine(plot, colour);
         }
         return chart;
     }
+    // Changes of fields go without a word.
     std::string AnswerTo(const std::vector<std::string>& deed) {
+        const auto number = [&](std::size_t part) { return std::stoi(deed.at(part)); };
+        if (deed[0] == "set") {
+            for (std::size_t i = 1; i + 1 < deed.size(); i += 2) {
+                SetGadgetText(number(i), ToUtf16(deed[i + 1]));
+            }
+            return "";
+        }
+        if (deed[0] == "unit") {
+            SetGadgetState(SpeedUnitBox, number(1));
+            return "";
+        }
         if (deed[0] == "chart") {
             Run();
             return Chart();
         }
         if (deed[0] == "point") {
-            PointAt(std::stoi(deed.at(1)), std::stoi(deed.at(2)));
+            PointAt(number(1), number(2));
             return ToUtf8(StatusText(ChartCanvas, 1));
         }
         if (deed[0] == "close") {
             AskToClose(ChartWindow);
             Run();
-        }
-        if (deed[0] == "event") {
-            Post(deed);
+        } else {  // an event alone, not what the windowing system has to do for it
+            PostProgramEvent(static_cast<std::uint32_t>(number(1)), MainWindow, number(2),
+                             number(3));
+            PostProgramEvent(CloseRequested, MainWindow);
+            RunMainLoop(program);
         }
         return Gadgets();
-    }
-    // Changes fields without a word.
-    static bool Set(const std::vector<std::string>& deed) {
-        if (deed[0] == "unit") {
-            SetGadgetState(SpeedUnitBox, std::stoll(deed.at(1)));
-            return true;
-        }
-        for (std::size_t i = 1; deed[0] == "set" && i + 1 < deed.size(); i += 2) {
-            SetGadgetText(std::stoll(deed[i]), ToUtf16(deed[i + 1]));
-        }
-        return deed[0] == "set";
     }
 };
 
@@ -109,9 +106,7 @@ TEST_F(Answers, ToWhatIsAsked) {
         for (std::string part; std::getline(parts, part, Separator);) {
             deed.push_back(part);
         }
-        if (!Set(deed)) {
-            std::cout << "= " << AnswerTo(deed) << "\n";
-        }
+        std::cout << "= " << AnswerTo(deed) << "\n";
     }
 }
 

@@ -297,14 +297,14 @@ def main(program, count, seed="1"):
     compared = Comparison(int(seed))
     compared.motorcycles("\n".join([*answers(program, []), ""]))
     compared.random_commands(int(count))
-    seen = answers(program, compared.deeds)[-len(compared.expected):]
-    assert len(seen) == len(compared.expected), f"{len(seen)} of {len(compared.expected)} answers"
-    wrong = [(number, expected, answer) for (number, expected), answer
-             in zip(compared.expected, seen) if not is_equal(answer, expected)]
+    seen = answers(program, compared.deeds)[-len(compared.deeds):]
+    assert len(seen) == len(compared.deeds), f"{len(seen)} of {len(compared.deeds)} answers"
+    wrong = [(number, expected, seen[number - 1]) for number, expected in compared.expected
+             if not is_equal(seen[number - 1], expected)]
     for number, expected, answer in wrong[:5]:
         print("after", *map(repr, compared.deeds[max(0, number - 6):number]), sep="\n    ")
         print(f"  expected {expected!r}\n  answered {answer!r}")
-    print(f"{compared.texts} texts, {len(seen)} answers, {compared.calculated} of commands that "
+    print(f"{compared.texts} texts, {len(compared.expected)} answers, {compared.calculated} of commands that "
           f"calculated, {compared.charts} charts: {len(wrong)} wrong")
     sys.exit(1 if wrong else 0)
 
