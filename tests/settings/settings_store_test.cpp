@@ -106,10 +106,6 @@ TEST_F(SettingsStoreTest, CreatesAMissingFileAtTheFirstFlush) {
     EXPECT_TRUE(SettingsWriteString(u"k", u"2"));
     EXPECT_TRUE(SettingsOpenDefault(path)) << "opening writes and closes what is open";
     EXPECT_EQ(ReadFile(file), Mark + "\n[G]\nk = 1\n\n[H]\nk = 2\n");
-
-    EXPECT_FALSE(SettingsOpenDefault(ToUtf16(folder.Path())));
-    EXPECT_TRUE(SettingsWriteString(u"k", u"1"));
-    EXPECT_FALSE(SettingsFlush());
 }
 
 TEST_F(SettingsStoreTest, NeverRewritesAFileOpenedForReadingOnly) {
