@@ -153,54 +153,44 @@ TEST_F(VectorDrawingTest, LinesCoverWhatTheyAreWide) {
 
 TEST_F(VectorDrawingTest, DotsStandWhereTheirDistancePutsThem) {
     const struct {
-        const char* Line;
-        double Size, Distance;
-        std::uint32_t Flags;
+        const char* Drawing;
+        double Size;
+        bool IsRound;
         const char* Dots;
+        QPointF Along = {1, 0};  // one side of a square
     } cases[] = {
-        {"5 10 45 10", 1, 10, StrokeRoundEnd, "5 10 15 10 25 10 35 10 45 10"},
-        {"40 55 10 15", 6, 25, StrokeRoundEnd, "40 55 25 35 10 15"},
-        {"40 55 10 15", 6, 25, 0, "40 55 25 35 10 15"},
+        {"M 5 10 L 45 10 D 1 10 16", 1, true, "5 10 15 10 25 10 35 10 45 10"},
+        {"M 40 55 L 10 15 D 6 25 16", 6, true, "40 55 25 35 10 15"},
+        {"M 40 55 L 10 15 D 6 25 0", 6, false, "40 55 25 35 10 15", {0.6, 0.8}},
         // Those that overlap, and those that only reach into the image.
-        {"-40 20 50 20", 20, 15, StrokeRoundEnd, "-10 20 5 20 20 20 35 20 50 20"},
-        {"50 80 2 16", 20, 16, StrokeRoundEnd,
+        {"M -40 20 L 50 20 D 20 15 16", 20, true, "-10 20 5 20 20 20 35 20 50 20"},
+        {"M 50 80 L 2 16 D 20 16 16", 20, true,
          "50 80 40.4 67.2 30.8 54.4 21.2 41.6 11.6 28.8 2 16"},
-        {"-95 30 305 30", 9, 100, 0, "5 30"},
-        {"60 -4 60 66", 9, 35, 0, "60 -4 60 31 60 66"},
+        {"M -95 30 L 305 30 D 9 100 0", 9, false, "5 30"},
+        {"M 60 -4 L 60 66 D 9 35 0", 9, false, "60 -4 60 31 60 66"},
         // The distance goes round corners, over lines shorter than it and past places taken before.
-        {"3 2 10 2 10 4 10 30", 1, 10, 0, "3 2 10 5 10 15 10 25"},
-        {"5 5 25 5 5 5", 7, 10, StrokeRoundEnd, "5 5 15 5 25 5"},
-        {"5 5 25 5 15 5 15 25", 5, 10, 0, "5 5 15 5 25 5 15 15 15 25"},
-        {"30 30 30 30", 40, 7, StrokeRoundEnd, "30 30"},
-        {"30 30 30 30", 4, 7, 0, "30 30"},
+        {"M 3 2 L 10 2 L 10 4 L 10 30 D 1 10 0", 1, false, "3 2 10 5 10 15 10 25"},
+        {"M 5 5 L 25 5 L 5 5 D 7 10 16", 7, true, "5 5 15 5 25 5"},
+        {"M 5 5 L 25 5 L 15 5 L 15 25 D 5 10 0", 5, false, "5 5 15 5 25 5 15 15 15 25"},
+        {"M 30 30 L 30 30 D 40 7 16", 40, true, "30 30"},
+        {"M 30 30 L 30 30 D 4 7 0", 4, false, "30 30"},
         // A distance that is none leaves no gaps.
-        {"10 20 34 20", 9, -1, 0, "10 20 18 20 26 20 34 20"},
+        {"M 10 20 L 34 20 D 9 -1 0", 9, false, "10 20 18 20 26 20 34 20"},
     };
-    for (const auto& [path, size, distance, flags, dotted] : cases) {
+    for (const auto& each : cases) {
         const std::int64_t image = Start();
-        const std::vector<QPointF> points = Points(path);
-        PathMoveTo(points[0].x(), points[0].y());
-        for (std::size_t i = 1; i < points.size(); ++i) {
-            PathLineTo(points[i].x(), points[i].y());
-        }
-        PathStrokeDotted(size, distance, flags);
-        const QLineF line(points[0], points[1]);
-        const QPointF along =
-            line.isNull() ? QPointF(1, 0) : (line.p2() - line.p1()) / line.length();
-        const double reach = size / 2;
-        const bool isRound = flags == StrokeRoundEnd;
-        const auto covers = [&](QPointF from) {
-            return isRound ? QPointF::dotProduct(from, from) <= reach * reach
-                           : std::max(std::abs(QPointF::dotProduct(from, along)),
-                                      std::abs(Across(from, along))) <= reach;
-        };
-        const std::vector<QPointF> dots = Points(dotted);
-        const QPointF middle = MiddleFor(size);
+        Draw(each.Drawing);
+        const std::vector<QPointF> dots = Points(each.Dots);
         const auto isCovered = [&](QPointF place) {
-            return std::ranges::any_of(dots,
-                                       [&](QPointF dot) { return covers(place - dot - middle); });
+            return std::ranges::any_of(dots, [&](QPointF dot) {
+                const QPointF from = place - dot - MiddleFor(each.Size);
+                const double along = std::abs(QPointF::dotProduct(from, each.Along));
+                const double across = std::abs(Across(from, each.Along));
+                return 2 * (each.IsRound ? std::hypot(along, across) : std::max(along, across)) <=
+                       each.Size;
+            });
         };
-        EXPECT_TRUE(HasCoverage(image, 0.1, isCovered)) << path << " by " << size;
+        EXPECT_TRUE(HasCoverage(image, 0.1, isCovered)) << each.Drawing;
     }
 }
 
