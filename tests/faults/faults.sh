@@ -63,10 +63,6 @@ is_old() { cmp -s "$settings" "$old"; }
 is_saved() { grep -qxF '[Own - 1]' "$1" && grep -qxF '[Settings]' "$1" && grep -q 'MaxRPM = 5' "$1"; }
 is_default() { (($(grep -c '^\[' "$settings") == 60)); }
 
-make_socket() {
-    python3 -c 'import socket, sys; socket.socket(socket.AF_UNIX).bind(sys.argv[1])' "$1"
-}
-
 # A place whose name is no UTF-8.
 move_to_latin_1() {
     mkdir "$folder"/$'\xff'
@@ -96,7 +92,6 @@ row "folder missing" "" 'rm -r "$folder/Resources"' '[[ ! -e $folder/Resources ]
 row "folder read-only" "" 'rm "$settings"; chmod 555 "$folder/Resources"' '[[ ! -e $settings ]]'
 row "folder in its place" "" 'rm "$settings"; mkdir "$settings"' '[[ -d $settings ]]'
 row "pipe in its place" "" 'rm "$settings"; mkfifo "$settings"' '[[ -p $settings ]]'
-row "socket in its place" "" 'rm "$settings"; make_socket "$settings"' '[[ -S $settings ]]'
 row "null device in its place" "" 'ln -sf /dev/null "$settings"' '[[ -c $settings ]]'
 row "link to itself" "" 'ln -sf Rotavel.ini "$settings"' '[[ -L $settings ]]'
 row "link to nothing" "" 'rm "$settings"; ln -s elsewhere "$settings"' '[[ -L $settings ]] && is_default'
@@ -112,6 +107,7 @@ row "100 MB of random bytes" "" 'head -c 100000000 /dev/urandom >"$settings"' \
 row "path that is no UTF-8" "" move_to_latin_1 'is_saved "$settings"'
 tracer=(prlimit --fsize=150)
 row "file size limit" "*: File too large" true is_old
+row "file size limit and no file" "" 'rm "$settings"' '[[ ! -e $settings ]]'
 tracer=()
 
 Xvfb -displayfd 3 -nolisten tcp 3>"$folder.old.display" 2>/dev/null &

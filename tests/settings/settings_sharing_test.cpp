@@ -139,7 +139,6 @@ TEST_F(SettingsSharingTest, FailsOnWhatCannotBeWrittenAndTriesAgain) {
     const std::pair<int, std::function<void()>> cases[] = {
         {EISDIR, [&] { std::filesystem::create_directory(file); }},
         {EINVAL, [&] { mkfifo(file.c_str(), 0666); }},
-        {ELOOP, [&] { std::filesystem::create_symlink("Rotavel.ini", file); }},
         {ENOENT, [&] { std::filesystem::create_symlink("no/such", file); }},
         {EFBIG, [&] { std::filesystem::create_hard_link(huge, file); }},
     };

@@ -1,10 +1,7 @@
 #include "settings/settings_store.h"
 
-#include <cerrno>
 #include <cmath>
 #include <limits>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include "settings_test.h"
 
@@ -106,23 +103,6 @@ TEST_F(SettingsStoreTest, CreatesAMissingFileAtTheFirstFlush) {
     EXPECT_TRUE(SettingsWriteString(u"k", u"2"));
     EXPECT_TRUE(SettingsOpenDefault(path)) << "opening writes and closes what is open";
     EXPECT_EQ(ReadFile(file), Mark + "\n[G]\nk = 1\n\n[H]\nk = 2\n");
-}
-
-TEST_F(SettingsStoreTest, NeverRewritesAFileOpenedForReadingOnly) {
-    WriteFile(file, "k = 1\n");
-    ASSERT_EQ(chmod(folder.Path().c_str(), 0755) | chmod(file.c_str(), 0444), 0);
-    // Permissions do not bind the superuser, who opens the file as somebody else.
-    const bool isSuperuser = geteuid() == 0;
-    ASSERT_TRUE(!isSuperuser || seteuid(65534) == 0);
-    EXPECT_TRUE(SettingsOpenDefault(path));
-    ASSERT_TRUE(!isSuperuser || seteuid(0) == 0);
-    EXPECT_TRUE(SettingsWriteString(u"k", u"2"));
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_FALSE(SettingsFlush());
-        EXPECT_EQ(SettingsSaveError(), EACCES);
-        EXPECT_FALSE(SettingsSelectGroup(u"")) << "the flush closes the file";
-    }
-    EXPECT_EQ(Closed(), "k = 1\n");
 }
 
 }  // namespace
