@@ -117,22 +117,10 @@ void* operator new(std::size_t size) {
     return block;
 }
 
-void* operator new[](std::size_t size) {
-    return operator new(size);
-}
-
 void operator delete(void* block) noexcept {
     free(block);
 }
 
 void operator delete(void* block, std::size_t) noexcept {
-    free(block);
-}
-
-void operator delete[](void* block) noexcept {
-    free(block);
-}
-
-void operator delete[](void* block, std::size_t) noexcept {
     free(block);
 }
