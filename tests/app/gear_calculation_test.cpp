@@ -16,20 +16,6 @@ GearInputs Plain(std::array<double, GearCount> ratios) {
     return {.Circumference = 100, .PrimaryRatio = 1, .FinalDriveRatio = 1, .GearRatio = ratios};
 }
 
-// To the last bit.
-TEST(GearCalculation, SpeedsAndEngineSpeeds) {
-    GearInputs inputs;
-    const GearTexts texts = {{u"130", u"80", u"17"},
-                             u"1,3125",
-                             u"4,125",
-                             {u"2,3636", u"1.6429", u"1.2778", u"1.0556", u"0.9000", u""}};
-    const GearMask mask = ReadGearTexts(texts, inputs).Mask;
-    EXPECT_EQ(RoadSpeeds(inputs, 4000, SpeedUnit::Kmh)[0], 37.69711408162968);
-    EXPECT_EQ(RoadSpeeds(inputs, 4000, SpeedUnit::Mph)[4], 61.5167455764226);
-    EXPECT_EQ(EngineSpeed(inputs, mask, 2, u"80,5", SpeedUnit::Kmh), 4617.816490532015);
-    EXPECT_EQ(EngineSpeed(inputs, mask, 2, u"100", SpeedUnit::Mph), 9231.869890855598);
-}
-
 TEST(GearCalculation, ChartTopIsTheNextTenAbove) {
     const std::tuple<std::int64_t, SpeedUnit, std::int64_t> cases[] = {
         {3125, SpeedUnit::Kmh, 190},                  // 187.5 counts as 188
