@@ -94,10 +94,6 @@ TEST_F(SettingsSharingTest, RepeatsOnlyWhatWasWrittenSinceTheLastFlush) {
     EXPECT_EQ(SettingsReadInteger(u"k", 0), 6) << "the selected group has come";
 
     RenameOver(file, "[G]\nk = 5\n");
-    Write(u"Later", u"n", u"1");
-    Write(u"Later", u"n", u"23");
-    ExpectFlushed("[G]\nk = 5\n\n[Later]\nn = 23\n");
-    RenameOver(file, "[G]\nk = 5\n");
     Write(u"G", u"k", u"7");
     SettingsSelectGroup(u"Later");
     ExpectFlushed("[G]\nk = 7\n");
