@@ -13,7 +13,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/../tour/stage.sh"
 
 gallery_program=$1
 checks=("${@:2}")
-((${#checks[@]} > 0)) || checks=(moving zooming starting disabling drops keys)
+((${#checks[@]} > 0)) || checks=(zooming starting disabling drops keys)
 
 content_height=330
 
@@ -95,15 +95,6 @@ read_events() {
         { print kinds[$1], $3 (text == "" ? "" : " \"" text "\"") }')
 }
 
-# Windows are moved, sized, zoomed and closed by the window manager's messages: where its title bar
-# and boxes are, and whether it takes two slow clicks for one, is not the gallery's affair.
-check_moving() {
-    xdotool windowmove "$gallery" 100 100
-    sees "a move" "WindowMoved 0"
-    xdotool windowsize "$gallery" 500 $((360 + menu_bar))
-    sees "a size" "WindowResized 0"
-}
-
 # A busy window manager tells late where a zoom has put the window, which is a move then.
 without_moves() {
     sed '/^WindowMoved/d'
@@ -113,7 +104,8 @@ sorted_without_moves() {
     without_moves | sort
 }
 
-# zooms WINDOW EVENT: posts the event, then the new size.
+# zooms WINDOW EVENT: posts the event, then the new size. Windows are moved, zoomed and closed by the
+# window manager's messages: where its title bar and boxes are is not the gallery's affair.
 zooms() {
     wmctrl -i -r "$1" -b toggle,maximized_vert,maximized_horz
     compare without_moves "a zoom" "$2 1" "WindowResized 1"
