@@ -63,6 +63,10 @@ is_old() { cmp -s "$settings" "$old"; }
 is_saved() { grep -qxF '[Own - 1]' "$1" && grep -qxF '[Settings]' "$1" && grep -q 'MaxRPM = 5' "$1"; }
 is_default() { (($(grep -c '^\[' "$settings") == 60)); }
 
+make_socket() {
+    python3 -c 'import socket, sys; socket.socket(socket.AF_UNIX).bind(sys.argv[1])' "$1"
+}
+
 # A place whose name is no UTF-8.
 move_to_latin_1() {
     mkdir "$folder"/$'\xff'
@@ -92,6 +96,7 @@ row "folder missing" "" 'rm -r "$folder/Resources"' '[[ ! -e $folder/Resources ]
 row "folder read-only" "" 'rm "$settings"; chmod 555 "$folder/Resources"' '[[ ! -e $settings ]]'
 row "folder in its place" "" 'rm "$settings"; mkdir "$settings"' '[[ -d $settings ]]'
 row "pipe in its place" "" 'rm "$settings"; mkfifo "$settings"' '[[ -p $settings ]]'
+row "socket in its place" "" 'rm "$settings"; make_socket "$settings"' '[[ -S $settings ]]'
 row "null device in its place" "" 'ln -sf /dev/null "$settings"' '[[ -c $settings ]]'
 row "link to itself" "" 'ln -sf Rotavel.ini "$settings"' '[[ -L $settings ]]'
 row "link to nothing" "" 'rm "$settings"; ln -s elsewhere "$settings"' '[[ -L $settings ]] && is_default'
