@@ -133,7 +133,6 @@ void QzTextEntry::TextDidChange() {
     }
     if (!isRedoAvailable()) {  // after an undo the text is as it was shown before
         Replace(formatter->Replacement(text()));
-        FitText();  // which may be wider than what was typed
     }
     judged = text();
     ControlTextDidChange();
