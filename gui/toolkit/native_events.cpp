@@ -28,6 +28,7 @@ namespace {
 // One call of ProcessNativeEvents.
 struct Turn {
     int Depth;  // of deliveries, at which events come in from outside
+    bool Postpones;
     bool HasSeen = false;
     bool HasInput = false;
     quint64 InputTime = 0;
@@ -128,10 +129,10 @@ bool ProcessNativeEvents(const QDeadlineTimer& deadline, NativeInput input) {
     }
     const bool redelivers = input == NativeInput::Deliver && !waiting.empty();
     QEventLoop::ProcessEventsFlags flags = QEventLoop::AllEvents;
+    // The toolkit is never asked to hold back input itself: it forgets to wake up for that again.
     flags.setFlag(QEventLoop::WaitForMoreEvents, remaining != 0 && !redelivers);
-    flags.setFlag(QEventLoop::ExcludeUserInputEvents, input == NativeInput::Postpone || redelivers);
 
-    Turn here{deliveries};
+    Turn here{deliveries, input == NativeInput::Postpone};
     Turn* const around = std::exchange(turn, &here);
     QAbstractEventDispatcher::instance()->processEvents(flags);
     if (redelivers && !waiting.empty()) {
@@ -156,7 +157,8 @@ bool AdmitNativeEvent(QObject& receiver, QEvent& event) {
             while (!waiting.empty()) {
                 Redeliver();
             }
-        } else if (!waiting.empty() || (turn->HasInput && !ContinuesInput(event))) {
+        } else if (turn->Postpones || !waiting.empty() ||
+                   (turn->HasInput && !ContinuesInput(event))) {
             Keep(static_cast<QWindow&>(receiver), event);
             return false;
         } else if (event.type() != QEvent::Enter && event.type() != QEvent::Leave) {
