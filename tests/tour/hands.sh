@@ -84,13 +84,10 @@ sees_new_window() {
     opened=$(windows | grep -vxF "$1")
 }
 
-# point_at ROW ROWS: a row of what opened last, taken as so many rows of equal height. A hand does
-# not get there in one jump.
+# point_at ROW ROWS: a row of what opened last, taken as so many rows of equal height.
 point_at() {
-    local y
     look_at "$opened"
-    y=$((top + height * (2 * $1 - 1) / (2 * $2)))
-    xdotool mousemove $((left + width / 2 - 4)) $y mousemove $((left + width / 2)) $y
+    xdotool mousemove $((left + width / 2)) $((top + height * (2 * $1 - 1) / (2 * $2)))
 }
 
 # Chooses what the mouse points at, and the menus close.
