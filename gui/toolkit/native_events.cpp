@@ -88,13 +88,23 @@ bool IsBlocked(const QWindow& window) {
            modal->windowHandle() != &window;
 }
 
+// The window that gets the keys now. When a menu has closed, the toolkit knows of none until the
+// window system has answered, and the keys that come meanwhile are not to be lost.
+QWindow* KeyWindow() {
+    if (QWindow* const focused = QGuiApplication::focusWindow()) {
+        return focused;
+    }
+    const QWidget* const active = QApplication::activeWindow();
+    return active == nullptr ? nullptr : active->windowHandle();
+}
+
 // Delivers the input that has waited longest, a key to what has the keyboard now.
 void Redeliver() {
     const Input input = std::move(waiting.front());
     waiting.pop_front();
     const bool isKey =
         input.Event->type() == QEvent::KeyPress || input.Event->type() == QEvent::KeyRelease;
-    const QPointer<QWindow> window = isKey ? QGuiApplication::focusWindow() : input.Window.data();
+    const QPointer<QWindow> window = isKey ? KeyWindow() : input.Window.data();
     if (window == nullptr || IsBlocked(*window)) {
         return;
     }

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include <QAbstractEventDispatcher>
+#include <QApplication>
 #include <QTest>
 #include <QWindow>
 
@@ -19,7 +20,7 @@ std::vector<std::function<void()>> ahead;
 void TypeAhead(Qt::Key key, const QString& text = {}) {
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         ahead.emplace_back(
-            [=] { qt_handleKeyEvent(QGuiApplication::focusWindow(), type, key, {}, text); });
+            [=] { qt_handleKeyEvent(Native(0)->windowHandle(), type, key, {}, text); });
     }
 }
 
@@ -85,6 +86,23 @@ TEST_F(WaitingTest, EachInputFindsItsReceiverOnceTheOneBeforeIsHandled) {
     Drain();
     EXPECT_EQ(GetGadgetText(1), u"a");
     EXPECT_EQ(GetGadgetText(2), u" b");
+}
+
+// Each Escape leaves one of the two that have taken the keyboard, the menu and its bar.
+TEST_F(WaitingTest, NoKeyIsLostWhileAMenuCloses) {
+    MenuCreate(0, WindowNativeHandle(0));
+    MenuTitle(u"File");
+    MenuItem(60, u"Six");
+    ActivateGadget(2);
+    for (int round = 0; round < 10; ++round) {
+        Press(Qt::Key_F, Qt::AltModifier);
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        TypeAhead(Qt::Key_Escape);
+        TypeAhead(Qt::Key_Escape);
+        TypeAhead(Qt::Key_A, "a");
+        Drain();
+    }
+    EXPECT_EQ(GetGadgetText(2), u"aaaaaaaaaa");
 }
 
 TEST_F(WaitingTest, EqualInputsStayAsManyAsTheyWere) {
