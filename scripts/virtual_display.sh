@@ -72,8 +72,13 @@ wait_for() {
 }
 
 fail() {
+    local status=0
     echo "$(basename "$0" .sh): $*" >&2
     picture failure || true
+    if [[ -n ${program:-} ]] && has_ended "$program" 2>/dev/null; then
+        wait "$program" || status=$?
+        echo "The program has ended, with status $status." >&2
+    fi
     exit 1
 }
 
