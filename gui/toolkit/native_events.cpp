@@ -27,10 +27,10 @@ namespace {
 
 // One call of ProcessNativeEvents.
 struct Turn {
-    int Depth;  // of deliveries, at which events come in from outside
-    bool Postpones;
+    int Depth;       // of deliveries, at which events come in from outside
+    bool Postpones;  // every input, to a later call
     bool HasSeen = false;
-    bool HasInput = false;
+    bool HasInput = false;  // from outside, which has not waited
     quint64 InputTime = 0;
 };
 
@@ -45,9 +45,27 @@ int deliveries = 0;
 int redeliveryDepth = -1;  // of deliveries, while an input that had to wait is delivered
 std::deque<Input> waiting;
 
+// Of a touch or a pen's deed that nobody takes the toolkit makes a mouse's, at once: only that one
+// can wait.
+bool IsMadeMouse(const QEvent& event) {
+    switch (event.type()) {
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TouchCancel:
+        case QEvent::TabletPress:
+        case QEvent::TabletMove:
+        case QEvent::TabletRelease:
+            return true;
+        default:
+            return false;
+    }
+}
+
 bool IsInput(const QEvent& event) {
-    return event.isInputEvent() || event.type() == QEvent::ShortcutOverride ||
-           event.type() == QEvent::Leave || event.type() == QEvent::Close;
+    return (event.isInputEvent() && !IsMadeMouse(event)) ||
+           event.type() == QEvent::ShortcutOverride || event.type() == QEvent::Leave ||
+           event.type() == QEvent::Close;
 }
 
 quint64 TimeOf(const QEvent& event) {
@@ -145,7 +163,7 @@ bool ProcessNativeEvents(const QDeadlineTimer& deadline, NativeInput input) {
     Turn here{deliveries, input == NativeInput::Postpone};
     Turn* const around = std::exchange(turn, &here);
     QAbstractEventDispatcher::instance()->processEvents(flags);
-    if (redelivers && !waiting.empty()) {
+    if (redelivers && !here.HasInput && !waiting.empty()) {
         Redeliver();
         here.HasSeen = true;
     }
