@@ -118,11 +118,11 @@ void ContentScroll::TakeKey(QKeyEvent& event) {
 }
 
 bool ContentScroll::eventFilter(QObject*, QEvent* event) {
-    if (!event->spontaneous()) {
-        return false;  // told by Scrolled
-    }
     if (event->type() == QEvent::MouseMove) {
         const auto& move = static_cast<const QMouseEvent&>(*event);
+        if (move.source() == Qt::MouseEventSynthesizedByApplication) {
+            return false;  // told by Scrolled
+        }
         FollowPointer(move.buttons() == Qt::NoButton ? move.position().toPoint() : QPoint(-1, -1));
     } else if (event->type() == QEvent::Leave) {
         FollowPointer({-1, -1});
@@ -166,8 +166,9 @@ void ContentScroll::Scrolled() {
         // The pointer is over another place of the content now.
         QApplication::postEvent(
             window.windowHandle(),
-            new QMouseEvent(QEvent::MouseMove, pointer, window.mapToGlobal(pointer), Qt::NoButton,
-                            Qt::NoButton, QGuiApplication::keyboardModifiers()));
+            new QMouseEvent(QEvent::MouseMove, pointer, pointer, window.mapToGlobal(pointer),
+                            Qt::NoButton, Qt::NoButton, QGuiApplication::keyboardModifiers(),
+                            Qt::MouseEventSynthesizedByApplication));
     }
 }
 

@@ -121,6 +121,27 @@ TEST_F(WaitingTest, EqualInputsStayAsManyAsTheyWere) {
     EXPECT_EQ(Drain(), "50 0;60 0;60 0;1 512;3 0;4 1;50 0;60 0;60 0;3 0;4 1;");
 }
 
+// The toolkit makes a click of it.
+TEST_F(WaitingTest, ATapThatComesInAtOnceIsAClick) {
+    static QPointingDevice* const screen = QTest::createTouchDevice();
+    const QPoint place = View(3)->mapTo(Native(0), View(3)->rect().center());
+    ahead = {[=] { QTest::touchEvent(Native(0), screen, false).press(1, place).commit(false); },
+             [=] { QTest::touchEvent(Native(0), screen, false).release(1, place).commit(false); }};
+    EXPECT_EQ(Drain(), "1 512;3 0;");
+}
+
+// An input that had to wait counts as any other where the pointer near the edge scrolls.
+TEST_F(WaitingTest, APointerThatComesToTheEdgeAfterAClickScrolls) {
+    WindowCreate(0, 0, 0, 300, 3000);
+    ButtonGadgetCreate(3, 10, 10, 80, 20, u"Push");
+    ForgetEvents();
+    const std::int64_t before = GadgetY(3, OnScreen);
+    ClickAhead(3, Qt::LeftButton, 40'000);
+    MouseAhead({100, Native(0)->height() - 5}, QEvent::MouseMove, Qt::NoButton, 41'000);
+    EXPECT_TRUE(QTest::qWaitFor([=] { return !Drain().empty() || GadgetY(3, OnScreen) < before; }));
+    EXPECT_TRUE(QTest::qWaitFor([=] { return Drain().empty() && GadgetY(3, OnScreen) < before; }));
+}
+
 TEST_F(WaitingTest, ADoubleClickStaysOneAndAPointerOnItsWayIsFolded) {
     ClickAhead(4, Qt::RightButton, 20'000);
     ClickAhead(4, Qt::RightButton, 20'050);
