@@ -24,6 +24,7 @@ constexpr const char* RestButtonName = "qt_menubar_ext_button";
 
 QzMenuBar::QzMenuBar(QWidget* window) : QMenuBar(window), application(AddApplicationMenu(*this)) {
     setNativeMenuBar(false);
+    hide();  // a window may have several bars, and shows the one that its layout is given
     TakeOverRest();
 }
 

@@ -272,6 +272,19 @@ TEST_F(MenuTest, EscapeAndTheKeyForClosingAskAWindowAboveAnotherToClose) {
     EXPECT_EQ(After(Qt::Key_Escape), "Close 4");
 }
 
+TEST_F(MenuTest, OfSeveralBarsOfAWindowTheFirstIsSeen) {
+    WindowCreate(5, 0, 0, 200, 100, {}, WindowHidden);
+    for (const int number : {1, 2}) {
+        MenuCreate(number, WindowNativeHandle(5));
+        MenuTitle(number == 1 ? u"First" : u"Second");
+    }
+    WindowShow(5, Shown);
+    ForgetEvents();
+    for (const QMenuBar* const bar : Native(5)->findChildren<QMenuBar*>()) {
+        EXPECT_EQ(bar->isVisible(), bar->actions().back()->text() == "First");
+    }
+}
+
 TEST_F(MenuTest, ItemsAreMadeWhenTheyAreSeen) {
     BuildMotorcycles();
     const qsizetype before = Bar().findChildren<QAction*>().size();
