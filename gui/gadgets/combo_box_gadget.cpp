@@ -109,7 +109,7 @@ void QzComboBoxGadgetFunctions::SetGadgetItemImage(std::int64_t item, NativeImag
 void QzComboBoxGadgetFunctions::ChangeList(const std::function<void()>& change) {
     const QPersistentModelIndex selected = View().model()->index(View().currentIndex(), 0);
     change();
-    if (!selected.isValid()) {
+    if (!selected.isValid() && View().currentIndex() != -1) {
         View().setCurrentIndex(-1);
     }
 }

@@ -83,10 +83,12 @@ class QzEditComboBoxGadgetFunctions final : public QzComboBoxGadgetFunctions {
     // Nor does what the toolkit asks for and takes into the field meanwhile count.
     void ChangeList(const std::function<void()>& change) override {
         const QString text = View().currentText();
+        const int cursor = View().lineEdit()->cursorPosition();
         const std::int32_t index = View().Items.SelectedIndex;
         QzComboBoxGadgetFunctions::ChangeList(change);
         if (View().currentText() != text) {
             View().SetStringValue(text);
+            View().lineEdit()->setCursorPosition(cursor);
         }
         View().Items.SelectedIndex = index;
     }

@@ -80,6 +80,18 @@ TEST_F(ComboBoxTest, ReportsEveryChoiceButNoneByTheWheel) {
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "the list is closed";
 }
 
+TEST_F(ComboBoxTest, TypingGoesOnWhileTheListChanges) {
+    Create({}, ComboBoxEditable);
+    ActivateGadget(1);
+    for (const std::string_view letter : {"a", "b", "c"}) {
+        Type(letter);
+        AddGadgetItem(1, 0, u"item");
+    }
+    ClearGadgetItems(1);
+    Type("d");
+    EXPECT_EQ(GetGadgetText(1), u"abcd");
+}
+
 TEST_F(ComboBoxTest, LeavesCommandKeysToTheWindow) {
     for (const std::uint32_t flags : {0U, ComboBoxEditable}) {
         Create({u"a", u"file"}, flags);
