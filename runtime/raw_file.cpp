@@ -103,6 +103,11 @@ bool RawFile::IsAt(const std::string& path) const {
            own.st_dev == there.st_dev && own.st_ino == there.st_ino;
 }
 
+bool RawFile::IsLinked() const {
+    struct stat own = {};
+    return fstat(descriptor, &own) == 0 && own.st_nlink > 0;
+}
+
 void RawFile::Swap(RawFile& other) {
     std::swap(descriptor, other.descriptor);
     std::swap(error, other.error);

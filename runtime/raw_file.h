@@ -37,6 +37,9 @@ class RawFile {
     // Whether this, and no other that has taken its place, is the file at the path.
     bool IsAt(const std::string& path) const;
 
+    // Whether the file has a name still: it was not deleted, whatever became of its path.
+    bool IsLinked() const;
+
     // Why the last operation that failed did: a value of errno.
     int Error() const { return error; }
 

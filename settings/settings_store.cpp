@@ -174,6 +174,12 @@ int Save() {
             error = SaveOver(file);
         }
     }
+    // No folder of that path: it was renamed with the file in it, which is still open.
+    if (error == ENOENT && store.File.IsLinked()) {
+        store.File.Lock();
+        error = SaveOver(store.File);
+        store.File.Unlock();
+    }
     return error;
 }
 

@@ -12,7 +12,8 @@ namespace rotavel {
 // SettingsClose and rewritten as a whole when a write has changed it. There is one store, for use
 // from one thread. Names and keys are compared ignoring case for ASCII letters only, and the first
 // match wins. The store shows no messages and throws nothing: where memory is short an operation
-// returns 0, false or an empty text and changes nothing.
+// returns 0, false or an empty text and, unless it says
+// otherwise, changes nothing.
 
 // Closes what was open and opens the file at `path`, to be rewritten in the layout of `flags`
 // (settings_flags.h). False when no file could be opened: the store is then empty and the first
@@ -29,9 +30,9 @@ void SettingsClose();
 // Rewrites the file at the path when there were writes since the last time, and returns when the
 // text has reached the disk. Whatever others have put into that file, or in its place, since it was
 // read stays in it, with the store's writes added; a file that has gone is made again from all that
-// the store holds. False when there was nothing to write or it failed: the file then stays as it
-// was, and so do the writes for another try. A file that could be opened for reading only is closed
-// by this and keeps its content.
+// the store holds, and one whose folder was renamed is rewritten where it is. False when there was
+// nothing to write or it failed: the file then stays as it was, and so do the writes for another
+// try. A file that could be opened for reading only is closed by this and keeps its content.
 bool SettingsFlush();
 
 // Why the last flush, SettingsClose's included, could not save what was written: a value of errno.

@@ -128,6 +128,22 @@ TEST_F(SettingsSharingTest, MakesAFileThatHasGoneAgain) {
     }
 }
 
+TEST_F(SettingsSharingTest, FollowsTheFileWhenItsFolderIsRenamed) {
+    std::filesystem::create_directory(folder.File("old"));
+    WriteFile(folder.File("old/a.ini"), "[G]\nk = 1\n");
+    SettingsOpen(ToUtf16(folder.File("old/a.ini")), GroupSpacing);
+    std::filesystem::rename(folder.File("old"), folder.File("new"));
+    for (const std::string value : {"2", "3"}) {
+        Write(u"G", u"k", ToUtf16(value));
+        EXPECT_TRUE(SettingsFlush());
+        EXPECT_EQ(ReadFile(folder.File("new/a.ini")), Mark + "\n[G]\nk = " + value + "\n");
+    }
+    std::filesystem::remove_all(folder.File("new"));
+    Write(u"G", u"k", u"4");
+    EXPECT_FALSE(SettingsFlush());
+    EXPECT_EQ(SettingsSaveError(), ENOENT);
+}
+
 TEST_F(SettingsSharingTest, FailsOnWhatCannotBeWrittenAndTriesAgain) {
     const std::string huge = folder.File("huge");
     WriteFile(huge, "");
