@@ -14,6 +14,9 @@ namespace rotavel {
 
 namespace {
 
+// Of an end of a line. The products of what is left cannot overflow.
+constexpr std::int64_t Farthest = std::int64_t{1} << 29;
+
 // A line as a walk along the axis on which it is longer; the other coordinate follows.
 struct LineWalk {
     std::int64_t From;
@@ -56,11 +59,9 @@ void RasterLine(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t 
     if (drawing == nullptr) {
         return;
     }
-    // No target reaches this far, and the products of what remains cannot overflow.
-    x1 = ToCoordinate(x1);
-    y1 = ToCoordinate(y1);
-    x2 = ToCoordinate(x2);
-    y2 = ToCoordinate(y2);
+    for (std::int64_t* const end : {&x1, &y1, &x2, &y2}) {
+        *end = std::clamp(*end, -Farthest, Farthest);
+    }
     const bool flat = std::abs(x2 - x1) >= std::abs(y2 - y1);
     LineWalk walk = flat ? LineWalk{x1, x2, y1, y2} : LineWalk{y1, y2, x1, x2};
     if (walk.From > walk.To) {

@@ -207,7 +207,7 @@ void PathStroke(double width, std::uint32_t flags) {
 
 void PathStrokeDotted(double width, double distance, std::uint32_t flags) {
     Paint(flags, [=](QPainter& painter, const QPainterPath& path, const QColor& colour) {
-        const DotStyle style{Bounded(width), distance, (flags & StrokeRoundEnd) != 0};
+        const DotStyle style{Bounded(width), Bounded(distance), (flags & StrokeRoundEnd) != 0};
         PaintDots(painter, SharpFor(style.Size, path), style, colour);
     });
 }

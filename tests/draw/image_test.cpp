@@ -90,6 +90,7 @@ TEST_F(ImageTest, RasterLinesIncludeBothEndsAndAreClipped) {
         {INT64_MIN, 4, INT64_MAX, 4, {0, 4, 40, 1}, 40},
         {39, INT64_MAX, 39, INT64_MIN, {39, 0, 1, 30}, 30},
         {-5, -5, 5, 5, {0, 0, 6, 6}, 6},
+        {0, 0, 100'000, 50'000, {0, 0, 40, 21}, 40},
         {0, 30, 39, 30, {}, 0},
         {40, 0, 40, 29, {}, 0},
     };
