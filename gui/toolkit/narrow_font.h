@@ -15,7 +15,7 @@ inline constexpr int NarrowestStretch = 62;
 template <typename Measure>
 QFont NarrowFont(QFont font, double room, Measure widthIn) {
     const double width = widthIn(font);
-    if (width <= room) {
+    if (width <= std::max(room, 0.0)) {
         return font;
     }
     // Hinting rounds each letter's width, so that a text may take more than its share.
