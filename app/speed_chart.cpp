@@ -137,11 +137,14 @@ void CloseChart(SpeedChart& chart) {
 }  // namespace
 
 void ShowSpeedChart(SpeedChart& chart) {
+    if (WindowExists(ChartWindow)) {
+        return;
+    }
     const GearMask mask = ReadGearInputs(chart.Inputs);
     const std::int64_t maxRpm = TextToInteger(GetGadgetText(MaxRpmField));
     const auto topSpeed =
         TopSpeedForChart(chart.Inputs, mask, maxRpm, UnitOnShow(), chart.TopGearIndex);
-    if (!topSpeed || WindowExists(ChartWindow)) {
+    if (!topSpeed) {
         return;
     }
     chart.ChartImage =
@@ -162,9 +165,6 @@ void HandleChartEvent(SpeedChart& chart) {
             break;
         case WindowMoved:
             MoveMagnifier(ChartWindow);
-            break;
-        case WindowDeactivated:
-            ClearReadOut();  // nothing of the chart may lie above another program's windows
             break;
         case CloseRequested:
             CloseChart(chart);

@@ -23,8 +23,8 @@ struct SpeedChart {
     std::int64_t ChartTopSpeed = 0;
 };
 
-// "Graphic": opens the chart for what the main window shows. Does nothing while a chart is open or
-// when there is nothing to calculate with.
+// "Graphic": opens the chart for what the main window shows. Does nothing while a chart is open;
+// opens none when there is nothing to calculate with.
 void ShowSpeedChart(SpeedChart& chart);
 
 // Handles the current event, which is one of a window other than the main window.
