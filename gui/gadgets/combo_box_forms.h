@@ -16,7 +16,7 @@ namespace rotavel {
 // What the views of both forms of a combo box have in common: they keep the size they were given, a
 // turn of the wheel over them neither chooses nor takes the keyboard, and a command key chooses no
 // item. Each choice of the user's runs the event handler, also of the item that is selected
-// already.
+// already; in the editable form each edit does as well.
 class QzComboBoxView : public QComboBox, public QzTaggedView, public QzControl {
   public:
     explicit QzComboBoxView(QWidget* container);

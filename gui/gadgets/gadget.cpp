@@ -6,7 +6,6 @@
 #include "gui/gadget_list.h"
 #include "gui/gadgets/gadget_registry.h"
 #include "gui/toolkit/font.h"
-#include "gui/toolkit/native_events.h"
 #include "gui/windows/qz_window.h"
 
 namespace rotavel {
@@ -41,7 +40,6 @@ bool GadgetExists(GadgetNumber number) {
 
 void ActivateGadget(GadgetNumber number) {
     if (number == AnyNumber) {
-        const NativeDelivery delivery;  // a wait inside a binding does not delete the window
         if (QzWindow* const window = QzWindow::ChosenKeyWindow()) {
             window->MakeFirstResponder(nullptr);
         }

@@ -1,7 +1,5 @@
 #include "gui/gadgets/gadget_functions.h"
 
-#include <QPointer>
-
 #include "gui/events/event_posting.h"
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
@@ -10,7 +8,6 @@
 #include "gui/toolkit/coordinates.h"
 #include "gui/toolkit/font.h"
 #include "gui/toolkit/handle.h"
-#include "gui/toolkit/native_events.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/qz_views.h"
 #include "gui/windows/window_frame.h"
@@ -71,11 +68,10 @@ void QzGadgetFunctions::SendEvent(std::int64_t type) const {
 }
 
 void QzGadgetFunctions::ActivateGadget() {
-    // A binding to what this posts may free the gadget, and these functions with it, and wait; the
-    // native objects stay until this is done.
-    const NativeDelivery delivery;
+    // A binding to what this posts may free the gadget, and these functions with it. The native
+    // objects stay until the program's outermost wait.
     const GadgetNumber number = GadgetID;
-    const QPointer<QWidget> view = Gadget->View;
+    QWidget* const view = Gadget->View;
     QzWindow* const window = QzWindow::Of(view);
     if (window->Presentation().IsVisibleOrPending()) {
         window->MakeKeyAndOrderFront();
@@ -100,10 +96,10 @@ void QzGadgetFunctions::GadgetName(std::u16string_view text) const {
 }
 
 void QzGadgetFunctions::HideGadget(bool state) {
-    const QPointer<QWidget> container = Gadget->Container;
+    QWidget* const container = Gadget->Container;
     container->setHidden(state);
     // Where no other view takes the keyboard over, the toolkit leaves it with the hidden one.
-    if (container != nullptr && container->isHidden()) {
+    if (container->isHidden()) {
         TakeKeyboardFrom(*container);
     }
 }
@@ -115,13 +111,11 @@ void QzGadgetFunctions::DisableGadget(bool state) {
 }
 
 void QzGadgetFunctions::DisableView(bool state) {
-    const QPointer<QWidget> view = Gadget->View;
+    QWidget* const view = Gadget->View;
     if (state) {
         TakeKeyboardFrom(*view);  // the toolkit would pass it on to the next view
     }
-    if (view != nullptr) {
-        view->setEnabled(!state);
-    }
+    view->setEnabled(!state);
 }
 
 std::int64_t QzGadgetFunctions::GadgetX(int mode) const {
@@ -191,7 +185,6 @@ std::u16string QzGadgetFunctions::GetGadgetText() const {
 }
 
 void TakeKeyboardFrom(const QWidget& view) {
-    const NativeDelivery delivery;  // a wait inside a binding does not delete the window
     QzWindow* const window = QzWindow::Of(&view);
     const QWidget* const focus = window == nullptr ? nullptr : window->focusWidget();
     if (view.isAncestorOf(focus)) {

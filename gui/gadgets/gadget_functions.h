@@ -101,7 +101,7 @@ class QzGadgetFunctions {
 };
 
 // Takes the keyboard from a view, or from one that it holds, and gives it to none. Bindings run and
-// may do anything, so that the view may be gone afterwards.
+// may free the gadget; the view itself stays until the program's outermost wait.
 void TakeKeyboardFrom(const QWidget& view);
 
 }  // namespace rotavel

@@ -3,8 +3,6 @@
 #include <utility>
 #include <vector>
 
-#include <QPointer>
-
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
 #include "gui/gadgets/gadget_view.h"
@@ -51,14 +49,13 @@ void FreeWhere(Predicate matches) {
 void FreeOne(GadgetNumber number, const GadgetRecord& record) {
     // A binding to a LostFocus that this posts may free the gadget, create another under its number
     // or close the window.
-    const QPointer<QWidget> container = record.Container;
+    QWidget* const container = record.Container;
     TakeKeyboardFrom(*container);
-    FreeWhere([&container](const GadgetRecord& other) {
-        return container != nullptr && container != other.Container &&
-               container->isAncestorOf(other.View);
+    FreeWhere([container](const GadgetRecord& other) {
+        return container != other.Container && container->isAncestorOf(other.View);
     });
     GadgetRecord* const present = registry.Find(number);
-    if (container == nullptr || present == nullptr || present->Container != container) {
+    if (present == nullptr || present->Container != container) {
         return;
     }
     FreeRecordOnly(number, *present);

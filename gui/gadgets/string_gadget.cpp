@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include <QPointer>
-
 #include "gui/event_queue.h"
 #include "gui/gadget.h"
 #include "gui/gadgets/gadget_colours.h"
@@ -54,11 +52,9 @@ class QzStringGadgetFunctions final : public QzColouredGadgetFunctions {
   public:
     // What the field holds is ready to be typed over.
     void ActivateGadget() override {
-        const QPointer<QLineEdit> view = &View();  // a binding to Focus may free the gadget
+        QLineEdit& view = View();  // a binding to Focus may free the gadget, and this with it
         QzGadgetFunctions::ActivateGadget();
-        if (view != nullptr) {
-            view->selectAll();
-        }
+        view.selectAll();
     }
 
     // Pressing Return is no event.

@@ -64,7 +64,7 @@ class DropTarget final : public QObject {
             drag.setDropAction(Qt::CopyAction);
         }
         if (isWelcome && isDrop) {
-            PostDrop(Kind, Object, WindowNumberOf(widget), drag);  // a binding may end this
+            PostDrop(Kind, Object, WindowNumberOf(widget), drag);
         }
         return true;
     }
