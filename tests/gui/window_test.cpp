@@ -74,13 +74,13 @@ TEST_F(WindowTest, ReportsItsGeometry) {
         WindowSetBounds(window, 70, IgnoreValue, 220, IgnoreValue);
         WindowSetBounds(window, IgnoreValue, 80, IgnoreValue, 120);
         // Of window 0's resize events only the newest is kept.
-        EXPECT_EQ(TakenOfWindows(), window == 0 ? "Moved 0, Resized 0, Moved 0"
-                                                : "Resized 1, Moved 1, Resized 1, Moved 1");
+        EXPECT_EQ(TakenGeometry(), window == 0 ? "Moved 0, Resized 0, Moved 0"
+                                               : "Resized 1, Moved 1, Resized 1, Moved 1");
     }
     // A zoom may come as a new state first and a new size later.
     Native(1)->showMaximized();
     Native(1)->showNormal();
-    EXPECT_EQ(TakenOfWindows().find("Maximized 1, Resized 1, Restored 1, Resized 1"), 0U);
+    EXPECT_EQ(TakenGeometry().find("Maximized 1, Resized 1, Restored 1, Resized 1"), 0U);
     EXPECT_EQ(Content(1), QSize(220, 120));
 }
 

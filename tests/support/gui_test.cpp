@@ -130,7 +130,7 @@ std::string Taken() {
     return TakenOf(inputNames);
 }
 
-std::string TakenOfWindows() {
+std::string TakenGeometry() {
     return TakenOf(geometryNames);
 }
 

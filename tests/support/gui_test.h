@@ -26,10 +26,10 @@ class GuiTest : public testing::Test {
 };
 
 // Lets everything native happen that is due and takes every event. Returns those that tell of input
-// (menus, gadgets, clicks, close boxes) or of windows (moved, resized, activated and so on), each
-// as "name object", with "@window" for a gadget or menu of another window than 0.
+// (menus, gadgets, clicks, close boxes) or of where windows are (moved, resized, zoomed), each as
+// "name object", with "@window" for a gadget or menu of another window than 0.
 std::string Taken();
-std::string TakenOfWindows();
+std::string TakenGeometry();
 void ForgetEvents();
 
 QzWindow* Native(std::int64_t window);
