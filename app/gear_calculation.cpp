@@ -10,8 +10,8 @@ namespace {
 constexpr double CentimetresPerMetre = 100.0;
 constexpr double MetresPerKilometre = 1000.0;
 
-// Not each other's reciprocals, and neither stands in for the other: the first is the customary
-// rounded factor for speeds shown, the second the international mile for speeds typed.
+// Not each other's reciprocals, and neither stands in for the other: the first is this
+// program's own for speeds shown, the second the international mile for speeds typed.
 constexpr double MphPerKmh = 0.621375;
 constexpr double KmhPerMph = 1.609344;
 

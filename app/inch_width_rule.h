@@ -5,7 +5,7 @@
 namespace rotavel {
 
 // The rule that an inch width ("3.25") goes without a percent height, kept in the main window's
-// fields. A width is taken for inches by its "." while it is being typed, where "18" may be on its
+// fields. A width is taken for inches by its "." while it is being typed, where "1" may be on its
 // way to 180, and by being below 10 when it is calculated with.
 
 // The width was typed: with a "." the percent field is emptied and disabled, else it is enabled.

@@ -43,7 +43,8 @@ inline constexpr std::int64_t RpmField = 60;
 inline constexpr std::int64_t CalcSpeedButton = 61;
 inline constexpr std::int64_t GraphicButton = 62;
 
-// The number of a gear's gadget (first gear is gear 0), and the gear whose gadget a number is.
+// The number of a gear's gadget (gears by their place in an array, from 0), and the gear whose
+// gadget a number is.
 constexpr std::int64_t GadgetOfGear(std::int64_t firstGearGadget, std::size_t gear) {
     return firstGearGadget + static_cast<std::int64_t>(gear);
 }

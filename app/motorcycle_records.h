@@ -10,7 +10,7 @@
 
 namespace rotavel {
 
-// One motorcycle of the settings file. Never changed after start-up but for its menu item number.
+// One motorcycle of the settings file. Never changed once the menu is built.
 struct MotorcycleRecord {
     std::u16string Model;  // "Breva 750"
     double PrimaryRatio = 0.0;

@@ -33,7 +33,7 @@ namespace {
 
 constexpr double ProgramFontPoints = 8;
 
-// A file that is missing, or cannot be opened, is replaced without a word; where that fails too,
+// A missing file is made without a word. One that is there and cannot be opened stays as it is, and
 // opening it for the run tells.
 void WriteDefaultSettingsIfMissing(const std::u16string& path) {
     if (SettingsOpenDefault(path)) {

@@ -13,8 +13,8 @@ int RunProgram();
 // What goes before and after the main loop, once the GUI layer has started.
 
 // Opens the settings file, written first if there is none, and the main window with the values
-// shown last. False when there can be no settings file: the user has been told, and nothing is
-// open.
+// shown last. False when there is no settings file that can be opened: the user has been told, and
+// nothing is open.
 bool StartUp(Program& program, const std::u16string& settingsPath);
 
 // Saves the values on show and closes the settings file, which rewrites it. Where that fails, path

@@ -7,8 +7,8 @@
 
 namespace rotavel {
 
-// Where new gadgets go: one list a window that has received gadgets, each with a stack of
-// containers. A new window's list becomes the current one.
+// Where new gadgets go: one list a window that takes any (not WindowOutsideGadgetList), each with a
+// stack of containers. A new window's list becomes the current one.
 class QzGadgetList {
   public:
     explicit QzGadgetList(NativeWindow* window);
