@@ -282,16 +282,16 @@ void DoRandomDeeds() {
     --depth;
 }
 
-// The seed and the number of deeds are ROTAVEL_RANDOM_SEED and ROTAVEL_RANDOM_DEEDS; a run can be
-// repeated.
-// The offscreen platform activates a field's own menu as if it were a window. If that has been
-// closed and goes in that moment, the toolkit crashes.
+// The offscreen platform activates a field's own menu as if it were a window. A callback to that
+// which waits lets the toolkit delete the menu, and the toolkit crashes.
 class NoContextMenus final : public QObject {
     bool eventFilter(QObject*, QEvent* event) override {
         return event->type() == QEvent::ContextMenu;
     }
 };
 
+// The seed and the number of deeds are ROTAVEL_RANDOM_SEED and ROTAVEL_RANDOM_DEEDS; a run can be
+// repeated.
 TEST_F(CallbacksTest, LeaveTheLayerWholeInRandomOrder) {
     NoContextMenus noContextMenus;
     qApp->installEventFilter(&noContextMenus);

@@ -133,10 +133,11 @@ TEST_F(SettingsSharingTest, FollowsTheFileWhenItsFolderIsRenamed) {
     WriteFile(folder.File("old/a.ini"), "[G]\nk = 1\n");
     SettingsOpen(ToUtf16(folder.File("old/a.ini")), GroupSpacing);
     std::filesystem::rename(folder.File("old"), folder.File("new"));
-    for (const std::string value : {"2", "3"}) {
+    for (const char* const value : {"22", "3"}) {
         Write(u"G", u"k", ToUtf16(value));
         EXPECT_TRUE(SettingsFlush());
-        EXPECT_EQ(ReadFile(folder.File("new/a.ini")), Mark + "\n[G]\nk = " + value + "\n");
+        std::string expected = Mark + "\n[G]\nk = ";
+        EXPECT_EQ(ReadFile(folder.File("new/a.ini")), expected.append(value).append("\n"));
     }
     std::filesystem::remove_all(folder.File("new"));
     Write(u"G", u"k", u"4");
