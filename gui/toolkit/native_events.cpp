@@ -72,6 +72,12 @@ quint64 TimeOf(const QEvent& event) {
     return event.isInputEvent() ? static_cast<const QInputEvent&>(event).timestamp() : 0;
 }
 
+// What the toolkit also tells in the middle of a deed of its own, when a menu closes for instance.
+bool MayBeToldDirectly(const QEvent& event) {
+    return event.type() == QEvent::Enter || event.type() == QEvent::Leave ||
+           event.type() == QEvent::Close;
+}
+
 // The toolkit tells some inputs as two events: a key after the question whether it is a shortcut,
 // a double click after its press.
 bool ContinuesInput(const QEvent& event) {
@@ -106,10 +112,15 @@ bool IsBlocked(const QWindow& window) {
            modal->windowHandle() != &window;
 }
 
-// The window that gets the keys now. When a menu has closed, the toolkit knows of none until the
-// window system has answered, and the keys that come meanwhile are not to be lost.
+// The window that gets the keys now. A box that asks has them though the window manager may not
+// have given it the keyboard yet. When a menu has closed, the toolkit knows of the menu's window,
+// or of none, until the window system has answered; the window below has the keys meanwhile.
 QWindow* KeyWindow() {
-    if (QWindow* const focused = QGuiApplication::focusWindow()) {
+    if (const QWidget* const modal = QApplication::activeModalWidget()) {
+        return modal->windowHandle();
+    }
+    QWindow* const focused = QGuiApplication::focusWindow();
+    if (focused != nullptr && focused->isVisible()) {
         return focused;
     }
     const QWidget* const active = QApplication::activeWindow();
@@ -182,7 +193,7 @@ bool AdmitNativeEvent(QObject& receiver, QEvent& event) {
     if (IsInput(event) && !isRedelivered) {
         if (turn == nullptr || turn->Depth != deliveries) {
             // In a loop of the toolkit's own, a drag's for instance, nothing waits.
-            while (!waiting.empty()) {
+            while (!MayBeToldDirectly(event) && !waiting.empty()) {
                 Redeliver();
             }
         } else if (turn->Postpones || !waiting.empty() ||
