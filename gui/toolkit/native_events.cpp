@@ -34,10 +34,12 @@ struct Turn {
     quint64 InputTime = 0;
 };
 
-// An input that waits for its turn.
+// An input that waits for its turn. What the toolkit copies of a pointer's event stays tied to the
+// pointer, which goes on to other places meanwhile; only the place in the window is the copy's own.
 struct Input {
     QPointer<QWindow> Window;
     std::unique_ptr<QEvent> Event;
+    QPointF OnScreen;  // of a pointer
 };
 
 Turn* turn = nullptr;  // the innermost one
@@ -103,7 +105,47 @@ void Keep(QWindow& window, QEvent& event) {
     if (!waiting.empty() && IsMoveLike(waiting.back(), window, event)) {
         waiting.pop_back();  // the pointer has moved on
     }
-    waiting.push_back({&window, std::unique_ptr<QEvent>(event.clone())});
+    const QPointF onScreen = event.isSinglePointEvent()
+                                 ? static_cast<const QSinglePointEvent&>(event).globalPosition()
+                                 : QPointF();
+    waiting.push_back({&window, std::unique_ptr<QEvent>(event.clone()), onScreen});
+}
+
+// The event of a pointer as it was when it came.
+std::unique_ptr<QEvent> MadeAnew(const Input& input) {
+    const auto& event = static_cast<const QSinglePointEvent&>(*input.Event);
+    const QPointF place = event.position();
+    std::unique_ptr<QSinglePointEvent> made;
+    if (event.type() == QEvent::Enter) {
+        made = std::make_unique<QEnterEvent>(place, place, input.OnScreen, event.pointingDevice());
+    } else if (event.type() == QEvent::Wheel) {
+        const auto& wheel = static_cast<const QWheelEvent&>(event);
+        made = std::make_unique<QWheelEvent>(place, input.OnScreen, wheel.pixelDelta(),
+                                             wheel.angleDelta(), wheel.buttons(), wheel.modifiers(),
+                                             wheel.phase(), wheel.inverted(), wheel.source(),
+                                             wheel.pointingDevice());
+    } else {
+        const auto& mouse = static_cast<const QMouseEvent&>(event);
+        made = std::make_unique<QMouseEvent>(mouse.type(), place, place, input.OnScreen,
+                                             mouse.button(), mouse.buttons(), mouse.modifiers(),
+                                             mouse.source(), mouse.pointingDevice());
+    }
+    made->setTimestamp(event.timestamp());
+    return made;
+}
+
+bool IsOfMouse(const QEvent& event) {
+    switch (event.type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::Enter:
+            return true;
+        default:
+            return false;
+    }
 }
 
 bool IsBlocked(const QWindow& window) {
@@ -129,8 +171,11 @@ QWindow* KeyWindow() {
 
 // Delivers the input that has waited longest, a key to what has the keyboard now.
 void Redeliver() {
-    const Input input = std::move(waiting.front());
+    Input input = std::move(waiting.front());
     waiting.pop_front();
+    if (IsOfMouse(*input.Event)) {
+        input.Event = MadeAnew(input);
+    }
     const bool isKey =
         input.Event->type() == QEvent::KeyPress || input.Event->type() == QEvent::KeyRelease;
     const QPointer<QWindow> window = isKey ? KeyWindow() : input.Window.data();
