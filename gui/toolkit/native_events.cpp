@@ -154,10 +154,10 @@ bool IsBlocked(const QWindow& window) {
            modal->windowHandle() != &window;
 }
 
-// The window that gets the keys now. A box that asks has them though the window manager may not
-// have given it the keyboard yet. When a menu has closed, the toolkit knows of the menu's window,
+// The window that gets a key now. A box that asks has the keys though the window manager may not
+// have given it the keyboard yet. When a menu or a box has closed, the toolkit knows of its window,
 // or of none, until the window system has answered; the window below has the keys meanwhile.
-QWindow* KeyWindow() {
+QWindow* ReceiverOfKey(const Input& key) {
     if (const QWidget* const modal = QApplication::activeModalWidget()) {
         return modal->windowHandle();
     }
@@ -166,7 +166,7 @@ QWindow* KeyWindow() {
         return focused;
     }
     const QWidget* const active = QApplication::activeWindow();
-    return active == nullptr ? nullptr : active->windowHandle();
+    return active == nullptr ? key.Window.data() : active->windowHandle();
 }
 
 // Delivers the input that has waited longest, a key to what has the keyboard now.
@@ -178,7 +178,7 @@ void Redeliver() {
     }
     const bool isKey =
         input.Event->type() == QEvent::KeyPress || input.Event->type() == QEvent::KeyRelease;
-    const QPointer<QWindow> window = isKey ? KeyWindow() : input.Window.data();
+    const QPointer<QWindow> window = isKey ? ReceiverOfKey(input) : input.Window.data();
     if (window == nullptr || IsBlocked(*window)) {
         return;
     }
