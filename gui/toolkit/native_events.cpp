@@ -6,7 +6,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QDeadlineTimer>
-#include <QInputEvent>
+#include <QKeyEvent>
 #include <QTimer>
 #include <QWindow>
 
@@ -21,17 +21,19 @@ struct Turn {
     int Depth;       // of deliveries, at which events come in from outside
     bool Postpones;  // every input, to a later call
     bool HasSeen = false;
-    bool HasInput = false;  // from outside, which has not waited
+    bool HasInput = false;  // one that came in during this call has been delivered
+    QEvent::Type InputType = QEvent::None;
     quint64 InputTime = 0;
+    int InputKey = 0;
 };
 
 Turn* turn = nullptr;  // the innermost one
 int deliveries = 0;
 int redeliveryDepth = -1;  // of deliveries, while an input that had to wait is delivered
 
-// Of a touch or a pen's deed that nobody takes the toolkit makes a mouse's, at once: only that one
-// can wait.
-bool IsMadeMouse(const QEvent& event) {
+// The toolkit makes a mouse's event of a touch or a pen's that nobody takes, while that is being
+// delivered. Only the mouse's can wait.
+bool IsOfTouchOrPen(const QEvent& event) {
     switch (event.type()) {
         case QEvent::TouchBegin:
         case QEvent::TouchUpdate:
@@ -47,7 +49,7 @@ bool IsMadeMouse(const QEvent& event) {
 }
 
 bool IsInput(const QEvent& event) {
-    return (event.isInputEvent() && !IsMadeMouse(event)) ||
+    return (event.isInputEvent() && !IsOfTouchOrPen(event)) ||
            event.type() == QEvent::ShortcutOverride || event.type() == QEvent::Leave ||
            event.type() == QEvent::Close;
 }
@@ -56,7 +58,13 @@ quint64 TimeOf(const QEvent& event) {
     return event.isInputEvent() ? static_cast<const QInputEvent&>(event).timestamp() : 0;
 }
 
-// What the toolkit also tells in the middle of a deed of its own, when a menu closes for instance.
+int KeyOf(const QEvent& event) {
+    const bool isKey = event.type() == QEvent::ShortcutOverride || event.type() == QEvent::KeyPress;
+    return isKey ? static_cast<const QKeyEvent&>(event).key() : 0;
+}
+
+// What the toolkit also tells in the middle of a deed of its own. When a menu closes, the keys that
+// wait are not to be sent before it has closed.
 bool MayBeToldDirectly(const QEvent& event) {
     return event.type() == QEvent::Enter || event.type() == QEvent::Leave ||
            event.type() == QEvent::Close;
@@ -65,8 +73,11 @@ bool MayBeToldDirectly(const QEvent& event) {
 // The toolkit tells some inputs as two events: a key after the question whether it is a shortcut,
 // a double click after its press.
 bool ContinuesInput(const QEvent& event) {
-    return (event.type() == QEvent::KeyPress || event.type() == QEvent::MouseButtonDblClick) &&
-           TimeOf(event) == turn->InputTime;
+    const bool follows =
+        (event.type() == QEvent::KeyPress && turn->InputType == QEvent::ShortcutOverride) ||
+        (event.type() == QEvent::MouseButtonDblClick &&
+         turn->InputType == QEvent::MouseButtonPress);
+    return follows && TimeOf(event) == turn->InputTime && KeyOf(event) == turn->InputKey;
 }
 
 void Redeliver() {
@@ -116,16 +127,18 @@ bool AdmitNativeEvent(QObject& receiver, QEvent& event) {
     const bool isRedelivered = deliveries == redeliveryDepth;
     if (IsInput(event) && !isRedelivered) {
         if (turn == nullptr || turn->Depth != deliveries) {
-            // In a loop of the toolkit's own, a drag's for instance, nothing waits.
+            // In a loop of the toolkit's own, a drag's for instance, nothing goes on waiting.
             while (!MayBeToldDirectly(event) && IsInputKept()) {
                 Redeliver();
             }
-        } else if (turn->Postpones || IsInputKept() || (turn->HasInput && !ContinuesInput(event))) {
+        } else if (!ContinuesInput(event) && (turn->Postpones || IsInputKept() || turn->HasInput)) {
             KeepInput(static_cast<QWindow&>(receiver), event);
             return false;
         } else if (event.type() != QEvent::Enter && event.type() != QEvent::Leave) {
             turn->HasInput = true;
+            turn->InputType = event.type();
             turn->InputTime = TimeOf(event);
+            turn->InputKey = KeyOf(event);
         }
     }
     if (turn != nullptr) {

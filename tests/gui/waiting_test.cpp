@@ -3,7 +3,6 @@
 #include <vector>
 
 #include <QAbstractEventDispatcher>
-#include <QApplication>
 #include <QTest>
 #include <QWindow>
 
@@ -126,6 +125,21 @@ TEST_F(WaitingTest, EqualInputsStayAsManyAsTheyWere) {
         ClickAhead(4, Qt::RightButton, 11'000 + 2'000 * press);
     }
     EXPECT_EQ(Drain(), "50 0;60 0;60 0;1 512;3 0;4 1;50 0;60 0;60 0;3 0;4 1;");
+}
+
+// A macro keyboard types faster than the clock ticks.
+TEST_F(WaitingTest, KeysOfOneMomentStayApart) {
+    MenuCreate(0, WindowNativeHandle(0));
+    MenuTitle(u"File");
+    MenuItem(60, u"Six\tCTRL+F6");
+    ForgetEvents();
+    for (int press = 0; press < 5; ++press) {
+        for (const Qt::Key key : {Qt::Key_Control, Qt::Key_F6}) {
+            TypeAhead(key, {}, Qt::ControlModifier);
+        }
+        std::swap(ahead[1], ahead[2]);  // the release of the first and the press of the second
+        EXPECT_EQ(Drain(), "60 0;");
+    }
 }
 
 // The toolkit makes a click of it.
