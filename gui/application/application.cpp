@@ -18,9 +18,11 @@
 #include "gui/menu.h"
 #include "gui/menus/menu_bars.h"
 #include "gui/status_bar.h"
+#include "gui/toolkit/kept_input.h"
 #include "gui/toolkit/native_events.h"
 #include "gui/toolkit/retired_objects.h"
 #include "gui/window.h"
+#include "gui/windows/qz_window.h"
 #include "runtime/numbered_objects.h"
 
 // The toolkit's macro names a function of no namespace.
@@ -68,6 +70,10 @@ void GuiStart() {
     // While the window system maps the first window there is time to read pictures.
     QTimer::singleShot(0, application, [] { QApplication::setWindowIcon(ProgramIcon()); });
     SetWakeHook(&WakeNativeLoop);
+    SetKeyboardHook([] {
+        const QzWindow* const chosen = QzWindow::ChosenKeyWindow();
+        return chosen == nullptr ? nullptr : chosen->windowHandle();
+    });
     // Gadgets go before the menus of a window that closes.
     WindowObservers() = {&GadgetsAsObserver(), &MenuBars::Shared()};
     CatchTerminationSignals();

@@ -29,6 +29,7 @@ struct Input {
 };
 
 std::deque<Input> waiting;
+QWindow* (*chosenWindow)() = nullptr;
 
 bool IsMoveLike(const Input& earlier, const QWindow& window, const QEvent& event) {
     return event.type() == QEvent::MouseMove && earlier.Event->type() == QEvent::MouseMove &&
@@ -51,10 +52,11 @@ bool IsOfMouse(const QEvent& event) {
     }
 }
 
-// The event of a pointer as it was when it came.
-std::unique_ptr<QEvent> MadeAnew(const Input& input) {
+// The event of a pointer as it was when it came, for the window that gets it now.
+std::unique_ptr<QEvent> MadeAnew(const Input& input, const QWindow& receiver) {
     const auto& event = static_cast<const QSinglePointEvent&>(*input.Event);
-    const QPointF place = event.position();
+    const QPointF place =
+        input.Window == &receiver ? event.position() : receiver.mapFromGlobal(input.OnScreen);
     std::unique_ptr<QSinglePointEvent> made;
     if (event.type() == QEvent::Enter) {
         made = std::make_unique<QEnterEvent>(place, place, input.OnScreen, event.pointingDevice());
@@ -80,22 +82,38 @@ bool IsBlocked(const QWindow& window) {
            modal->windowHandle() != &window;
 }
 
-// The window that gets a key now. A box that asks has the keys though the window manager may not
-// have given it the keyboard yet. When a menu or a box has closed, the toolkit knows of its window,
-// or of none, until the window system has answered; the window below has the keys meanwhile.
+// A box that asks, or a window just opened, has the keys though the window manager may not have
+// given it the keyboard yet. When a menu or a box has closed, the toolkit may know of its window,
+// or of none, until the window system has answered.
 QWindow* ReceiverOfKey(const Input& key) {
     if (const QWidget* const modal = QApplication::activeModalWidget()) {
         return modal->windowHandle();
     }
-    QWindow* const focused = QGuiApplication::focusWindow();
-    if (focused != nullptr && focused->isVisible()) {
-        return focused;
+    QWindow* const chosen = chosenWindow == nullptr ? nullptr : chosenWindow();
+    for (QWindow* const window : {chosen, QGuiApplication::focusWindow(), key.Window.data()}) {
+        if (window != nullptr && window->isVisible()) {
+            return window;
+        }
     }
-    const QWidget* const active = QApplication::activeWindow();
-    return active == nullptr ? key.Window.data() : active->windowHandle();
+    return nullptr;
+}
+
+QWindow* ReceiverOf(const Input& input) {
+    const QEvent::Type type = input.Event->type();
+    if (type == QEvent::KeyPress || type == QEvent::KeyRelease) {
+        return ReceiverOfKey(input);
+    }
+    const bool isElsewhere = input.Window != nullptr && !input.Window->isVisible() &&
+                             IsOfMouse(*input.Event) && type != QEvent::Enter;
+    return isElsewhere ? QGuiApplication::topLevelAt(input.OnScreen.toPoint())
+                       : input.Window.data();
 }
 
 }  // namespace
+
+void SetKeyboardHook(QWindow* (*chosen)()) {
+    chosenWindow = chosen;
+}
 
 void KeepInput(QWindow& window, QEvent& event) {
     if (event.type() == QEvent::ShortcutOverride) {
@@ -121,14 +139,12 @@ bool IsInputKept() {
 void SendInputKept() {
     Input input = std::move(waiting.front());
     waiting.pop_front();
-    if (IsOfMouse(*input.Event)) {
-        input.Event = MadeAnew(input);
-    }
-    const bool isKey =
-        input.Event->type() == QEvent::KeyPress || input.Event->type() == QEvent::KeyRelease;
-    const QPointer<QWindow> window = isKey ? ReceiverOfKey(input) : input.Window.data();
+    const QPointer<QWindow> window = ReceiverOf(input);
     if (window == nullptr || IsBlocked(*window)) {
         return;
+    }
+    if (IsOfMouse(*input.Event)) {
+        input.Event = MadeAnew(input, *window);
     }
     bool isShortcut = false;
     if (input.Event->type() == QEvent::KeyPress) {

@@ -5,15 +5,20 @@ class QWindow;
 
 namespace rotavel {
 
-// The inputs that have come in while their turn is later, in their order.
+// The inputs that have come in before their turn, in their order.
+
+// Sets what names the window that the program has chosen for the keyboard, though the window
+// manager may not have given it that yet; it gives null for none.
+void SetKeyboardHook(QWindow* (*chosen)());
 
 // Keeps a copy of an input of a window. The toolkit takes the event itself for delivered.
 void KeepInput(QWindow& window, QEvent& event);
 
 bool IsInputKept();
 
-// Sends the input that has waited longest: to its window, a key to what has the keyboard now. One
-// whose window has gone, or must wait for an answer elsewhere, is dropped.
+// Sends the input that has waited longest: to its window, a key to what has the keyboard now, a
+// click on a menu that has closed meanwhile to what lies there now. One whose window has gone, or
+// must wait for an answer elsewhere, is dropped.
 void SendInputKept();
 
 }  // namespace rotavel
