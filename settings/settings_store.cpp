@@ -174,11 +174,14 @@ int Save() {
             error = SaveOver(file);
         }
     }
-    // No folder of that path: it was renamed with the file in it, which is still open.
+    // The path leads nowhere any more, for a folder on it was renamed or moved. The file is still
+    // open, and may be elsewhere.
     if (error == ENOENT && store.File.IsLinked()) {
+        const struct Unlocking {
+            ~Unlocking() { store.File.Unlock(); }
+        } unlocking;
         store.File.Lock();
         error = SaveOver(store.File);
-        store.File.Unlock();
     }
     return error;
 }

@@ -12,8 +12,7 @@ namespace rotavel {
 // SettingsClose and rewritten as a whole when a write has changed it. There is one store, for use
 // from one thread. Names and keys are compared ignoring case for ASCII letters only, and the first
 // match wins. The store shows no messages and throws nothing: where memory is short an operation
-// returns 0, false or an empty text and, unless it says
-// otherwise, changes nothing.
+// returns 0, false or an empty text and, unless it says otherwise, changes nothing.
 
 // Closes what was open and opens the file at `path`, to be rewritten in the layout of `flags`
 // (settings_flags.h). False when no file could be opened: the store is then empty and the first
