@@ -15,8 +15,8 @@ constexpr std::int64_t GridBottom = 580;
 constexpr std::int64_t AxisStart = 20;
 constexpr std::int64_t AxisOverhang = 20;  // beyond the plot
 constexpr std::int64_t HalfTick = 10;
-// Of an rpm label, which reads upwards from its foot: left of its tick, and its foot down from the
-// plot's height.
+// Of an rpm label, which reads upwards from its foot: so far left of its tick, and its foot so far
+// below y = plot height.
 constexpr std::int64_t RpmLabelLeft = 5;
 constexpr std::int64_t RpmLabelFoot = 85;
 // Of a speed label to the image's left edge, and above its tick.

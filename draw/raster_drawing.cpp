@@ -14,7 +14,7 @@ namespace rotavel {
 
 namespace {
 
-// Of an end of a line. The products of what is left cannot overflow.
+// Ends of lines are cut to this distance, so that the products in OtherAt do not overflow.
 constexpr std::int64_t Farthest = std::int64_t{1} << 29;
 
 // A line as a walk along the axis on which it is longer; the other coordinate follows.

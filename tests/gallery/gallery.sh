@@ -242,7 +242,7 @@ check_keys() {
         "WindowActivated 0"
 }
 
-# What comes in at one go, as on a busy machine, is as when it comes one by one.
+# Clicks and keys that come in at one go, as on a busy machine, each find their place.
 check_haste() {
     kill -STOP "$program"
     for place in "255 188" "155 188" "155 20"; do
