@@ -2,15 +2,16 @@
 # Drives the real program by mouse and keys through a rider's work and compares what it shows with
 # what it should. The first difference ends the tour with status 1.
 #
-#   tour.sh PROGRAM
+#   tour.sh PROGRAM [NAME]
 #
-# Needs no display, it brings its own. Leaves pictures in build/tour of the tree.
+# Needs no display, it brings its own. Leaves pictures in build/tour of the tree, whose names start
+# with NAME, or with "tour".
 #
 # shellcheck source-path=SCRIPTDIR
 source "$(dirname "${BASH_SOURCE[0]}")/stage.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
 
-open_stage "$1" tour
+open_stage "$1" "${2:-tour}"
 
 echo "The first start writes the motorcycles; the last model of a long menu can be reached"
 start

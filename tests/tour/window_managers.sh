@@ -4,13 +4,14 @@
 #
 #   window_managers.sh PROGRAM [PACKAGE...]
 #
-# Missing packages are installed where that may be done. Output and pictures are in
-# build/window_managers/PACKAGE of the tree afterwards.
+# Missing packages are installed where that may be done. Output and pictures are in build/tour of the
+# tree afterwards, under the names of the packages.
 set -uo pipefail
 program=$(realpath "$1")
 shift
 cd "$(dirname "${BASH_SOURCE[0]}")/../.." || exit
 source scripts/setup.sh
+mkdir -p build/tour
 
 # Its packages and the command.
 managers=(
@@ -33,28 +34,21 @@ fluxbox_without_wallpaper() {
 }
 export -f fluxbox_without_wallpaper
 
-take_tour() {
-    IFS=, read -r -a packages <<<"$1"
-    if ! dpkg -s "${packages[@]}" && ! { may_install && apt_install "${packages[@]}"; }; then
-        echo "$1 cannot be installed"
-        return 1
-    fi
-    WINDOW_MANAGER=$2 tests/tour/tour.sh "$program"
-}
-
 status=0
 for manager in "${managers[@]}"; do
     read -r packages command <<<"$manager"
     name=${packages%%,*}
-    if (($# == 0)) || [[ " $* " == *" $name "* ]]; then
-        folder=build/window_managers/$name
-        rm -rf "$folder"
-        mkdir -p "$folder"
-        result=passed
-        take_tour "$packages" "$command" >"$folder/output" 2>&1 ||
-            { status=1 result="failed: $(tail -n 1 "$folder/output")"; }
-        cp build/tour/tour-*.png "$folder"
-        echo "$name $result"
+    if (($#)) && [[ " $* " != *" $name "* ]]; then
+        continue
+    fi
+    output=build/tour/$name.output
+    IFS=, read -r -a packages <<<"$packages"
+    { dpkg -s "${packages[@]}" || { may_install && apt_install "${packages[@]}"; }; } >"$output" 2>&1
+    if WINDOW_MANAGER=$command tests/tour/tour.sh "$program" "$name" >>"$output" 2>&1; then
+        echo "$name passed"
+    else
+        status=1
+        echo "$name failed: $(tail -n 1 "$output")"
     fi
 done
 exit "$status"
