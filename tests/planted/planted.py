@@ -1,16 +1,15 @@
 #!/usr/bin/env python3
-"""Plants one small error at a time in a copy of the tree and tells which of them no test notices.
+"""Plants one small error at a time in a clone of the tree and tells which of them no test notices.
 
     planted.py COUNT SEED FOLDER...
 
-The copy is build/planted, with a build of its own. The tests that drive real windows (label
-windows) are left out. What survives is a gap in the tests, or changes nothing that can be seen.
+The clone is build/planted, of the last commit. The tests that drive real windows (label windows)
+are left out. What survives is a gap in the tests, or changes nothing that can be seen.
 """
 import os
 import pathlib
 import random
 import re
-import shutil
 import signal
 import subprocess
 import sys
@@ -82,13 +81,11 @@ def fate_of(path, number, changed):
         path.write_text(original)
 
 
-def prepare(files):
-    for name in files:
-        source, target = ROOT / name, COPY / name
-        # What is the same stays as old as it is, or its errors of the last time would stay built.
-        if not target.exists() or target.read_bytes() != source.read_bytes():
-            target.parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy(source, target)
+def prepare():
+    if not COPY.exists():
+        subprocess.run(["git", "clone", "--quiet", ROOT, COPY], check=True)
+    for command in (["fetch", "--quiet", ROOT, "HEAD"], ["reset", "--hard", "FETCH_HEAD"]):
+        subprocess.run(["git", *command], cwd=COPY, check=True)
     os.environ |= {"CCACHE_BASEDIR": str(COPY), "CCACHE_NOHASHDIR": "1", "LC_ALL": "C.UTF-8"}
     run(BUILD_SECONDS, "cmake", "--preset", "release", "-DCMAKE_CXX_COMPILER_LAUNCHER=ccache")
     for step in (build, test):
@@ -98,13 +95,10 @@ def prepare(files):
 
 
 def main(count, seed, *folders):
-    listed = subprocess.run(["git", "ls-files"], cwd=ROOT, stdout=subprocess.PIPE, check=True)
-    files = listed.stdout.decode().splitlines()
-    prepare(files)
+    prepare()
     pick = random.Random(seed)
-    errors = [error for name in files
-              if name.split("/")[0] in folders and name.endswith((".cpp", ".h"))
-              for error in errors_in(COPY / name, pick)]
+    errors = [error for folder in folders for path in sorted((COPY / folder).rglob("*"))
+              if path.suffix in (".cpp", ".h") for error in errors_in(path, pick)]
     pick.shuffle(errors)
     fates = []
     while errors and len(fates) < int(count):
