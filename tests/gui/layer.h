@@ -1,15 +1,12 @@
 #pragma once
 
-// The whole layer, and what its tests see of its inside.
+// What the tests of the layer see of it, and of its inside.
 
-#include "gui/application.h"
 #include "gui/button_gadget.h"
 #include "gui/canvas_gadget.h"
 #include "gui/combo_box_gadget.h"
-#include "gui/drag_and_drop.h"
 #include "gui/event_loop.h"
 #include "gui/events/event_posting.h"
-#include "gui/font.h"
 #include "gui/gadget.h"
 #include "gui/gadget_list.h"
 #include "gui/gadgets/gadget_registry.h"
@@ -24,5 +21,4 @@
 #include "gui/windows/qz_views.h"
 #include "gui/windows/qz_window.h"
 #include "gui/windows/window_record.h"
-#include "runtime/numbers.h"
 #include "tests/support/gui_test.h"
