@@ -98,11 +98,6 @@ QWindow* WindowWithKeyboard() {
     return QTest::qWaitFor(isThere) ? QGuiApplication::focusWindow() : nullptr;
 }
 
-void ClickNative(QWidget& widget, QPoint place) {
-    QWidget& window = *widget.window();
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, widget.mapTo(&window, place));
-}
-
 std::string Outline(const QList<QAction*>& actions) {
     std::string outline;
     for (const QAction* const action : actions) {
@@ -161,17 +156,22 @@ void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(WindowWithKeyboard(), key, modifiers);
 }
 
+void Press(const char* keys) {
+    for (const QString& each : QString(keys).split(' ')) {
+        const QKeyCombination combination = QKeySequence(each)[0];
+        Press(combination.key(), combination.keyboardModifiers());
+    }
+}
+
 void Click(std::int64_t gadget) {
-    ClickNative(*View(gadget), View(gadget)->rect().center());
+    const QWidget& view = *View(gadget);
+    QWidget& window = *view.window();
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                      view.mapTo(&window, view.rect().center()));
 }
 
 void AskToClose(std::int64_t window) {
     Native(window)->windowHandle()->close();
-}
-
-void ClickMenuTitle(std::int64_t window, int title) {
-    QMenuBar& bar = *Native(window)->Layout().MenuBar();
-    ClickNative(bar, bar.actionGeometry(bar.actions().at(title)).center());
 }
 
 std::string MenuOutline(std::int64_t window) {

@@ -41,11 +41,11 @@ std::int64_t KeyWindowNumber();
 // what is topmost at the place.
 void Type(std::string_view text);
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+// Combinations with a space between, by their names as in "Ctrl+Shift+Z".
+void Press(const char* keys);
 void Click(std::int64_t gadget);
 // What the title bar's close box and Alt+F4 ask for.
 void AskToClose(std::int64_t window);
-// Opens a menu of a window's bar; the application menu is title 0.
-void ClickMenuTitle(std::int64_t window, int title);
 // A window's menu bar as "title(item,-,submenu(item,),),"; "-" is a separator.
 std::string MenuOutline(std::int64_t window);
 
