@@ -1,6 +1,5 @@
 #include <csignal>
 #include <functional>
-#include <vector>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -21,71 +20,53 @@ using namespace tests;
 
 using RequesterTest = GuiTest;
 
-QDialog* OpenBox() {
-    return dynamic_cast<QDialog*>(QApplication::activeModalWidget());
-}
-
-QList<QAbstractButton*> ButtonsOf(const QDialog& box) {
-    return box.findChildren<QAbstractButton*>();
-}
-
 // Shows a message and uses the box as soon as it is up.
-using Use = std::function<void(QDialog&)>;
-std::int64_t Answer(std::uint32_t flags, const Use& use, const std::u16string& text = u"Text") {
-    QTimer::singleShot(0, [&use] { use(*OpenBox()); });
-    return MessageRequester(u"Title", text, flags);
-}
-
-// To the toolkit a box is active as soon as the window under it is.
-bool GetsKeyboard(const QDialog& box) {
-    return QTest::qWaitFor([&box] { return QGuiApplication::focusWindow() == box.windowHandle(); });
+std::int64_t Answer(std::uint32_t flags, const std::function<void(QDialog&)>& use) {
+    QTimer::singleShot(0, [&use] {
+        auto& box = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
+        // To the toolkit a box is active as soon as the window under it is.
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&box] { return QGuiApplication::focusWindow() == box.windowHandle(); }));
+        use(box);
+    });
+    return MessageRequester(u"Title", u"<b>Text</b>\n& &amp;", flags);
 }
 
 TEST_F(RequesterTest, ShowsWhatItIsToldAndAnswers) {
+    constexpr auto information = QStyle::SP_MessageBoxInformation;
     const struct {
         std::uint32_t Flags;
         QStyle::StandardPixmap Icon;
-        QString Buttons;
-        std::vector<std::int64_t> Answers;
+        const char *Buttons, *Keys;
+        std::int64_t Answer;
     } cases[] = {
-        {0, QStyle::SP_MessageBoxInformation, "OK", {0}},
-        {MessageError, QStyle::SP_MessageBoxCritical, "OK", {0}},
-        {MessageError | MessageInformation, QStyle::SP_MessageBoxInformation, "OK", {0}},
-        {MessageWarning | MessageInformation, QStyle::SP_MessageBoxWarning, "OK", {0}},
-        {MessageYesNo, QStyle::SP_MessageBoxInformation, "Yes|No", {6, 7}},
-        {MessageYesNoCancel, QStyle::SP_MessageBoxInformation, "Yes|No|Cancel", {6, 7, 2}},
+        {0, information, "OK", "Space", 0},
+        {MessageError, QStyle::SP_MessageBoxCritical, "OK", "Esc", 0},
+        {MessageError | MessageInformation, information, "OK", "Return", 0},
+        {MessageWarning | MessageInformation, QStyle::SP_MessageBoxWarning, "OK", "Return", 0},
+        {MessageYesNo, information, "Yes|No", "Return", 6},
+        {MessageYesNo, information, "Yes|No", "Esc Tab Space", 7},  // it has to be answered
+        {MessageYesNoCancel, information, "Yes|No|Cancel", "Tab Return", 7},
+        {MessageYesNoCancel, information, "Yes|No|Cancel", "Esc", 2},
     };
     for (const auto& each : cases) {
-        for (std::size_t button = 0; button < each.Answers.size(); ++button) {
-            const Use click = [&each, button](QDialog& box) {
-                const QList<QLabel*> labels = box.findChildren<QLabel*>();
-                QStringList shown = {box.windowTitle(), labels[0]->text(), labels[1]->text()};
-                for (const QAbstractButton* const present : ButtonsOf(box)) {
-                    shown += present->text();
-                }
-                EXPECT_EQ(shown.join('|'), "Title|Title|<b>Text</b>\n& &amp;|" + each.Buttons);
-                EXPECT_EQ(labels[1]->textFormat(), Qt::PlainText);
-                EXPECT_EQ(box.findChild<QScrollBar*>()->maximum(), 0) << "it is seen whole";
-                const QIcon icon = box.style()->standardIcon(each.Icon, nullptr, &box);
-                const QImage picture = labels[2]->pixmap().toImage();
-                EXPECT_EQ(picture, icon.pixmap(picture.size()).toImage());
-                QTest::mouseClick(ButtonsOf(box).at(button), Qt::LeftButton);
-            };
-            EXPECT_EQ(Answer(each.Flags, click, u"<b>Text</b>\n& &amp;"), each.Answers[button]);
-        }
-        const Use pressReturn = [](QDialog& box) {
-            EXPECT_TRUE(GetsKeyboard(box));
-            QTest::keyClick(box.focusWidget(), Qt::Key_Return);
+        const auto use = [&each](QDialog& box) {
+            const QList<QLabel*> labels = box.findChildren<QLabel*>();
+            QStringList buttons;
+            for (const auto* const button : box.findChildren<QAbstractButton*>()) {
+                buttons += button->text();
+            }
+            EXPECT_EQ(buttons.join('|'), each.Buttons);
+            EXPECT_EQ(box.windowTitle() + labels[0]->text(), "TitleTitle");
+            EXPECT_EQ(labels[1]->text(), "<b>Text</b>\n& &amp;");
+            EXPECT_EQ(labels[1]->textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.findChild<QScrollBar*>()->maximum(), 0) << "it is seen whole";
+            const QIcon icon = box.style()->standardIcon(each.Icon, nullptr, &box);
+            const QImage picture = labels[2]->pixmap().toImage();
+            EXPECT_EQ(picture, icon.pixmap(picture.size()).toImage());
+            Press(each.Keys);
         };
-        EXPECT_EQ(Answer(each.Flags, pressReturn), each.Answers.front());
-        const Use close = [&each](QDialog& box) {
-            EXPECT_TRUE(GetsKeyboard(box));
-            QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
-            EXPECT_EQ(box.isVisible(), each.Buttons == "Yes|No") << "which has to be answered";
-            EXPECT_EQ(box.close(), each.Buttons != "Yes|No");
-            ButtonsOf(box).back()->click();
-        };
-        EXPECT_EQ(Answer(each.Flags, close), each.Answers.back());
+        EXPECT_EQ(Answer(each.Flags, use), each.Answer);
     }
 }
 
@@ -93,35 +74,28 @@ TEST_F(RequesterTest, ProgramGoesOnUnderIt) {
     WindowCreate(0, 0, 0, 200, 100);
     ForgetEvents();
     PostProgramEvent(MenuChosen, 0, 1);
-    // One over the other: both go when the program is to end.
-    const Use end = [](QDialog& outer) {
-        const Use over = [&outer](QDialog& inner) {
+    const auto ask = [](QDialog& outer) {
+        // The answer to the one above leaves this one as it is. Both go when the program ends.
+        EXPECT_EQ(Answer(0, [](QDialog& inner) { inner.close(); }), 0);
+        EXPECT_FALSE(outer.close()) << "it has to be answered";
+        const auto end = [&outer](QDialog& inner) {
             EXPECT_EQ(inner.windowHandle()->transientParent(), outer.windowHandle());
-            EXPECT_TRUE(GetsKeyboard(inner));
             std::raise(SIGTERM);
         };
-        EXPECT_EQ(Answer(MessageYesNoCancel, over), 0);
+        EXPECT_EQ(Answer(MessageYesNoCancel, end), 0);
         EXPECT_FALSE(outer.isVisible());
     };
-    EXPECT_EQ(Answer(MessageYesNo, end), 0);
+    EXPECT_EQ(Answer(MessageYesNo, ask), 0);
     EXPECT_EQ(Taken(), "Menu 1, Close 0") << "events wait for the answer";
     EXPECT_EQ(KeyWindowNumber(), 0);
-    // The inner one's answer leaves the outer one as it is.
-    const Use ask = [](QDialog& outer) {
-        EXPECT_EQ(Answer(0, [](QDialog& inner) { inner.close(); }), 0);
-        EXPECT_EQ(OpenBox(), &outer);
-        ButtonsOf(outer).at(1)->click();
-    };
-    EXPECT_EQ(Answer(MessageYesNo, ask), 7);
-    // The window under it may go, with a wait that cleans up.
-    const Use replace = [](QDialog& box) {
+    // The window under it may go, with a wait that cleans up, and another may come.
+    const auto replace = [](QDialog& box) {
         WindowDestroy(0);
         WaitForEvent(0);
-        EXPECT_TRUE(box.isVisible());
         WindowCreate(1, 0, 0, 200, 100);
         QTimer::singleShot(0, [&box] {
-            EXPECT_TRUE(Native(1)->isVisible()) << "windows open meanwhile";
-            ButtonsOf(box).front()->click();
+            EXPECT_TRUE(Native(1)->isVisible() && box.isVisible());
+            box.findChild<QAbstractButton*>()->click();
         });
     };
     EXPECT_EQ(Answer(MessageYesNo, replace), 6);
