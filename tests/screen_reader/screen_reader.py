@@ -16,79 +16,74 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 PATIENCE = 30  # seconds that anything may take; far more than it does, for the slowest machine
-CONTROLS = ("text", "combo box", "push button")
 
 
 def wait_for(what, found):
     deadline = time.monotonic() + PATIENCE
-    context = GLib.MainContext.default()
     while time.monotonic() < deadline:
-        while context.iteration(False):
+        while GLib.MainContext.default().iteration(False):
             pass
         try:
-            result = found()
+            if result := found():
+                return result
         except GLib.Error:  # it went, or is not there yet
-            result = None
-        if result:
-            return result
+            pass
         time.sleep(0.05)
     sys.exit(f"screen_reader: no {what} within {PATIENCE} seconds")
 
 
-def children(accessible):
-    present = (accessible.get_child_at_index(i) for i in range(accessible.get_child_count()))
-    return [child for child in present if child is not None]
-
-
 def everything_below(accessible):
-    for child in children(accessible):
-        yield child
-        yield from everything_below(child)
+    for i in range(accessible.get_child_count()):
+        if child := accessible.get_child_at_index(i):
+            yield child
+            yield from everything_below(child)
 
 
-def frame(title):
-    for program in children(Atspi.get_desktop(0)):
-        for window in children(program):
-            if window.get_role_name() == "frame" and window.get_name().startswith(title):
-                return window
-    return None
+def find(name, role, root=None):
+    """Waits for what has a role and a name that begins so, in the whole desktop or below root."""
+    root = root or Atspi.get_desktop(0)
+    return wait_for(f"{role} {name}", lambda: next((
+        each for each in everything_below(root)
+        if each.get_role_name() == role and each.get_name().startswith(name)), None))
 
 
-def controls_of(window):
-    return [each for each in everything_below(window) if each.get_role_name() in CONTROLS]
-
-
-def control(window, name):
-    return next(each for each in controls_of(window) if each.get_name() == name)
+def do(name, role, root):
+    Atspi.Action.do_action(find(name, role, root), 0)
 
 
 def text_of(field):
     return Atspi.Text.get_text(field, 0, -1)
 
 
-def start(path):
-    program = subprocess.Popen([path])
-    main_window = wait_for("main window", lambda: frame("Rotavel V1.55 ©"))
-    # 35 fields, the unit, 6 + 2 buttons.
-    wait_for("controls", lambda: len(controls_of(main_window)) == 44)
-    return program, main_window
+def names_of_controls(window):
+    return [each.get_name() for each in everything_below(window)
+            if each.get_role_name() in ("text", "combo box", "push button")]
 
 
-def choose(window, *items):
-    """Opens menus, from the bar to the last but one, and chooses the last."""
-    for item in items:
-        found = wait_for(item, lambda: next((
-            each for each in everything_below(window)
-            if each.get_role_name() == "menu item" and each.get_name() == item), None))
-        Atspi.Action.do_action(found, 0)
+def use(window, told):
+    wait_for("35 fields, unit, 6 + 2 buttons", lambda: len(names_of_controls(window)) == 44)
+    names = names_of_controls(window)
+    assert len(set(names)) == len(names) and "" not in names, sorted(names)
 
+    for item in ("File", "Motorcycle", "Moto Guzzi", "Breva 750"):
+        do(item, "menu item", window)
+    speed = find("Engine speed in turns a minute", "text", window)
+    wait_for("motorcycle", lambda: text_of(speed) == "8750")
+    assert Atspi.EditableText.set_text_contents(speed, "4000")
+    do("Calculate the road speed in every gear", "push button", window)
+    wait_for("word of the road speed", lambda: ("Road speed in third gear", "70") in told)
+    assert text_of(find("Road speed in third gear", "text", window)) == "70"
+    most = find("Maximum engine speed in turns a minute", "text", window)
+    assert Atspi.EditableText.set_text_contents(most, "9000")
 
-def push(window, button):
-    Atspi.Action.do_action(control(window, button), 0)
-
-
-def press(key):
-    subprocess.run(["xdotool", "key", key], check=True)
+    do("Show a chart of road speed against engine speed", "push button", window)
+    chart = find("Rotavel V1.55 Graphic", "frame")
+    find("Chart of road speed against engine speed", "image", chart)
+    if "DISPLAY" in os.environ:
+        wait_for("keyboard", lambda: b"Graphic" in subprocess.run(
+            ["xdotool", "getwindowfocus", "getwindowname"], stdout=subprocess.PIPE).stdout)
+        subprocess.run(["xdotool", "key", "Right"], check=True)
+        wait_for("word of the place", lambda: any("rpm  -  " in name for name, _ in told))
 
 
 def main(path):
@@ -97,44 +92,13 @@ def main(path):
         lambda event: told.append((event.source.get_name(), str(event.any_data))))
     listener.register("object:text-changed:insert")
     listener.register("object:property-change:accessible-name")
-    program, main_window = start(path)
+    program = subprocess.Popen([path])
     try:
-        names = [each.get_name() for each in controls_of(main_window)]
-        assert len(set(names)) == len(names) and "" not in names, sorted(names)
-
-        choose(main_window, "File", "Motorcycle", "Moto Guzzi", "Breva 750")
-        speed = control(main_window, "Engine speed in turns a minute")
-        wait_for("motorcycle", lambda: text_of(speed) == "8750")
-        assert Atspi.EditableText.set_text_contents(speed, "4000")
-        third = control(main_window, "Road speed in third gear")
-        push(main_window, "Calculate the road speed in every gear")
-        wait_for("road speed", lambda: text_of(third) == "70")
-        wait_for("word of the road speed", lambda: ("Road speed in third gear", "70") in told)
-
-        push(main_window, "Show a chart of road speed against engine speed")
-        chart = wait_for("chart", lambda: frame("Rotavel V1.55 Graphic"))
-        wait_for("picture", lambda: any(
-            each.get_name() == "Chart of road speed against engine speed"
-            for each in everything_below(chart)))
-        if "DISPLAY" in os.environ:
-            wait_for("keyboard", lambda: b"Graphic" in subprocess.run(
-                ["xdotool", "getwindowfocus", "getwindowname"], stdout=subprocess.PIPE).stdout)
-            press("Right")
-            wait_for("word of the place", lambda: any("rpm  -  " in name for name, _ in told))
-            press("Escape")
-            wait_for("end of the chart", lambda: frame("Rotavel V1.55 Graphic") is None)
-        else:
-            program.terminate()
-            assert program.wait(PATIENCE) == 0
-            program, main_window = start(path)
-        most = control(main_window, "Maximum engine speed in turns a minute")
-        assert text_of(most) == "8750"
-        assert Atspi.EditableText.set_text_contents(most, "9000")
-        choose(main_window, "File", "Quit")
+        use(find("Rotavel V1.55 ©", "frame"), told)
+        program.terminate()
         assert program.wait(PATIENCE) == 0
     finally:
         program.kill()
-        program.wait()
 
 
 warnings.simplefilter("ignore", DeprecationWarning)
