@@ -22,43 +22,38 @@ void TypeAhead(const char* keys) {
     for (const QString& name : QString(keys).split(' ')) {
         const QKeyCombination key = QKeySequence(name)[0];
         const QString text = key.key() < 0x80 ? QString(QChar(key.key()).toLower()) : QString();
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            ahead.emplace_back([=] {
-                qt_handleKeyEvent(Native(0)->windowHandle(), type, key.key(),
-                                  key.keyboardModifiers(), text);
-            });
-        }
+        ahead.emplace_back([=] {
+            qt_handleKeyEvent(Native(0)->windowHandle(), QEvent::KeyPress, key.key(),
+                              key.keyboardModifiers(), text);
+        });
     }
 }
 
 void MouseAhead(QPoint place, QEvent::Type type, Qt::MouseButton button, int time) {
     ahead.emplace_back([=] {
-        QWindow* const window = Native(0)->windowHandle();
-        qt_handleMouseEvent(window, place, window->mapToGlobal(place),
-                            type == QEvent::MouseButtonPress ? button : Qt::NoButton, button, type,
-                            {}, time);
+        const Qt::MouseButtons down = type == QEvent::MouseButtonPress ? button : Qt::NoButton;
+        qt_handleMouseEvent(Native(0)->windowHandle(), place, Native(0)->mapToGlobal(place), down,
+                            button, type, {}, time);
     });
 }
 
 void ClickAhead(GadgetNumber gadget, Qt::MouseButton button, int time) {
-    const QPoint place = View(gadget)->mapTo(Native(0), View(gadget)->rect().center());
+    const QPoint place = View(gadget)->geometry().center() + Native(0)->ContentView()->pos();
     MouseAhead(place, QEvent::MouseButtonPress, button, time);
     MouseAhead(place, QEvent::MouseButtonRelease, button, time + 10);
 }
 
 // A program that goes on to the second field once the first has changed, and asks when it is told
-// to: waits until nothing more comes.
+// to: waits until nothing more comes. Returns the numbers and types of what was used.
 std::string Drain() {
     std::string taken;
-    for (int idle = 0; idle < 2;) {
-        const std::int64_t kind = WaitForEvent(0);
-        idle = kind == 0 ? idle + 1 : 0;
-        if (kind == GadgetActivity || kind == MenuChosen) {
-            taken += std::to_string(CurrentEventObject()) + " " +
-                     std::to_string(CurrentEventType()) + ";";
-            if (CurrentEventObject() == 1 && CurrentEventType() == Change) {
+    while (WaitForEvent(0) != 0 || WaitForEvent(0) != 0) {
+        const std::int64_t object = CurrentEventObject();
+        if (CurrentEventKind() == GadgetActivity || CurrentEventKind() == MenuChosen) {
+            taken += std::to_string(object) + " " + std::to_string(CurrentEventType()) + ";";
+            if (object == 1 && CurrentEventType() == Change) {
                 ActivateGadget(2);
-            } else if (CurrentEventObject() == AskItem) {
+            } else if (object == AskItem) {
                 MessageRequester(u"Question", u"Well?");
             }
         }
@@ -82,12 +77,13 @@ class WaitingTest : public GuiTest {
         ImageGadgetCreate(4, 10, 100, 40, 40);
         ActivateGadget(1);
         ForgetEvents();
+        const auto comeIn = [] {
+            for (const auto& input : std::exchange(ahead, {})) {
+                input();
+            }
+        };
         QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
-                         &context, [] {
-                             for (const auto& input : std::exchange(ahead, {})) {
-                                 input();
-                             }
-                         });
+                         &context, comeIn);
     }
 
   private:
@@ -122,7 +118,6 @@ TEST_F(WaitingTest, EqualInputsStayAsManyAsTheyWere) {
     // A macro keyboard types faster than the clock ticks.
     for (int press = 0; press < 5; ++press) {
         TypeAhead("Ctrl+Control Ctrl+F7");
-        std::swap(ahead[1], ahead[2]);  // the release of the first and the press of the second
         EXPECT_EQ(Drain(), "61 0;");
     }
 }
@@ -138,14 +133,12 @@ TEST_F(WaitingTest, PointersClickScrollAndAreFolded) {
     static int moves;
     moves = 0;
     BindEvent([] { ++moves; }, GadgetActivity, 0, 5, CanvasMouseMove);
-    ActivateGadget(2);
-    TypeAhead("A");
+    TypeAhead("Tab");
     for (int x = 120; x < 150; ++x) {
         MouseAhead({x, 150}, QEvent::MouseMove, Qt::NoButton, 30'000 + x);
     }
     Drain();
-    EXPECT_EQ(moves, 1);
-    EXPECT_EQ(GetGadgetText(2), u"a");
+    EXPECT_EQ(moves, 1) << "but the last are left out";
 
     // An input that had to wait counts as any other where the pointer near the edge scrolls.
     WindowSetBounds(0, IgnoreValue, IgnoreValue, IgnoreValue, 3000);
