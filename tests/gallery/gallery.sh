@@ -38,7 +38,7 @@ by_name() {
     awk '
         BEGIN {
             split("MenuChosen CloseRequested Pushed Repaint Moved Resized Activated Deactivated - " \
-                "DropOnWindow DropOnGadget Minimized Maximized Restored", kinds)
+                "DropOnWindow DropOnGadget Minimized Maximized Restored - RightClick LeftClick", kinds)
             split("Focus LostFocus Change", types)
         }
         $1 == "answer" { print; next }
