@@ -1,7 +1,5 @@
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QInputMethodEvent>
-#include <QTest>
 
 #include "gui/toolkit/text.h"
 #include "layer.h"
@@ -61,21 +59,6 @@ TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
         EXPECT_EQ(GetGadgetText(1), each.Result);
         EXPECT_EQ(changes, each.Changes) << ToQString(each.Result).toStdString();
     }
-}
-
-TEST_F(StringGadgetTest, TakesWhatIsNoKeyAndWhatAltGrTypes) {
-    WindowCreate(0, 0, 0, 200, 100);
-    StringGadgetCreate(1, 0, 0, 100, 20, u"A", StringUpperCase);
-    ActivateGadget(1);
-    ForgetEvents();
-    Press(Qt::Key_End);
-    QInputMethodEvent composed;
-    composed.setCommitString(QStringLiteral("\u00DF"));
-    QCoreApplication::sendEvent(QGuiApplication::focusObject(), &composed);
-    Press("Left B Ctrl+Z Ctrl+Z Ctrl+Shift+Z");
-    EXPECT_EQ(GetGadgetText(1), u"ASS");
-    Press(Qt::Key_F, Qt::AltModifier | Qt::GroupSwitchModifier);
-    EXPECT_EQ(GetGadgetText(1), u"ASSF");
 }
 
 }  // namespace

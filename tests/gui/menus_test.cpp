@@ -1,11 +1,18 @@
 #include <csignal>
+#include <functional>
 #include <string>
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScrollBar>
+#include <QStyle>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 
 #include "layer.h"
@@ -122,14 +129,9 @@ TEST_F(MenuTest, KeysGoThroughMenusAndBack) {
     EXPECT_NE(pictureOfTitle(), unselected) << "where the keys go is to be seen";
     EXPECT_EQ(After("Alt B"), "-; Change 1@3");
     EXPECT_EQ(GetGadgetText(1), u"fb");
-    // Alt may be let go last or first: it was for the letter.
-    QWindow* const handle = Native(3)->windowHandle();
-    QTest::keyPress(handle, Qt::Key_Alt);
-    Press(Qt::Key_H, Qt::AltModifier);
-    QTest::keyRelease(handle, Qt::Key_Alt);
-    EXPECT_EQ(After("Return"), "Menu 6@3");
-    QTest::keyPress(handle, Qt::Key_D, Qt::AltModifier);
-    QTest::keyRelease(handle, Qt::Key_Alt);
+    // Alt may be let go first: it was for the letter.
+    QTest::keyPress(Native(3)->windowHandle(), Qt::Key_D, Qt::AltModifier);
+    QTest::keyRelease(Native(3)->windowHandle(), Qt::Key_Alt);
     EXPECT_EQ(After("Shift Shift"), "Menu 9@3; -");
 }
 
@@ -151,19 +153,12 @@ TEST_F(MenuTest, DisabledWindowHasNoMenus) {
 TEST_F(MenuTest, WindowAboveAnotherHasTheApplicationsKeysAndThoseForClosing) {
     BuildMotorcycles();
     EXPECT_EQ(After("Esc Ctrl+W"), "-; -") << "a window of its own";
-    for (const std::uint32_t flags : {0U, WindowCloseBox}) {
-        WindowCreate(4, 0, 0, 200, 50, {}, flags, WindowNativeHandle(3));
-        CreateField();
-        EXPECT_EQ(After("Esc Ctrl+W"), flags == 0 ? "-; -" : "Close 4; Close 4");
-    }
+    WindowCreate(4, 0, 0, 200, 50, {}, WindowCloseBox, WindowNativeHandle(3));
+    CreateField();
     WindowDisable(3, true);
-    EXPECT_EQ(After("Ctrl+5 Ctrl+, Ctrl+Q"), "-; -; Menu -4@3");
+    EXPECT_EQ(After("Esc Ctrl+W Ctrl+5 Ctrl+, Ctrl+Q"), "Close 4; Close 4; -; -; Menu -4@3");
     FreeMenu(0);
     EXPECT_EQ(After("Ctrl+Q"), "Menu -4@3") << "the plain bar has it too";
-    MenuCreate(1, WindowNativeHandle(4));
-    MenuTitle(u"Zoom");
-    MenuItem(1, u"One");
-    EXPECT_EQ(After("Alt+Z Esc Esc Esc"), "-; -; -; Close 4") << "the menu and the bar are left";
     WindowDisable(4, true);
     ForgetEvents();
     EXPECT_EQ(After("Ctrl+Q"), "-");
@@ -174,16 +169,83 @@ TEST_F(MenuTest, FreeingPutsThePlainBarBack) {
     Press("Alt+F");
     std::raise(SIGTERM);
     EXPECT_EQ(Taken(), "Close 0") << "waits go on while a menu is open";
-    MenuCreate(1, WindowNativeHandle(3));
+    FreeMenu(0);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "an open menu goes at once";
     FreeMenu(0);
-    FreeMenu(1);
-    // The offscreen platform gives a menu the keyboard and, sometimes, nobody when it closes.
-    Native(3)->activateWindow();
-    ForgetEvents();
     MenuTitle(u"Lost");
     EXPECT_EQ(Bar().actions().size(), 1);
-    EXPECT_EQ(After("Ctrl+5 Alt+F"), "-; -");
+}
+
+using RequesterTest = GuiTest;
+
+// Shows a message and uses the box as soon as it is up.
+std::int64_t Answer(std::uint32_t flags, const std::function<void(QDialog&)>& use) {
+    QTimer::singleShot(0, [&use] {
+        auto& box = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
+        // To the toolkit a box is active as soon as the window under it is.
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&box] { return QGuiApplication::focusWindow() == box.windowHandle(); }));
+        use(box);
+    });
+    return MessageRequester(u"Title", u"<b>Text</b>\n& &amp;", flags);
+}
+
+TEST_F(RequesterTest, ShowsWhatItIsToldAndAnswers) {
+    constexpr auto information = QStyle::SP_MessageBoxInformation;
+    const struct {
+        std::uint32_t Flags;
+        QStyle::StandardPixmap Icon;
+        const char *Buttons, *Keys;
+        std::int64_t Answer;
+    } cases[] = {
+        {0, information, "OK", "Space", 0},
+        {MessageError, QStyle::SP_MessageBoxCritical, "OK", "Esc", 0},
+        {MessageError | MessageInformation, information, "OK", "Return", 0},
+        {MessageWarning | MessageInformation, QStyle::SP_MessageBoxWarning, "OK", "Return", 0},
+        {MessageYesNo, information, "Yes|No", "Return", 6},
+        {MessageYesNo, information, "Yes|No", "Esc Tab Space", 7},  // it has to be answered
+        {MessageYesNoCancel, information, "Yes|No|Cancel", "Tab Return", 7},
+        {MessageYesNoCancel, information, "Yes|No|Cancel", "Esc", 2},
+    };
+    for (const auto& each : cases) {
+        const auto use = [&each](QDialog& box) {
+            const QList<QLabel*> labels = box.findChildren<QLabel*>();
+            QStringList buttons;
+            for (const auto* const button : box.findChildren<QAbstractButton*>()) {
+                buttons += button->text();
+            }
+            EXPECT_EQ(buttons.join('|'), each.Buttons);
+            EXPECT_EQ(box.windowTitle() + labels[0]->text(), "TitleTitle");
+            EXPECT_EQ(labels[1]->text(), "<b>Text</b>\n& &amp;");
+            EXPECT_EQ(labels[1]->textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.findChild<QScrollBar*>()->maximum(), 0) << "it is seen whole";
+            const QIcon icon = box.style()->standardIcon(each.Icon, nullptr, &box);
+            const QImage picture = labels[2]->pixmap().toImage();
+            EXPECT_EQ(picture, icon.pixmap(picture.size()).toImage());
+            Press(each.Keys);
+        };
+        EXPECT_EQ(Answer(each.Flags, use), each.Answer);
+    }
+}
+
+TEST_F(RequesterTest, ProgramGoesOnUnderIt) {
+    WindowCreate(0, 0, 0, 200, 100);
+    ForgetEvents();
+    PostProgramEvent(MenuChosen, 0, 1);
+    const auto ask = [](QDialog& outer) {
+        // The answer to the one above leaves this one as it is. Both go when the program ends.
+        EXPECT_EQ(Answer(0, [](QDialog& inner) { inner.close(); }), 0);
+        EXPECT_FALSE(outer.close()) << "it has to be answered";
+        const auto end = [&outer](QDialog& inner) {
+            EXPECT_EQ(inner.windowHandle()->transientParent(), outer.windowHandle());
+            std::raise(SIGTERM);
+        };
+        EXPECT_EQ(Answer(MessageYesNoCancel, end), 0);
+        EXPECT_FALSE(outer.isVisible());
+    };
+    EXPECT_EQ(Answer(MessageYesNo, ask), 0);
+    EXPECT_EQ(Taken(), "Menu 1, Close 0") << "events wait for the answer";
+    EXPECT_EQ(KeyWindowNumber(), 0);
 }
 
 }  // namespace
