@@ -106,12 +106,9 @@ TEST_F(WaitingTest, EqualInputsStayAsManyAsTheyWere) {
         TypeAhead("F5 F6 F6");
         ClickAhead(3, Qt::LeftButton, 10'000 + 2'000 * press);
         ClickAhead(4, Qt::RightButton, 11'000 + 2'000 * press);
+        ClickAhead(4, Qt::RightButton, 11'050 + 2'000 * press);  // a double click
     }
-    EXPECT_EQ(Drain(), "50 0;60 0;60 0;1 512;3 0;4 1;50 0;60 0;60 0;3 0;4 1;");
-    for (const int time : {20'000, 20'050, 20'100}) {
-        ClickAhead(4, Qt::RightButton, time);
-    }
-    EXPECT_EQ(Drain(), "4 1;4 3;") << "a third click is none of them";
+    EXPECT_EQ(Drain(), "50 0;60 0;60 0;1 512;3 0;4 1;4 3;50 0;60 0;60 0;3 0;4 1;4 3;");
     // A macro keyboard types faster than the clock ticks.
     for (int press = 0; press < 5; ++press) {
         TypeAhead("Ctrl+Control Ctrl+F7");

@@ -8,7 +8,6 @@ import os
 import subprocess
 import sys
 import time
-import warnings
 
 import gi
 
@@ -101,5 +100,4 @@ def main(path):
         program.kill()
 
 
-warnings.simplefilter("ignore", DeprecationWarning)
 main(sys.argv[1])

@@ -16,8 +16,7 @@ namespace {
 std::optional<Faults> current;
 int callCount = 0;
 int strikeCount = 0;
-char trace[100];
-std::size_t traceLength = 0;
+std::string trace;
 
 // Whether this call has to fail.
 bool Strikes(char call) {
@@ -29,9 +28,8 @@ bool Strikes(char call) {
         const bool isAfterFailure = strikeCount > 1 && current->Error != Faults::Half;
         errno = isAfterFailure && current->Last == Faults::Always ? EBADF : current->Error;
     }
-    if (current && call != Faults::Memory && traceLength < sizeof trace &&
-        !(strikes && errno == EINTR)) {
-        trace[traceLength++] = call;
+    if (current && call != Faults::Memory && !(strikes && errno == EINTR)) {
+        trace += call;
     }
     return strikes;
 }
@@ -48,7 +46,8 @@ ssize_t Transfer(char call, std::size_t size, Real real) {
 
 bool Faults::During(const std::function<bool()>& action) const {
     callCount = strikeCount = 0;
-    traceLength = 0;
+    trace.clear();
+    trace.reserve(100);  // it takes no memory of its own meanwhile
     current = *this;
     const bool result = action();
     current.reset();
@@ -60,7 +59,7 @@ bool Faults::HaveStruck() {
 }
 
 std::string Faults::Trace() {
-    return {trace, traceLength};
+    return trace;
 }
 
 }  // namespace rotavel::tests
