@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
 # Drives the gallery by mouse and keys where only a window manager, another program or a real
-# keyboard can, and compares the events it prints with those that should come. The first difference
-# ends it with status 1.
+# keyboard can, and compares the events it prints with those that should come.
 #
 #   gallery.sh GALLERY
 #

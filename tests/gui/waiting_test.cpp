@@ -109,11 +109,6 @@ TEST_F(WaitingTest, EqualInputsStayAsManyAsTheyWere) {
         ClickAhead(4, Qt::RightButton, 11'050 + 2'000 * press);  // a double click
     }
     EXPECT_EQ(Drain(), "50 0;60 0;60 0;1 512;3 0;4 1;4 3;50 0;60 0;60 0;3 0;4 1;4 3;");
-    // A macro keyboard types faster than the clock ticks.
-    for (int press = 0; press < 5; ++press) {
-        TypeAhead("Ctrl+Control Ctrl+F7");
-        EXPECT_EQ(Drain(), "61 0;");
-    }
 }
 
 TEST_F(WaitingTest, PointersClickScrollAndAreFolded) {

@@ -1,6 +1,5 @@
 #include "tests/support/gui_test.h"
 
-#include <cstdlib>
 #include <map>
 #include <memory>
 #include <utility>
@@ -36,8 +35,8 @@ bool isAnswered = true;
 class Toolkit final : public testing::Environment {
   public:
     void SetUp() override {
-        const char* const platform = std::getenv("ROTAVEL_TEST_PLATFORM");
-        setenv("QT_QPA_PLATFORM", platform == nullptr ? "offscreen" : platform, 1);
+        qputenv("QT_QPA_PLATFORM",
+                qEnvironmentVariable("ROTAVEL_TEST_PLATFORM", "offscreen").toUtf8());
         GuiStart();
         if (QGuiApplication::platformName() == "xcb") {
             messenger = std::make_unique<QWindow>();
@@ -94,8 +93,8 @@ std::string TakenOf(const Names& names) {
 
 // A window manager that is busy gives a new window the keyboard some time later.
 QWindow* WindowWithKeyboard() {
-    const auto isThere = [] { return QGuiApplication::focusWindow() != nullptr; };
-    return QTest::qWaitFor(isThere) ? QGuiApplication::focusWindow() : nullptr;
+    QTest::qWaitFor([] { return QGuiApplication::focusWindow() != nullptr; });
+    return QGuiApplication::focusWindow();
 }
 
 std::string Outline(const QList<QAction*>& actions) {

@@ -35,22 +35,22 @@ inline QSize SizeOf(std::int64_t image) {
     return FromHandle(ImageHandle(image))->deviceIndependentSize().toSize();
 }
 
-// What is to be seen in a rectangle of an image that was white.
+// What is to be seen in an image that was white.
 struct Ink {
     QRect Covered;  // the smallest rectangle around it
     int Pixels = 0;
     int Blacks = 0;  // of these
 };
-inline Ink InkIn(std::int64_t image, const QRect& within = {0, 0, 1000, 1000}) {
+inline Ink InkIn(std::int64_t image) {
     Ink ink;
-    const QRect visible = within & QRect({}, SizeOf(image));
-    for (int y = visible.top(); y <= visible.bottom(); ++y) {
-        for (int x = visible.left(); x <= visible.right(); ++x) {
-            const QRgb colour = PixelOf(image, x, y);
-            const bool isInk = colour != White;
-            ink.Covered |= isInk ? QRect(x, y, 1, 1) : QRect();
-            ink.Pixels += isInk ? 1 : 0;
-            ink.Blacks += colour == Black ? 1 : 0;
+    const QSize size = SizeOf(image);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            if (const QRgb colour = PixelOf(image, x, y); colour != White) {
+                ink.Covered |= QRect(x, y, 1, 1);
+                ++ink.Pixels;
+                ink.Blacks += colour == Black ? 1 : 0;
+            }
         }
     }
     return ink;
