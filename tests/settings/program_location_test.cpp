@@ -30,25 +30,17 @@ TEST(ProgramLocation, IsWhereTheProgramWasStartedIfSettingsAreKeptThere) {
         return;
     }
     const tests::TemporaryFolder folder;
-    const std::string root = fs::canonical(folder.Path());
-    const std::string house = root + "/own place";
+    const std::string house = fs::canonical(folder.Path()).string() + "/own place";
     const fs::path executable = fs::read_symlink("/proc/self/exe");
-    fs::create_directories(house + "/bin");
+    fs::create_directories(house + "/bin/bin");
     fs::create_directories(house + "/Resources");
-    fs::create_directories(root + "/bare/bin");
     fs::create_symlink(executable, house + "/bin/Link");
-    fs::create_symlink(house + "/bin/Link", root + "/bare/bin/Link");
-    const std::string latin = root + "/Sp\xE4t";  // not UTF-8
-    fs::copy(house, latin, fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+    fs::create_symlink(house + "/bin/Link", house + "/bin/bin/Link");
 
-    const std::string there = house + "/bin/Link in " + house;
     const std::pair<std::string, std::string> cases[] = {
-        {"\"" + house + "/bin/Link\"", there},
-        {"exec -a Other \"" + house + "/bin/Link\"", there},
-        {"PATH=\"" + house + "/bin:$PATH\"; Link", there},
+        {"exec -a Other \"" + house + "/bin/Link\"", house + "/bin/Link in " + house},
         {"cd \"" + house + "\" && bin/../bin/Link", house + "/bin/../bin/Link in " + house},
-        {"cd " + latin + " && bin/Link", "/proc/self/cwd/bin/Link in " + latin},
-        {root + "/bare/bin/Link",
+        {"\"" + house + "/bin/bin/Link\"",
          executable.string() + " in " + executable.parent_path().parent_path().string()}};
     for (const auto& [command, told] : cases) {
         EXPECT_EQ(Told(command, folder.File("told")), told);

@@ -48,28 +48,27 @@ TEST_F(SettingsFailureTest, NeverOverwritesWhatItCouldNotRead) {
     WriteFile(file, text);
     const auto open = [&] { return SettingsOpen(path, GroupSpacing); };
     for (const auto& [call, error] : {std::pair(Faults::Memory, ENOMEM), {'R', EIO}}) {
-        bool hasStruck = true;
-        for (int number = 1; hasStruck; ++number) {
+        for (int number = 1;; ++number) {
             const bool isOpen = Faults{call, number, number, error}.During(open);
-            hasStruck = Faults::HaveStruck();
-            EXPECT_EQ(isOpen, !hasStruck || call == 'R') << "the file is there";
-            if (hasStruck) {
-                EXPECT_TRUE(SettingsWriteString(u"k", u"1"));
-                EXPECT_FALSE(SettingsFlush());
-                EXPECT_NE(SettingsSaveError(), 0);
-                EXPECT_EQ(Closed(), text) << number;
+            EXPECT_EQ(isOpen, !Faults::HaveStruck() || call == 'R') << "the file is there";
+            if (!Faults::HaveStruck()) {
+                break;
             }
+            EXPECT_TRUE(SettingsWriteString(u"k", u"1"));
+            EXPECT_FALSE(SettingsFlush());
+            EXPECT_NE(SettingsSaveError(), 0);
+            EXPECT_EQ(Closed(), text) << number;
         }
     }
 }
 
 TEST_F(SettingsFailureTest, LosesNothingWhicheverCallFails) {
-    const std::pair<std::function<void()>, std::string> edits[] = {
-        {[] {}, Old},
-        {[&] { WriteFile(file, Old + "[\xE9]\n"); }, Old + "[\xE9]\n"},
-        {[&] { std::filesystem::remove(file); }, "none"},
-    };
-    const auto content = [&] { return std::filesystem::exists(file) ? ReadFile(file) : "none"; };
+    const std::u16string large(5000, u'v');
+    const std::string edited = Old + "[\xE9]\n";
+    // What the file holds when the store is flushed, nothing where it has gone, and the value that
+    // is written.
+    const std::pair<std::string, std::u16string> cases[] = {
+        {Old, u""}, {Old, large}, {edited, u""}, {edited, large}, {"", large}};
     // With which error calls fail, each alone or all from there on.
     const struct {
         std::string Calls;
@@ -83,37 +82,35 @@ TEST_F(SettingsFailureTest, LosesNothingWhicheverCallFails) {
         {"RWST", EIO, true, false},     {"RWST", EIO, false, false},
         {"M", ENOMEM, false, false},
     };
-    for (const auto& [edit, before] : edits) {
-        for (const std::u16string& value : {std::u16string(), std::u16string(5000, u'v')}) {
-            const auto start = [&, editFile = edit] {
-                Start(Old);
-                ASSERT_TRUE(Use() && SettingsWriteString(u"x", value));
-                editFile();
-            };
-            start();
-            ASSERT_TRUE(SettingsFlush());
-            const std::string saved = ReadFile(file);
-            for (const auto& [calls, error, isLasting, isHarmless] : failures) {
-                for (const char call : calls) {
-                    bool hasStruck = true;
-                    for (int number = 1; hasStruck; ++number) {
-                        start();
-                        SCOPED_TRACE(call + std::to_string(error) + ' ' + std::to_string(number));
-                        const int last = isLasting ? Faults::Always : number;
-                        const bool isSaved =
-                            Faults{call, number, last, error}.During(SettingsFlush);
-                        hasStruck = Faults::HaveStruck();
-                        EXPECT_EQ(isSaved, !hasStruck || isHarmless);
-                        EXPECT_EQ(SettingsSaveError(), isSaved ? 0 : error);
-                        if (isSaved || !isLasting) {
-                            EXPECT_EQ(content(), isSaved ? saved : before);
-                        }
-                        // A tail that is left over goes when the new text is on the disk.
-                        const char* const order = saved.size() < before.size() ? "FWSTS" : "FWS";
-                        EXPECT_TRUE(hasStruck || Faults::Trace().ends_with(order));
-                        SettingsFlush();
-                        EXPECT_EQ(ReadFile(file), saved) << "the next try";
+    for (const auto& [before, value] : cases) {
+        const auto start = [&, before = before, value = value] {
+            Start(Old);
+            ASSERT_TRUE(Use() && SettingsWriteString(u"x", value));
+            WriteFile(file, before);
+            std::filesystem::remove(before.empty() ? file : "");
+        };
+        start();
+        ASSERT_TRUE(SettingsFlush());
+        const std::string saved = ReadFile(file);
+        for (const auto& [calls, error, isLasting, isHarmless] : failures) {
+            for (const char call : calls) {
+                bool hasStruck = true;
+                for (int number = 1; hasStruck; ++number) {
+                    start();
+                    SCOPED_TRACE(call + std::to_string(error) + ' ' + std::to_string(number));
+                    const int last = isLasting ? Faults::Always : number;
+                    const bool isSaved = Faults{call, number, last, error}.During(SettingsFlush);
+                    hasStruck = Faults::HaveStruck();
+                    EXPECT_EQ(isSaved, !hasStruck || isHarmless);
+                    EXPECT_EQ(SettingsSaveError(), isSaved ? 0 : error);
+                    if (isSaved || !isLasting) {
+                        EXPECT_EQ(ReadFile(file), isSaved ? saved : before);
                     }
+                    // A tail that is left over goes when the new text is on the disk.
+                    const char* const order = saved.size() < before.size() ? "FWSTS" : "FWS";
+                    EXPECT_TRUE(hasStruck || Faults::Trace().ends_with(order));
+                    SettingsFlush();
+                    EXPECT_EQ(ReadFile(file), saved) << "the next try";
                 }
             }
         }
