@@ -4,6 +4,7 @@
 
 #include <QColor>
 
+#include "app/chart_top_speed.h"
 #include "app/main_window.h"
 #include "draw/vector_drawing.h"
 #include "gui/font.h"
@@ -15,12 +16,15 @@ namespace {
 
 using namespace tests;
 
-constexpr QRgb GearColours[] = {0xFF0000, 0x00FF00, 0x0000FF, 0xFF8000, 0x00FFFF, 0xFF00FF};
-
 // The first motorcycle of the default file, on its 180/55 R17.
 GearInputs SixSpeed(double fifthGear, double sixthGear) {
     return {
         197.85750532308518, 1.4583, 3.6667, {2.2353, 1.7, 1.3478, 1.1154, fifthGear, sixthGear}};
+}
+
+// Drives at 0.06 km/h per rpm in a gear of ratio 1, without rounding errors.
+GearInputs Plain(std::array<double, GearCount> ratios) {
+    return {.Circumference = 100, .PrimaryRatio = 0.5, .FinalDriveRatio = 2, .GearRatio = ratios};
 }
 
 // A chart up to 8100 rpm as it should be, with the speeds at which the gears' lines end.
@@ -32,7 +36,6 @@ struct Expected {
 
     static constexpr int Right = 680;  // the plot's edge; the lines end at 688
     int Axis() const { return 2 * TopSpeed + 40; }
-    double LineAt(int x, int top) const { return Axis() - top * (x - 40) / 324.0; }
 
     bool IsAxisOrTick(int x, int y) const {
         return (y == Axis() && x >= 20 && x <= Right + 20) ||
@@ -47,7 +50,7 @@ struct Expected {
     }
     bool IsNearLine(int x, int y) const {
         return x >= 39 && x <= 689 && std::ranges::any_of(Tops, [&](std::optional<int> top) {
-                   return top && std::abs(LineAt(x, *top) - y) < 2;
+                   return top && std::abs(Axis() - *top * (x - 40) / 324.0 - y) < 2;
                });
     }
 };
@@ -80,12 +83,14 @@ void DrawTexts(const Expected& chart) {
         VectorDrawText(IntegerToText((chart.Axis() - y) / 2));
     }
     VectorSetFont(FontHandle(ProgramFont), 14);
-    for (int gear = 0; gear < 6; ++gear) {
-        const QColor colour(GearColours[gear]);
-        VectorSetColour(0xFF000000 | static_cast<Colour>(colour.blue()) << 16 |
-                        static_cast<Colour>(colour.green() << 8 | colour.red()));
-        PathMoveTo(70, 40 + 20 * gear);
-        VectorDrawText(chart.Tops.at(gear) ? IntegerToText(gear + 1) + u" gear" : u"");
+    // Alpha, blue, green, red.
+    constexpr Colour colours[] = {0xFF0000FF, 0xFF00FF00, 0xFFFF0000,
+                                  0xFF0080FF, 0xFFFFFF00, 0xFFFF00FF};
+    for (std::size_t gear = 0; gear < GearCount && chart.Tops[gear]; ++gear) {
+        const auto row = static_cast<std::int64_t>(gear);
+        VectorSetColour(colours[gear]);
+        PathMoveTo(70, static_cast<double>(40 + 20 * row));
+        VectorDrawText(IntegerToText(row + 1) + u" gear");
     }
 }
 
@@ -105,18 +110,43 @@ TEST_F(ChartPlotTest, EveryPixelIsAsItShouldBe) {
         const QImage texts = Picture(chart, [&] { DrawTexts(chart); });
         const QImage plot =
             Picture(chart, [&] { DrawPlot(chart.Inputs, 8100, chart.TopSpeed, chart.Unit); });
-        for (int x = 0; x < Expected::Right + 40; ++x) {
-            for (int y = 0; y < chart.Axis() + 50; ++y) {
-                const QRgb shown = PixelOf(plot, x, y);
-                if (chart.IsNearLine(x, y)) {
-                    continue;
-                }
-                const bool isRight = chart.IsAxisOrTick(x, y) ? shown == Black
-                                     : chart.IsDot(x, y)      ? shown != White && shown != Black
-                                                              : shown == PixelOf(texts, x, y);
-                ASSERT_TRUE(isRight) << x << ", " << y << " is " << std::hex << shown;
-            }
+        for (int pixel = 0; pixel < (Expected::Right + 40) * (chart.Axis() + 50); ++pixel) {
+            const int x = pixel % (Expected::Right + 40);
+            const int y = pixel / (Expected::Right + 40);
+            const QRgb shown = PixelOf(plot, x, y);
+            const bool isRight = chart.IsNearLine(x, y)     ? true
+                                 : chart.IsAxisOrTick(x, y) ? shown == Black
+                                 : chart.IsDot(x, y)        ? shown != White && shown != Black
+                                                            : shown == PixelOf(texts, x, y);
+            ASSERT_TRUE(isRight) << x << ", " << y << " is " << std::hex << shown;
         }
+    }
+}
+
+TEST_F(ChartPlotTest, ReachesToTheNextTenAboveTheTopGearsSpeed) {
+    std::int64_t topGearIndex = 0;
+    const struct {
+        std::array<double, GearCount> Ratios;
+        std::int64_t MaxRpm;
+        SpeedUnit Unit;
+        std::int64_t Top;
+        std::int64_t TopGear;
+    } cases[] = {
+        {{4}, 3000, SpeedUnit::Mph, 60, -1},     // the final drive for the gear's ratio as well
+        {{8, 1}, 3125, SpeedUnit::Kmh, 190, 1},  // 187.5 counts as 188
+        {{8, 1}, 3175, SpeedUnit::Kmh, 200, 1},  // 190.5 counts as 190
+        {{8, 1}, 6692, SpeedUnit::Mph, 260, 1},  // 401.52 and 249.8 are rounded
+        {{8, 1}, std::int64_t{1} << 62, SpeedUnit::Kmh, 10, 1},  // 60 times that wraps to 0
+        {{4, 2, 1, -1}, 3000, SpeedUnit::Kmh, -170, 3},
+        // The top gear is remembered. When it is gone the fastest of the others stands in.
+        {{4, 2, 1, 0, 0, 0.5}, 3000, SpeedUnit::Mph, 230, 5},
+        {{4, 1, 2, -0.5}, 3000, SpeedUnit::Mph, 120, 5},
+    };
+    for (const auto& [ratios, maxRpm, unit, top, topGear] : cases) {
+        const GearMask mask = ratios[1] > 0 ? 0b111 : 1;
+        topGearIndex = topGear == 5 ? topGearIndex : 0;
+        EXPECT_EQ(TopSpeedForChart(Plain(ratios), mask, maxRpm, unit, topGearIndex), top) << maxRpm;
+        EXPECT_EQ(topGearIndex, topGear) << maxRpm;
     }
 }
 

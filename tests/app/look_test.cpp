@@ -62,32 +62,23 @@ QRect PlaceForText(const QWidget& view) {
                                                          : view.rect().adjusted(1, 1, -1, -1);
 }
 
-// How far two colours are apart, at most 765.
-int Contrast(const QColor& one, const QColor& other) {
-    return std::abs(one.red() - other.red()) + std::abs(one.green() - other.green()) +
-           std::abs(one.blue() - other.blue());
-}
-
 // The colour of a field under its text.
 QColor GroundOf(const QImage& image) {
     const int inside = static_cast<int>(4 * image.devicePixelRatio());
     return image.pixelColor(image.width() - inside, image.height() - inside);
 }
 
-// Whether something is drawn along all four edges of a field.
-bool HasFrame(QWidget& field) {
-    const QImage image = field.grab().toImage();
-    const int right = image.width() - 1;
-    const int bottom = image.height() - 1;
-    const QColor ground = GroundOf(image);
-    const auto stands = [&](QPoint outer, QPoint inner) {
-        return Contrast(image.pixelColor(outer), ground) > 30 ||
-               Contrast(image.pixelColor(inner), ground) > 30;
-    };
-    return stands({0, bottom / 2}, {1, bottom / 2}) &&
-           stands({right, bottom / 2}, {right - 1, bottom / 2}) &&
-           stands({right / 2, 0}, {right / 2, 1}) &&
-           stands({right / 2, bottom}, {right / 2, bottom - 1});
+// Along how many of its four edges a field draws something.
+int FramedEdges(QImage image) {
+    const int ground = qGray(GroundOf(image).rgb());
+    int edges = 0;
+    for (int turn = 0; turn < 4; ++turn) {
+        const int outer = qGray(image.pixel(image.width() / 2, 0));
+        const int inner = qGray(image.pixel(image.width() / 2, 1));
+        edges += std::max(std::abs(outer - ground), std::abs(inner - ground)) > 10 ? 1 : 0;
+        image = image.transformed(QTransform().rotate(90));
+    }
+    return edges;
 }
 
 // The main window as riders see it, in whatever font stands in for Arial and at whatever scale the
@@ -101,24 +92,6 @@ class LookTest : public AppTest {
         SetGadgetText(PrimaryRatioField, u"1.3125");
         CalcSpeeds();
     }
-    static void ExpectTextsToFit(Qt::Orientations directions) {
-        for (const std::int64_t number : Gadgets()) {
-            QWidget* const view = View(number);
-            const TextRecorder drawn(*view);
-            const QRect place = PlaceForText(*view);
-            SCOPED_TRACE(number);
-            EXPECT_EQ(drawn.Text.toStdString(), ToUtf8(GetGadgetText(number)));
-            if (drawn.Text.isEmpty()) {
-                continue;
-            }
-            EXPECT_GE(drawn.Place.left(), place.left() - 0.5);
-            EXPECT_LE(drawn.Place.right(), place.right() + 1.5);
-            if (directions.testFlag(Qt::Vertical)) {
-                EXPECT_GE(drawn.Place.top(), -0.5);
-                EXPECT_LE(drawn.Place.bottom(), view->height() + 0.5);
-            }
-        }
-    }
     static std::vector<std::int64_t> Gadgets() {
         std::vector<std::int64_t> numbers(63);
         std::iota(numbers.begin(), numbers.end(), 0);
@@ -129,29 +102,16 @@ class LookTest : public AppTest {
 
 TEST_F(LookTest, EveryTextFitsItsPlace) {
     StartWithSixSpeed();
-    for (const std::int64_t unit : {0, 1}) {
-        SetGadgetState(SpeedUnitBox, unit);
-        ExpectTextsToFit(Qt::Horizontal | Qt::Vertical);
-    }
-}
-
-TEST_F(LookTest, TextsThatDoNotFitAreNarrowedAndWidenAgain) {
-    constexpr std::int64_t large = 1;
-    FontLoad(large, u"Arial", 12);
-    StartWithSixSpeed();
+    SetGadgetState(SpeedUnitBox, 1);
     for (const std::int64_t number : Gadgets()) {
-        SetGadgetFont(number, large);
+        QWidget* const view = View(number);
+        const TextRecorder drawn(*view);
+        const QRect place = PlaceForText(*view);
+        SCOPED_TRACE(number);
+        EXPECT_EQ(drawn.Text.toStdString(), ToUtf8(GetGadgetText(number)));
+        EXPECT_TRUE(drawn.Text.isEmpty() ||
+                    QRectF(place).adjusted(-0.5, -0.5, 0.5, 0.5).contains(drawn.Place));
     }
-    ExpectTextsToFit(Qt::Horizontal);
-    const QFont narrowed = View(PrimaryRatioField)->font();
-    SetGadgetText(PrimaryRatioField, u"1");
-    const QFont whole = View(PrimaryRatioField)->font();
-    EXPECT_LT(QFontMetrics(narrowed).horizontalAdvance("1.3125"),
-              QFontMetrics(whole).horizontalAdvance("1.3125"));
-    ActivateGadget(PrimaryRatioField);
-    Type("1.3125");
-    Run();
-    ExpectTextsToFit(Qt::Horizontal);
 }
 
 TEST_F(LookTest, FieldsHaveFramesInTheDesktopsColours) {
@@ -164,8 +124,9 @@ TEST_F(LookTest, FieldsHaveFramesInTheDesktopsColours) {
         for (const std::int64_t number : Gadgets()) {
             QWidget* const view = View(number);
             if (qobject_cast<QLineEdit*>(view) != nullptr) {
-                EXPECT_TRUE(HasFrame(*view)) << number;
-                EXPECT_EQ(GroundOf(view->grab().toImage()), palette.color(QPalette::Base));
+                const QImage image = view->grab().toImage();
+                EXPECT_EQ(FramedEdges(image), 4) << number;
+                EXPECT_EQ(GroundOf(image), palette.color(QPalette::Base));
             }
         }
     }

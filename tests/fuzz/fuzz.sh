@@ -11,21 +11,16 @@ cd "$1"
 fuzz() {
     mkdir -p "corpus/$1"
     timeout -s KILL $(($2 + 60)) ./fuzz_"$1" -max_total_time="$2" -max_len=4096 -print_final_stats=1 \
-        -artifact_prefix="$1-" "corpus/$1" "$corpus/$1" >"$1.log" 2>&1
+        -artifact_prefix="$1-" "corpus/$1" "$corpus/$1" >"$1.log" 2>&1 || {
+        tail -n 60 "$1.log" >&2
+        return 1
+    }
+    echo "  $1: $(sed -n 's/^stat::number_of_executed_units: *//p' "$1.log") runs"
 }
 
-declare -A fuzzers
-for subject in settings numbers; do
-    fuzz "$subject" "$2" &
-    fuzzers[$subject]=$!
-done
+fuzz settings "$2" &
+fuzz numbers "$2" &
 failed=0
-for subject in "${!fuzzers[@]}"; do
-    if wait "${fuzzers[$subject]}"; then
-        echo "  $subject: $(sed -n 's/^stat::number_of_executed_units: *//p' "$subject.log") runs"
-    else
-        failed=1
-        tail -n 60 "$subject.log" >&2
-    fi
-done
+wait -n || failed=1
+wait -n || failed=1
 exit "$failed"

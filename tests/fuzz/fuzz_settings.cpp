@@ -2,7 +2,6 @@
 // changes. Each of its groups is a motorcycle, in its place.
 
 #include <cstdio>
-#include <optional>
 #include <string_view>
 #include <strings.h>
 #include <vector>
@@ -12,41 +11,34 @@
 #include "settings/settings_document.h"
 #include "settings/settings_store.h"
 #include "tests/support/temporary_folder.h"
+#include "text/text.h"
 
 namespace rotavel::tests {
 namespace {
 
-// A group of a settings file with its lines: keys with their values, comments without a key.
-struct Group {
-    struct Line {
-        std::optional<std::string> Key;
-        std::string Value;
-        bool operator==(const Line&) const = default;
-    };
-    std::string Name;
-    std::vector<Line> Lines;
-    bool operator==(const Group&) const = default;
+// A line of a settings file: a group's name, a key with its value or a comment.
+struct Line {
+    char Kind;  // '[', '=' or ';'
+    std::string Key;
+    std::string Value;
+    bool operator==(const Line&) const = default;
 };
+using Lines = std::vector<Line>;
 
-// What a file holds; the first group is what stands before all groups.
-std::vector<Group> GroupsOf(std::string_view content) {
+// What a file holds. The first line is a group without a name, for what stands before all groups.
+Lines LinesOf(std::string_view content) {
     SettingsBytes bytes = {std::make_unique<char[]>(content.size() + SettingsTextPadding),
                            content.size()};
     std::ranges::copy(content, bytes.Block.get());
     SettingsDocument document;
     ParseSettingsFile(std::move(bytes), document);
-    std::vector<Group> groups(1);
+    Lines lines = {{'[', "", ""}};
     for (const SettingsEntry* each = document.Entries.First(); each != nullptr;
          each = each->Next()) {
-        const std::string value(each->Value());
-        if (each->IsGroup()) {
-            groups.push_back({value, {}});
-        } else {
-            groups.back().Lines.push_back(
-                {each->IsKey() ? std::optional(std::string(each->Key())) : std::nullopt, value});
-        }
+        const char kind = each->IsGroup() ? '[' : each->IsKey() ? '=' : ';';
+        lines.push_back({kind, std::string(each->Key()), std::string(each->Value())});
     }
-    return groups;
+    return lines;
 }
 
 const std::string& SettingsFile() {
@@ -70,97 +62,89 @@ std::string WithoutBlanks(const std::string& value) {
     return value.substr(std::min(value.find_first_not_of(" \t"), value.size()));
 }
 
-Group::Line* FindKey(Group& group, const std::string& key) {
-    const auto line = std::ranges::find_if(
-        group.Lines, [&](const auto& each) { return each.Key && IsSame(*each.Key, key); });
-    return line == group.Lines.end() ? nullptr : &*line;
+// The line of a key in the group that starts at a line, or else where the group ends.
+Lines::iterator FindKey(Lines& lines, Lines::iterator group, const std::string& key) {
+    return std::find_if(group + 1, lines.end(), [&key](const Line& each) {
+        return each.Kind == '[' || (each.Kind == '=' && IsSame(each.Key, key));
+    });
 }
 
-// Adds the group when there is none of that name.
-Group& GroupNamed(std::vector<Group>& groups, const std::string& name) {
-    for (Group& each : groups) {
-        if (IsSame(each.Name, name)) {  // the empty name is the first group's
-            return each;
-        }
-    }
-    return groups.emplace_back(Group{name, {}});
-}
-
-std::u16string Trimmed(std::u16string text) {
-    text.erase(0, text.find_first_not_of(u' '));
-    text.erase(text.find_last_not_of(u' ') + 1);
-    return text;
-}
-
-void CheckMotorcycles(std::vector<Group>& groups, std::vector<MakerRecord> makers) {
-    std::vector<std::size_t> taken;  // models of each maker
-    std::int64_t item = 10;
-    for (std::size_t i = 1; i < groups.size(); ++i) {
-        const std::u16string name = ToUtf16(groups[i].Name);
-        if (name == u"Settings") {
+void CheckMotorcycles(Lines& lines, const std::vector<MakerRecord>& makers) {
+    std::vector<MakerRecord> expected;
+    for (auto group = lines.begin() + 1; group != lines.end(); ++group) {
+        const std::u16string name = ToUtf16(group->Value);
+        if (group->Kind != '[' || name == u"Settings") {
             continue;
         }
         const std::size_t dash = name.find(u'-');
-        const std::u16string of = dash == name.npos ? u"" : Trimmed(name.substr(0, dash));
-        const auto maker = std::ranges::find(makers, of, &MakerRecord::Name);
-        const auto place = static_cast<std::size_t>(maker - makers.begin());
-        Check(place <= taken.size() && place < makers.size());
-        taken.resize(std::max(taken.size(), place + 1));
-        Check(taken[place] < maker->Models.size());
-        MotorcycleRecord& motorcycle = maker->Models[taken[place]++];
-        Check(motorcycle.Model == Trimmed(dash == name.npos ? name : name.substr(dash + 1)));
-        motorcycle.MenuItem = ++item;
-        Check(FindMotorcycle(makers, item)->Motorcycle == &motorcycle);
-        const Group::Line* const rpm = FindKey(groups[i], "MaxRPM");
-        Check(rpm == nullptr || motorcycle.MaxRPM == Integer(rpm->Value));
+        const std::u16string of(TrimBlanks(name.substr(0, dash == name.npos ? 0 : dash)));
+        auto maker = std::ranges::find(expected, of, &MakerRecord::Name);
+        if (maker == expected.end()) {
+            maker = expected.insert(maker, {of, {}});
+        }
+        MotorcycleRecord& motorcycle = maker->Models.emplace_back();
+        motorcycle.Model = TrimBlanks(name.substr(dash + 1));  // npos + 1 is 0
+        const auto rpm = FindKey(lines, group, "MaxRPM");
+        motorcycle.MaxRPM = rpm != lines.end() && rpm->Kind == '=' ? Integer(rpm->Value) : 0;
     }
-    Check(taken.size() == makers.size() && !FindMotorcycle(makers, item + 1));
+    const auto isSame = [](const MotorcycleRecord& left, const MotorcycleRecord& right) {
+        return left.Model == right.Model && left.MaxRPM == right.MaxRPM;
+    };
+    Check(std::ranges::equal(expected, makers, [&](const auto& left, const auto& right) {
+        return left.Name == right.Name && std::ranges::equal(left.Models, right.Models, isSame);
+    }));
 }
 
-void CheckReads(std::vector<Group> groups) {
+void CheckReads(Lines lines) {
     Check(SettingsOpen(ToUtf16(SettingsFile()), 0));
-    for (std::size_t i = 1; i < groups.size(); ++i) {
-        Check(SettingsNextGroup() && SettingsGroupName() == ToUtf16(groups[i].Name));
-        for (const Group::Line& line : groups[i].Lines) {
-            // What cannot be said in UTF-16 cannot be asked for.
-            const std::u16string key = ToUtf16(line.Key.value_or(""));
-            if (line.Key && ToUtf8(key) == *line.Key) {
-                const std::string& value = FindKey(groups[i], *line.Key)->Value;
-                Check(SettingsReadString(key, u"?") == ToUtf16(WithoutBlanks(value)));
-                Check(SettingsReadInteger(key, -7) == Integer(value));
-            }
+    auto group = lines.begin();
+    for (auto line = lines.begin() + 1; line != lines.end(); ++line) {
+        const std::u16string key = ToUtf16(line->Key);
+        if (line->Kind == '[') {
+            Check(SettingsNextGroup() && SettingsGroupName() == ToUtf16(line->Value));
+            group = line;
+        } else if (line->Kind == '=' && ToUtf8(key) == line->Key) {  // or it cannot be asked for
+            const std::string& value = FindKey(lines, group, line->Key)->Value;
+            Check(SettingsReadString(key, u"?") == ToUtf16(WithoutBlanks(value)));
+            Check(SettingsReadInteger(key, -7) == Integer(value));
         }
     }
     Check(!SettingsNextGroup());
-    CheckMotorcycles(groups, ReadMotorcycles());
+    CheckMotorcycles(lines, ReadMotorcycles());
     SettingsClose();
 }
 
 std::string LineText(FuzzedDataProvider& input) {
     std::string text = input.ConsumeRandomLengthString(20);
     std::erase_if(text, [](char each) { return each == '\r' || each == '\n' || each == ']'; });
-    return ToUtf8(ToUtf16(text));
+    return text;
 }
 
-// Into a group and key of the file, or new ones.
-void ChangeSomething(FuzzedDataProvider& input, std::vector<Group>& groups) {
-    const std::string name =
-        input.ConsumeBool() ? LineText(input)
-                            : groups[input.ConsumeIntegral<std::uint8_t>() % groups.size()].Name;
-    SettingsSelectGroup(ToUtf16(name));
-    Group& group = GroupNamed(groups, ToUtf8(ToUtf16(name)));
-    std::string key = "MAXrpm";
-    if (!group.Lines.empty()) {
-        const auto& line = group.Lines[input.ConsumeIntegral<std::uint8_t>() % group.Lines.size()];
-        key = ToUtf8(ToUtf16(line.Key.value_or(key)));
+// Writes into a group and key of the file, or new ones.
+void ChangeSomething(FuzzedDataProvider& input, Lines& lines) {
+    const auto line = lines.begin() + input.ConsumeIntegral<std::uint8_t>() % lines.size();
+    auto group = line;
+    while (group->Kind != '[') {
+        --group;
     }
-    const std::string value = LineText(input);
-    Check(SettingsWriteString(ToUtf16(key), ToUtf16(value)));
-    Check(SettingsReadString(ToUtf16(key), u"?") == ToUtf16(WithoutBlanks(value)));
-    if (Group::Line* const line = FindKey(group, key)) {
-        *line = {key, WithoutBlanks(value)};
+    const std::u16string name = ToUtf16(input.ConsumeBool() ? LineText(input) : group->Value);
+    const std::u16string key = ToUtf16(line->Kind == '=' ? line->Key : "MAXrpm");
+    const std::u16string value = ToUtf16(LineText(input));
+    const Line written = {'=', ToUtf8(key), WithoutBlanks(ToUtf8(value))};
+    SettingsSelectGroup(name);
+    Check(SettingsWriteString(key, value));
+    Check(SettingsReadString(key, u"?") == ToUtf16(written.Value));
+    group = std::ranges::find_if(lines, [&](const Line& each) {
+        return each.Kind == '[' && IsSame(each.Value, ToUtf8(name));
+    });
+    if (group == lines.end()) {
+        group = lines.insert(group, {'[', "", ToUtf8(name)});
+    }
+    if (const auto old = FindKey(lines, group, written.Key);
+        old != lines.end() && old->Kind == '=') {
+        *old = written;
     } else {
-        group.Lines.push_back({key, WithoutBlanks(value)});
+        lines.insert(old, written);
     }
 }
 
@@ -168,19 +152,19 @@ void Run(FuzzedDataProvider input) {
     const auto flags = input.ConsumeIntegral<std::uint32_t>();
     const std::string content = input.ConsumeRandomLengthString();
     WriteFile(SettingsFile(), content);
-    std::vector<Group> groups = GroupsOf(content);
-    CheckReads(groups);
+    Lines lines = LinesOf(content);
+    CheckReads(lines);
     Check(ReadFile(SettingsFile()) == content);
     // Without a mark, as an empty file is rewritten, nothing but ASCII lasts.
     if (content.empty() || !SettingsOpen(ToUtf16(SettingsFile()), flags)) {
         return;
     }
     for (int changes = input.ConsumeIntegralInRange(0, 3); changes > 0; --changes) {
-        ChangeSomething(input, groups);
+        ChangeSomething(input, lines);
     }
     SettingsClose();
-    Check(SettingsSaveError() == 0 && GroupsOf(ReadFile(SettingsFile())) == groups);
-    CheckReads(groups);
+    Check(SettingsSaveError() == 0 && LinesOf(ReadFile(SettingsFile())) == lines);
+    CheckReads(lines);
 }
 
 }  // namespace
