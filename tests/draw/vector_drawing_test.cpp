@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include <QLineF>
+#include <QPointF>
 
 #include "gui/font.h"
 #include "tests/support/pixels.h"
@@ -30,8 +30,7 @@ void Draw(const std::string& drawing) {
         {'R', [&] { VectorRotate(n[0], n[1], n[2]); }},
         {'S', [&] { PathStroke(n[0], flags(1)); }},
         {'D', [&] { PathStrokeDotted(n[0], n[1], flags(2)); }},
-        {'F', PathFill},
-        {'T', [] { VectorDrawText(u"8"); }}};
+        {'F', PathFill}};
     std::istringstream words(drawing);
     for (char letter = 0; words >> letter; words.clear()) {
         for (int i = 0; i < 4 && words >> n[i];) {
@@ -53,32 +52,46 @@ std::int64_t Start() {
     return image;
 }
 
-// Where a stroke of a width along whole coordinates has its middle.
-QPointF MiddleFor(double width) {
-    return std::fmod(width, 2) == 0 ? QPointF(0, 0) : QPointF(0.5, 0.5);
-}
+// What a drawing covers: for each start a line of a width, or a dot where it has no length.
+struct Covered {
+    double Width;
+    bool IsRound;
+    std::vector<QPointF> Starts;
+    QPointF Along = {1, 0};  // the direction of the line, or of one side of a square
+    double Length = 0;
+    double Opacity = 1;
 
-double Across(QPointF from, QPointF along) {
-    return std::abs(from.x() * along.y() - from.y() * along.x());
-}
+    bool Covers(QPointF place) const {
+        // A stroke of an odd width along whole coordinates has its middle in that of their pixels.
+        const double shift = std::fmod(Width, 2) == 0 ? 0 : 0.5;
+        const double beyondEnd = Length > 0 && Width > 1 ? 0 : Width / 2;
+        return std::ranges::any_of(Starts, [&](QPointF start) {
+            const QPointF from = place - start - QPointF(shift, shift);
+            const double along = QPointF::dotProduct(from, Along);
+            const double beyond = std::max({-along, along - Length, 0.0});
+            const double across = std::abs(from.x() * Along.y() - from.y() * Along.x());
+            return IsRound ? std::hypot(beyond, across) <= Width / 2
+                           : beyond <= beyondEnd && across <= Width / 2;
+        });
+    }
+};
 
 // The pixel of an image that is not as dark as the part of it that is covered, as far as 16 by 16
 // places in it tell.
-std::string WrongPixel(std::int64_t image, const std::function<bool(QPointF)>& covers,
-                       double tolerance, double opacity = 1) {
+std::string WrongPixel(std::int64_t image, const Covered& covered) {
     const QImage& bitmap = *FromHandle(ImageHandle(image));
     for (int pixel = 0; pixel < bitmap.width() * bitmap.height(); ++pixel) {
         const int x = pixel % bitmap.width();
         const int y = pixel / bitmap.width();
-        double covered = 0;
+        double part = 0;
         for (int i = 0; i < 16 * 16; ++i) {
             const QPointF place(x + (i % 16 + 0.5) / 16, y + (i / 16 + 0.5) / 16);
-            covered += covers(place / bitmap.devicePixelRatio()) ? 1.0 / 256 : 0;
+            part += covered.Covers(place / bitmap.devicePixelRatio()) ? 1.0 / 256 : 0;
         }
-        const double found = (1 - qGray(bitmap.pixel(x, y)) / 255.0) / opacity;
-        if (std::abs(found - covered) > tolerance) {
+        const double found = (1 - qGray(bitmap.pixel(x, y)) / 255.0) / covered.Opacity;
+        if (std::abs(found - part) > 0.1) {
             return std::to_string(x) + ", " + std::to_string(y) + ": " + std::to_string(found) +
-                   " instead of " + std::to_string(covered);
+                   " instead of " + std::to_string(part);
         }
     }
     return "none";
@@ -113,78 +126,31 @@ TEST_F(VectorDrawingTest, PathsCoverTheirPixelsWhole) {
     }
 }
 
-TEST_F(VectorDrawingTest, LinesCoverWhatTheyAreWide) {
-    for (const auto& line : {QLineF(5, 5, 45, 45), QLineF(5, 30, 55, 31), QLineF(3, 57, 57, 20),
-                             QLineF(-900, -640, 90, 70)}) {
-        for (const auto& [width, alpha] : {std::pair(0.4, 255), {1.0, 255}, {2.0, 102}}) {
-            const std::int64_t image = Start();
-            VectorSetColour(static_cast<Colour>(alpha) << 24);
-            PathMoveTo(line.x1(), line.y1());
-            PathLineTo(line.x2(), line.y2());
-            PathStroke(width);
-            const QPointF along = (line.p2() - line.p1()) / line.length();
-            const double end = width <= 1 ? width / 2 : 0;
-            const auto covers = [&, width = width](QPointF place) {
-                const QPointF from = place - line.p1() - MiddleFor(width);
-                const double distance = QPointF::dotProduct(from, along);
-                return Across(from, along) <= width / 2 && distance >= -end &&
-                       distance <= line.length() + end;
-            };
-            EXPECT_EQ(WrongPixel(image, covers, 1.0 / 16, alpha / 255.0), "none")
-                << line.x1() << " by " << width;
-        }
-    }
-}
-
-TEST_F(VectorDrawingTest, DotsStandWhereTheirDistancePutsThem) {
-    const struct {
-        const char* Drawing;
-        double Size;
-        bool IsRound;
-        std::vector<QPointF> Dots;
-        QPointF Along = {1, 0};  // one side of a square
-    } cases[] = {
-        {"M 5 10 L 45 10 D 1 10 16", 1, true, {{5, 10}, {15, 10}, {25, 10}, {35, 10}, {45, 10}}},
-        {"M 40 55 L 10 15 D 6 25 0", 6, false, {{40, 55}, {25, 35}, {10, 15}}, {0.6, 0.8}},
-        // Those that overlap, and those that only reach into the image.
-        {"M 50 80 L 14 32 D 20 20 16", 20, true, {{50, 80}, {38, 64}, {26, 48}, {14, 32}}},
-        {"M -95 30 L 305 30 D 9 100 0", 9, false, {{5, 30}}},
-        {"M 60 -4 L 60 66 D 9 35 0", 9, false, {{60, -4}, {60, 31}, {60, 66}}},
+TEST_F(VectorDrawingTest, LinesAndDotsCoverWhatTheyAreWide) {
+    const std::pair<const char*, Covered> cases[] = {
+        {"M 5 5 L 35 45 S 1 0", {1, false, {{5, 5}}, {0.6, 0.8}, 50}},
+        {"M 5 20 L 45 29 S 0.4 0", {0.4, false, {{5, 20}}, {40 / 41.0, 9 / 41.0}, 41}},
+        {"M 3 57 L 51 21 S 2 0", {2, false, {{3, 57}}, {0.8, -0.6}, 60, 0.4}},
+        {"M -880 -640 L 80 80 S 1 0", {1, false, {{-880, -640}}, {0.8, 0.6}, 1200}},
+        {"M 5 10 L 45 10 D 1 10 16", {1, true, {{5, 10}, {15, 10}, {25, 10}, {35, 10}, {45, 10}}}},
+        {"M 40 55 L 10 15 D 6 25 0", {6, false, {{40, 55}, {25, 35}, {10, 15}}, {0.6, 0.8}}},
+        // Dots that overlap, and those that only reach into the image.
+        {"M 50 80 L 14 32 D 20 20 16", {20, true, {{50, 80}, {38, 64}, {26, 48}, {14, 32}}}},
+        {"M -95 30 L 305 30 D 9 100 0", {9, false, {{5, 30}}}},
+        {"M 60 -4 L 60 66 D 9 35 0", {9, false, {{60, -4}, {60, 31}, {60, 66}}}},
         // The distance goes round corners, over lines shorter than it and past places taken before.
-        {"M 3 2 L 10 2 L 10 4 L 10 30 D 1 10 0", 1, false, {{3, 2}, {10, 5}, {10, 15}, {10, 25}}},
-        {"M 5 5 L 25 5 L 5 5 D 7 10 16", 7, true, {{5, 5}, {15, 5}, {25, 5}}},
-        {"M 30 30 L 30 30 D 40 7 16", 40, true, {{30, 30}}},
+        {"M 3 2 L 10 2 L 10 4 L 10 30 D 1 10 0", {1, false, {{3, 2}, {10, 5}, {10, 15}, {10, 25}}}},
+        {"M 5 5 L 25 5 L 5 5 D 7 10 16", {7, true, {{5, 5}, {15, 5}, {25, 5}}}},
+        {"M 30 30 L 30 30 D 40 7 16", {40, true, {{30, 30}}}},
         // A distance that is none leaves no gaps.
-        {"M 10 20 L 26 20 D 9 -1 0", 9, false, {{10, 20}, {18, 20}, {26, 20}}},
+        {"M 10 20 L 26 20 D 9 -1 0", {9, false, {{10, 20}, {18, 20}, {26, 20}}}},
     };
-    for (const auto& each : cases) {
+    for (const auto& [drawing, covered] : cases) {
         const std::int64_t image = Start();
-        Draw(each.Drawing);
-        const auto covers = [&](QPointF place) {
-            return std::ranges::any_of(each.Dots, [&](QPointF dot) {
-                const QPointF from = place - dot - MiddleFor(each.Size);
-                const double along = std::abs(QPointF::dotProduct(from, each.Along));
-                const double across = Across(from, each.Along);
-                return 2 * (each.IsRound ? std::hypot(along, across) : std::max(along, across)) <=
-                       each.Size;
-            });
-        };
-        EXPECT_EQ(WrongPixel(image, covers, 0.1), "none") << each.Drawing;
+        VectorSetColour(static_cast<Colour>(255 * covered.Opacity) << 24);
+        Draw(drawing);
+        EXPECT_EQ(WrongPixel(image, covered), "none") << drawing;
     }
-}
-
-TEST_F(VectorDrawingTest, TextHangsFromTheCurrentPointAndTurnsWithTheCoordinates) {
-    std::int64_t image = Start();
-    Draw("M 5 35 T");
-    const QRect first = InkIn(image).Covered;
-    EXPECT_TRUE(QRect(5, 35, 6, 10).contains(first));
-    Draw("T");
-    EXPECT_GT(InkIn(image).Covered.right(), first.right() + 4);
-    image = Start();
-    Draw("R 20 50 -90 M 20 50 T T T T R 20 50 90");
-    EXPECT_TRUE(QRect(20, 26, 10, 25).contains(InkIn(image).Covered));
-    Draw("L 20 10 S 1 0");
-    EXPECT_EQ(PixelOf(image, 20, 26), Black) << "the point behind it turned too";
 }
 
 // Dots without number too, which take no longer than a line does.
@@ -195,7 +161,8 @@ TEST_F(VectorDrawingTest, TakesAnyNumber) {
         VectorRotate(number, 10, number);
         VectorSetFont(FontHandle(0), number);
         PathMoveTo(number, 5);
-        Draw("L 1000000 6 T");
+        Draw("L 1000000 6");
+        VectorDrawText(u"8");
         PathAddBox(number, number, number, number);
         PathStroke(number, StrokeKeepPath | StrokeRoundJoin);
         PathStrokeDotted(number, 1, StrokeKeepPath);
