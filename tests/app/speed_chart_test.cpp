@@ -26,15 +26,9 @@ GearInputs SixSpeed(double fifthGear, double sixthGear) {
         197.85750532308518, 1.4583, 3.6667, {2.2353, 1.7, 1.3478, 1.1154, fifthGear, sixthGear}};
 }
 
-// Drives at 0.06 km/h per rpm in a gear of ratio 1, without rounding errors.
-GearInputs Plain(std::array<double, GearCount> ratios) {
-    return {.Circumference = 100, .PrimaryRatio = 0.5, .FinalDriveRatio = 2, .GearRatio = ratios};
-}
-
 // A chart up to 8100 rpm with the speeds at which the gears' lines end.
 struct Plot {
     GearInputs Inputs;
-    SpeedUnit Unit;
     int TopSpeed;
     std::array<std::optional<int>, GearCount> Tops;
 
@@ -89,18 +83,17 @@ using ChartPlotTest = DrawTest;
 
 TEST_F(ChartPlotTest, EveryPixelIsAsItShouldBe) {
     const Plot plots[] = {
-        {SixSpeed(0.9355, 0.8), SpeedUnit::Kmh, 230, {80, 106, 133, 161, 192, 225}},
-        {SixSpeed(0.9355, 0.8), SpeedUnit::Mph, 150, {50, 66, 83, 100, 119, 140}},
+        {SixSpeed(0.9355, 0.8), 230, {80, 106, 133, 161, 192, 225}},
         // So high that the grid's upright lines end between the axis and the image's edge, with a
         // gear that is drawn below the axis and one that there is not.
-        {SixSpeed(-2.0, 0.0), SpeedUnit::Kmh, 260, {80, 106, 133, 161, -90, std::nullopt}},
+        {SixSpeed(-2.0, 0.0), 260, {80, 106, 133, 161, -90, std::nullopt}},
     };
     FontLoad(ProgramFont, u"Arial", 8);
     for (const Plot& plot : plots) {
         const QImage expected = Expected(plot);
         const std::int64_t image = ImageCreate(AnyNumber, expected.width(), expected.height());
         EXPECT_TRUE(VectorBegin(ImageVectorTarget(image)));
-        DrawPlot(plot.Inputs, 8100, plot.TopSpeed, plot.Unit);
+        DrawPlot(plot.Inputs, 8100, plot.TopSpeed, SpeedUnit::Kmh);
         VectorEnd();
         for (int pixel = 0; pixel < expected.width() * expected.height(); ++pixel) {
             const int x = pixel % expected.width();
@@ -116,29 +109,16 @@ TEST_F(ChartPlotTest, EveryPixelIsAsItShouldBe) {
 }
 
 TEST_F(ChartPlotTest, ReachesToTheNextTenAboveTheTopGearsSpeed) {
-    std::int64_t topGearIndex = 0;
-    const struct {
-        std::array<double, GearCount> Ratios;
-        std::int64_t MaxRpm;
-        SpeedUnit Unit;
-        std::int64_t Top;
-        std::int64_t TopGear;
-    } cases[] = {
-        {{4}, 3000, SpeedUnit::Mph, 60, -1},     // the final drive for the gear's ratio as well
-        {{8, 1}, 3125, SpeedUnit::Kmh, 190, 1},  // 187.5 counts as 188
-        {{8, 1}, 3175, SpeedUnit::Kmh, 200, 1},  // 190.5 counts as 190
-        {{8, 1}, 6692, SpeedUnit::Mph, 260, 1},  // 401.52 and 249.8 are rounded
-        {{8, 1}, std::int64_t{1} << 62, SpeedUnit::Kmh, 10, 1},  // 60 times that wraps to 0
-        {{4, 2, 1, -1}, 3000, SpeedUnit::Kmh, -170, 3},
-        // The top gear is remembered. When it is gone the fastest of the others stands in.
-        {{4, 2, 1, 0, 0, 0.5}, 3000, SpeedUnit::Mph, 230, 5},
-        {{4, 1, 2, -0.5}, 3000, SpeedUnit::Mph, 120, 5},
-    };
-    for (const auto& [ratios, maxRpm, unit, top, topGear] : cases) {
-        const GearMask mask = ratios[1] > 0 ? 0b111 : 1;
-        topGearIndex = topGear == 5 ? topGearIndex : 0;
-        EXPECT_EQ(TopSpeedForChart(Plain(ratios), mask, maxRpm, unit, topGearIndex), top) << maxRpm;
-        EXPECT_EQ(topGearIndex, topGear) << maxRpm;
+    // 0.06 km/h per rpm in a gear of ratio 1, without rounding errors.
+    GearInputs inputs = {.Circumference = 100, .PrimaryRatio = 0.5, .FinalDriveRatio = 2};
+    const std::tuple<std::array<double, GearCount>, std::int64_t, SpeedUnit, std::int64_t> cases[] =
+        {{{4}, 3000, SpeedUnit::Mph, 60},      // the final drive in the place of first gear alone
+         {{8, 1}, 3175, SpeedUnit::Kmh, 200},  // 190.5 counts as 190, and that is not above
+         {{4, 2, 1, -1}, 3000, SpeedUnit::Kmh, -170}};
+    for (const auto& [ratios, maxRpm, unit, top] : cases) {
+        std::int64_t topGearIndex = 0;
+        inputs.GearRatio = ratios;
+        EXPECT_EQ(TopSpeedForChart(inputs, 1, maxRpm, unit, topGearIndex), top) << maxRpm;
     }
 }
 

@@ -15,14 +15,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* TellOnly = "ROTAVEL_TELL_LOCATION";
 
-// What this program writes to the file of its place when a shell starts it by `command`.
-std::string Told(const std::string& command, const std::string& file) {
-    const std::string tell = std::string(TellOnly) + "='" + file + "' bash -c '" + command;
-    const std::string one = " \"$@\"' - --gtest_filter=ProgramLocation.IsWhere* >/dev/null";
-    EXPECT_EQ(std::system((tell + one).c_str()), 0);
-    return tests::ReadFile(file);
-}
-
 TEST(ProgramLocation, IsWhereTheProgramWasStartedIfSettingsAreKeptThere) {
     if (const char* const file = std::getenv(TellOnly)) {
         EnterBundleContents();
@@ -30,6 +22,7 @@ TEST(ProgramLocation, IsWhereTheProgramWasStartedIfSettingsAreKeptThere) {
         return;
     }
     const tests::TemporaryFolder folder;
+    const std::string told = folder.File("told");
     const std::string house = fs::canonical(folder.Path()).string() + "/own place";
     const fs::path executable = fs::read_symlink("/proc/self/exe");
     fs::create_directories(house + "/bin/bin");
@@ -42,8 +35,11 @@ TEST(ProgramLocation, IsWhereTheProgramWasStartedIfSettingsAreKeptThere) {
         {"cd \"" + house + "\" && bin/../bin/Link", house + "/bin/../bin/Link in " + house},
         {"\"" + house + "/bin/bin/Link\"",
          executable.string() + " in " + executable.parent_path().parent_path().string()}};
-    for (const auto& [command, told] : cases) {
-        EXPECT_EQ(Told(command, folder.File("told")), told);
+    for (const auto& [command, place] : cases) {
+        const std::string started = std::string(TellOnly) + "='" + told + "' bash -c '" + command +
+                                    " --gtest_filter=ProgramLocation.*' >/dev/null";
+        EXPECT_EQ(std::system(started.c_str()), 0);
+        EXPECT_EQ(tests::ReadFile(told), place);
     }
 }
 

@@ -81,7 +81,7 @@ std::u16string Read(std::u16string_view key) {
 TEST_F(SettingsStoreTest, ReadsTheGroupsAndTheirValues) {
     Start(
         "Top = 0\r\n[Numbers]\r\n; MaxRPM = 1\r\nMaxRPM = +12x\r\nEmpty = \r\n"
-        "Large = 99999999999999999999\r\nReal = 0x1p4,\r\nText = \t55 \r\nText = second\r\n"
+        "Large = 99999999999999999999\r\nReal = 0x1p4,\r\nAz[ = \t55 \r\nAz[ = second\r\n"
         "[Other]\r\nKey = 1\r\n[other]\n[]\n");
     const struct {
         const char16_t *Group, *Key, *Values;
@@ -89,7 +89,8 @@ TEST_F(SettingsStoreTest, ReadsTheGroupsAndTheirValues) {
         {u"nUMBERS", u"maxrpm", u"+12x|12|12"},
         {u"Numbers", u"Large", u"99999999999999999999|9223372036854775807|100000000000000000000"},
         {u"Numbers", u"Real", u"0x1p4,|0|16"},
-        {u"Numbers", u"TEXT", u"55 |55|55"},
+        {u"Numbers", u"aZ[", u"55 |55|55"},
+        {u"Numbers", u"aZ{", u"none|5|5.5"},
         {u"Numbers", u"Empty", u"|0|0"},
         {u"Numbers", u"Key", u"none|5|5.5"},
         {u"OTHER", u"Key", u"1|1|1"},

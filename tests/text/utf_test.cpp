@@ -1,21 +1,11 @@
-#include "text/text.h"
+#include "text/utf.h"
 
 #include <gtest/gtest.h>
-
-#include "text/utf.h"
 
 namespace rotavel {
 namespace {
 
-// Numbers are the oracle's and the fuzzer's affair.
-TEST(Text, IgnoresTheCaseOfAsciiLetters) {
-    EXPECT_TRUE(EqualsIgnoringCase("MaxRPM[AZ", "maxrpm[az"));
-    for (const char* const other : {"{az", "[az0", "\xC3\xA4z"}) {
-        EXPECT_FALSE(EqualsIgnoringCase("[AZ", other) || EqualsIgnoringCase("\xC3\x84Z", other));
-    }
-}
-
-TEST(Text, ConvertsToUtf8AndBackAndReplacesWhatIsInvalid) {
+TEST(Utf, ConvertsBothWaysAndReplacesWhatIsInvalid) {
     const std::u16string text(u"a\0\u007F\u0080\u07FF\u0800\uFFFF\U00010000\U0010FFFF", 11);
     const std::string bytes(
         "a\0\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", 21);
