@@ -1,8 +1,10 @@
 #include "draw/image.h"
 
+#include <array>
 #include <cstdlib>
 #include <functional>
 #include <gmock/gmock.h>
+#include <tuple>
 #include <vector>
 
 #include "draw/raster_drawing.h"
@@ -51,24 +53,21 @@ TEST_F(ImageTest, CanBeMadeUpToTheLimits) {
 }
 
 TEST_F(ImageTest, RasterLinesIncludeBothEndsAndAreClipped) {
-    const struct {
-        std::int64_t X1, Y1, X2, Y2;
-        QRect Covered;
-        int Pixels;
-    } cases[] = {
-        {2, 3, 2, 3, {2, 3, 1, 1}, 1},
-        {9, 2, 3, 5, {3, 2, 7, 4}, 7},
-        {39, INT64_MAX, 39, INT64_MIN, {39, 0, 1, 30}, 30},
-        {0, 0, 100'000, 50'000, {0, 0, 40, 21}, 40},
-        {0, 30, 39, 30, {}, 0},
+    const std::tuple<std::array<std::int64_t, 4>, QRect, int> cases[] = {
+        {{2, 3, 2, 3}, {2, 3, 1, 1}, 1},
+        {{9, 2, 3, 5}, {3, 2, 7, 4}, 7},
+        {{39, INT64_MAX, 39, INT64_MIN}, {39, 0, 1, 30}, 30},
+        {{0, 0, 100'000, 50'000}, {0, 0, 40, 21}, 40},
+        {{0, 30, 39, 30}, {}, 0},
     };
-    for (const auto& each : cases) {
+    for (const auto& [ends, covered, pixels] : cases) {
         const std::int64_t image = WhiteImage();
+        const auto [x1, y1, x2, y2] = ends;
         RasterBegin(ImageRasterTarget(image));
-        RasterLine(each.X1, each.Y1, each.X2, each.Y2, 0);  // opaque, even so
-        RasterLine(each.X2, each.Y2, each.X1, each.Y1, 0);
-        EXPECT_EQ(InkIn(image).Covered, each.Covered) << each.X1 << ", " << each.Y1;
-        EXPECT_EQ(InkIn(image).Pixels, each.Pixels) << "the way back takes the same pixels";
+        RasterLine(x1, y1, x2, y2, 0);  // opaque, even so
+        RasterLine(x2, y2, x1, y1, 0);
+        EXPECT_EQ(InkIn(image).Covered, covered) << x1 << ", " << y1;
+        EXPECT_EQ(InkIn(image).Pixels, pixels) << "the way back takes the same pixels";
     }
 }
 
