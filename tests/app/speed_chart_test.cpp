@@ -19,15 +19,10 @@ namespace {
 
 using namespace tests;
 
-// The first motorcycle of the default file, on its 180/55 R17.
-GearInputs SixSpeed(double fifthGear, double sixthGear) {
-    return {
-        197.85750532308518, 1.4583, 3.6667, {2.2353, 1.7, 1.3478, 1.1154, fifthGear, sixthGear}};
-}
-
-// A chart up to 8100 rpm with the speeds at which the gears' lines end.
+// A chart of the default file's first motorcycle up to 8100 rpm, with the speeds at which the lines
+// of the gears end.
 struct Plot {
-    GearInputs Inputs;
+    double FifthGear, SixthGear;
     int TopSpeed;
     std::array<std::optional<int>, GearCount> Tops;
 
@@ -82,17 +77,21 @@ using ChartPlotTest = DrawTest;
 
 TEST_F(ChartPlotTest, EveryPixelIsAsItShouldBe) {
     const Plot plots[] = {
-        {SixSpeed(0.9355, 0.8), 230, {80, 106, 133, 161, 192, 225}},
+        {0.9355, 0.8, 230, {80, 106, 133, 161, 192, 225}},
         // So high that the grid's upright lines end between the axis and the image's edge, with a
         // gear that is drawn below the axis and one that there is not.
-        {SixSpeed(-2.0, 0.0), 260, {80, 106, 133, 161, -90, std::nullopt}},
+        {-2.0, 0.0, 260, {80, 106, 133, 161, -90, std::nullopt}},
     };
     FontLoad(ProgramFont, u"Arial", 8);
     for (const Plot& plot : plots) {
         const QImage expected = Expected(plot);
         const std::int64_t image = ImageCreate(AnyNumber, expected.width(), expected.height());
         EXPECT_TRUE(VectorBegin(ImageVectorTarget(image)));
-        DrawPlot(plot.Inputs, 8100, plot.TopSpeed, SpeedUnit::Kmh);
+        DrawPlot({197.85750532308518,
+                  1.4583,
+                  3.6667,
+                  {2.2353, 1.7, 1.3478, 1.1154, plot.FifthGear, plot.SixthGear}},
+                 8100, plot.TopSpeed, SpeedUnit::Kmh);
         VectorEnd();
         for (int pixel = 0; pixel < expected.width() * expected.height(); ++pixel) {
             const int x = pixel % expected.width();

@@ -38,20 +38,6 @@ void DrawOnCanvas() {
 
 using ImageTest = DrawTest;
 
-TEST_F(ImageTest, CanBeMadeUpToTheLimits) {
-    for (const auto& [width, height, possible] : {std::tuple(32767LL, 1LL, true),
-                                                  {1, 32767, true},
-                                                  {0, 5, false},
-                                                  {5, -1, false},
-                                                  {32768, 1, false},
-                                                  {32767, 2049, false},
-                                                  {INT64_MAX, 2, false}}) {
-        const std::int64_t image = ImageCreate(AnyNumber, 4, 4);
-        EXPECT_EQ(ImageResize(image, width, height, ResizeNearestPixel), possible) << width;
-        EXPECT_EQ(SizeOf(image).width(), possible ? width : 4);
-    }
-}
-
 TEST_F(ImageTest, RasterLinesIncludeBothEndsAndAreClipped) {
     const std::tuple<std::array<std::int64_t, 4>, QRect, int> cases[] = {
         {{2, 3, 2, 3}, {2, 3, 1, 1}, 1},

@@ -9,8 +9,6 @@
 #include <string>
 #include <vector>
 
-#include <QPointF>
-
 #include "gui/font.h"
 #include "tests/support/pixels.h"
 

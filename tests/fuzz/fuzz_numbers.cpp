@@ -32,10 +32,10 @@ void CheckWritten(std::uint64_t bits, std::int32_t decimals) {
 }
 
 void CheckRead(const std::string& bytes) {
-    const std::u16string text(bytes.begin(), bytes.end());
-    std::u16string latin1(bytes.size(), u' ');
-    std::ranges::transform(bytes, latin1.begin(),
-                           [](char each) { return static_cast<unsigned char>(each); });
+    std::u16string latin1;
+    for (const char each : bytes) {
+        latin1 += static_cast<unsigned char>(each);
+    }
     const double number = std::strtod(bytes.substr(0, 1023).c_str(), nullptr);
     const double read = TextToNumber(latin1);
     Check(std::isnan(number) ? std::isnan(read) : std::memcmp(&read, &number, sizeof read) == 0);

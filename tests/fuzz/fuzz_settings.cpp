@@ -41,11 +41,8 @@ Lines LinesOf(std::string_view content) {
     return lines;
 }
 
-const std::string& SettingsFile() {
-    static const TemporaryFolder folder;
-    static const std::string file = folder.File("Rotavel.ini");
-    return file;
-}
+const TemporaryFolder Folder;
+const std::string SettingsFile = Folder.File("Rotavel.ini");
 
 // As the C library scans it.
 std::int64_t Integer(const std::string& text) {
@@ -96,7 +93,7 @@ void CheckMotorcycles(Lines& lines, const std::vector<MakerRecord>& makers) {
 }
 
 void CheckReads(Lines lines) {
-    Check(SettingsOpen(ToUtf16(SettingsFile()), 0));
+    Check(SettingsOpen(ToUtf16(SettingsFile), 0));
     auto group = lines.begin();
     for (auto line = lines.begin() + 1; line != lines.end(); ++line) {
         const std::u16string key = ToUtf16(line->Key);
@@ -151,19 +148,19 @@ void ChangeSomething(FuzzedDataProvider& input, Lines& lines) {
 void Run(FuzzedDataProvider input) {
     const auto flags = input.ConsumeIntegral<std::uint32_t>();
     const std::string content = input.ConsumeRandomLengthString();
-    WriteFile(SettingsFile(), content);
+    WriteFile(SettingsFile, content);
     Lines lines = LinesOf(content);
     CheckReads(lines);
-    Check(ReadFile(SettingsFile()) == content);
+    Check(ReadFile(SettingsFile) == content);
     // Without a mark, as an empty file is rewritten, nothing but ASCII lasts.
-    if (content.empty() || !SettingsOpen(ToUtf16(SettingsFile()), flags)) {
+    if (content.empty() || !SettingsOpen(ToUtf16(SettingsFile), flags)) {
         return;
     }
     for (int changes = input.ConsumeIntegralInRange(0, 3); changes > 0; --changes) {
         ChangeSomething(input, lines);
     }
     SettingsClose();
-    Check(SettingsSaveError() == 0 && LinesOf(ReadFile(SettingsFile())) == lines);
+    Check(SettingsSaveError() == 0 && LinesOf(ReadFile(SettingsFile)) == lines);
     CheckReads(lines);
 }
 

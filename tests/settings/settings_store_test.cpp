@@ -65,8 +65,7 @@ class SettingsStoreTest : public testing::Test {
     const std::u16string path = ToUtf16(file);
 };
 
-// What an editor, or another program, does to the file while the store is open, besides writing it
-// anew.
+// As an editor saves that writes a file of its own and puts it in the old one's place.
 void RenameOver(const std::string& path, const std::string& content) {
     WriteFile(path + "~", content);
     fs::rename(path + "~", path);
@@ -80,22 +79,19 @@ std::u16string Read(std::u16string_view key) {
 
 TEST_F(SettingsStoreTest, ReadsTheGroupsAndTheirValues) {
     Start(
-        "Top = 0\r\n[Numbers]\r\n; MaxRPM = 1\r\nMaxRPM = +12x\r\nEmpty = \r\n"
-        "Large = 99999999999999999999\r\nReal = 0x1p4,\r\nAz[ = \t55 \r\nAz[ = second\r\n"
-        "[Other]\r\nKey = 1\r\n[other]\n[]\n");
+        "Top = 0\r\n[Numbers]\r\n; MaxRPM = 1\r\nMaxRPM = +12x\r\nEmpty = \r\nReal = 0x1p4,\r\n"
+        "Az[ = \t55 \r\nAz[ = second\r\n[Other]\r\nKey = 1\r\n[other]\n[]\n");
     const struct {
         const char16_t *Group, *Key, *Values;
-    } cases[] = {
-        {u"nUMBERS", u"maxrpm", u"+12x|12|12"},
-        {u"Numbers", u"Large", u"99999999999999999999|9223372036854775807|100000000000000000000"},
-        {u"Numbers", u"Real", u"0x1p4,|0|16"},
-        {u"Numbers", u"aZ[", u"55 |55|55"},
-        {u"Numbers", u"aZ{", u"none|5|5.5"},
-        {u"Numbers", u"Empty", u"|0|0"},
-        {u"Numbers", u"Key", u"none|5|5.5"},
-        {u"OTHER", u"Key", u"1|1|1"},
-        {u"missing", u"Key", u"none|5|5.5"},
-        {u"", u"top", u"0|0|0"}};
+    } cases[] = {{u"nUMBERS", u"maxrpm", u"+12x|12|12"},
+                 {u"Numbers", u"Real", u"0x1p4,|0|16"},
+                 {u"Numbers", u"aZ[", u"55 |55|55"},
+                 {u"Numbers", u"aZ{", u"none|5|5.5"},
+                 {u"Numbers", u"Empty", u"|0|0"},
+                 {u"Numbers", u"Key", u"none|5|5.5"},
+                 {u"OTHER", u"Key", u"1|1|1"},
+                 {u"missing", u"Key", u"none|5|5.5"},
+                 {u"", u"top", u"0|0|0"}};
     for (const auto& [group, key, values] : cases) {
         EXPECT_EQ(SettingsSelectGroup(group), *group != u'm');
         EXPECT_EQ(Read(key), values);
@@ -150,17 +146,6 @@ TEST_F(SettingsStoreTest, KeepsEveryKindOfLineAtEveryPlace) {
     }
 }
 
-TEST_F(SettingsStoreTest, CreatesAMissingFileAtTheFirstFlush) {
-    EXPECT_FALSE(SettingsOpen(path, GroupSpacing));
-    EXPECT_FALSE(SettingsFlush());
-    EXPECT_FALSE(SettingsSelectGroup(u"G"));
-    EXPECT_TRUE(SettingsWriteString(u"k", u"1"));
-    EXPECT_FALSE(SettingsSelectGroup(u"H"));
-    EXPECT_TRUE(SettingsWriteString(u"k", u"2"));
-    EXPECT_TRUE(SettingsOpenDefault(path)) << "opening writes and closes what is open";
-    EXPECT_EQ(ReadFile(file), Mark + "\n[G]\nk = 1\n\n[H]\nk = 2\n");
-}
-
 TEST_F(SettingsStoreTest, KeepsWhatAnEditorWroteAndWhatWasTyped) {
     const struct {
         std::string Edited;
@@ -205,13 +190,6 @@ TEST_F(SettingsStoreTest, RepeatsOnlyWhatWasWrittenSinceTheLastFlush) {
     EXPECT_FALSE(SettingsSelectGroup(u"Later"));
     ExpectFlushed("top = new\n[G]\nk = 5\n\n[Later]\nk = 6\n");
     EXPECT_EQ(SettingsReadInteger(u"k", 0), 6) << "the selected group has come";
-
-    RenameOver(file, "[G]\nk = 5\n");
-    Write(u"G", u"k", u"7");
-    SettingsSelectGroup(u"Later");
-    ExpectFlushed("[G]\nk = 7\n");
-    EXPECT_TRUE(SettingsWriteString(u"n", u"4"));
-    ExpectFlushed("[G]\nk = 7\n\n[Later]\nn = 4\n");
 }
 
 TEST_F(SettingsStoreTest, MakesAFileThatHasGoneAgain) {
@@ -228,7 +206,8 @@ TEST_F(SettingsStoreTest, MakesAFileThatHasGoneAgain) {
     EXPECT_TRUE(SettingsWriteString(u"Top", u"9"));
     WriteFile(file, "[A - 1]\n");
     EXPECT_FALSE(RawFile().Create(file, "other")) << "nor is it made anew in that moment";
-    ExpectFlushed("Top = 9\n[A - 1]\n");
+    EXPECT_TRUE(SettingsOpenDefault(path)) << "opening writes and closes what is open";
+    EXPECT_EQ(ReadFile(file), Mark + "\nTop = 9\n[A - 1]\n");
 }
 
 TEST_F(SettingsStoreTest, FailsOnWhatCannotBeWrittenAndTriesAgain) {
