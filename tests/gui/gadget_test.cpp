@@ -28,8 +28,12 @@ TEST_F(GadgetTest, IsPlacedInTheCurrentContainerAndFreedWithIt) {
     ResizeGadget(1, 7, IgnoreValue, IgnoreValue, 25);
     EXPECT_EQ(View(1)->geometry(), QRect(7, 6, 70, 25));
     EXPECT_EQ(GadgetX(1, OnScreen), WindowGetX(0, InnerContent) + 47);
+    ActivateGadget(1);
+    ForgetEvents();
+    BindEvent([] { ActivateGadget(1); }, GadgetActivity, 0, 1, LostFocus);
     FreeGadget(2);
     EXPECT_FALSE(GadgetExists(1));
+    EXPECT_EQ(Taken(), "LostFocus 1, Focus 1, LostFocus 1, Focus 1") << "nobody got the keyboard";
     EXPECT_EQ(container(), Content(0));
     WindowCreate(1, 0, 0, 50, 50, u"", WindowOutsideGadgetList);
     EXPECT_EQ(container(), Content(0));
@@ -66,7 +70,8 @@ TEST_F(GadgetTest, GetsTheKeyboardAndGivesItUp) {
         {[] { ActivateGadget(AnyNumber); }, "LostFocus 2"},
         {[] { ActivateGadget(2); }, "Focus 2"},
         {[] { DisableGadget(1, false); }, ""},
-        {[] { DisableGadget(2, true); }, "LostFocus 2"},  // and no other field gets it
+        {[] { DisableGadget(2, true); }, "LostFocus 2"},
+        {[] { Type("b"); }, ""},  // no other field has got it
         {[] { ActivateGadget(1); }, "Focus 1"},
         {[] { HideGadget(1, true); }, "LostFocus 1"},
     };
@@ -74,7 +79,7 @@ TEST_F(GadgetTest, GetsTheKeyboardAndGivesItUp) {
         act();
         EXPECT_EQ(Taken(), result) << "step " << &act - &steps->Do;
     }
-    EXPECT_EQ(GetGadgetText(2), u"a");
+    EXPECT_EQ(GetGadgetText(2) + GetGadgetText(3), u"a");
 }
 
 // The pointer comes to a place of the content.

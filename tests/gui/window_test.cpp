@@ -77,8 +77,10 @@ TEST_F(WindowTest, ClosesWithAllThatBelongsToIt) {
         TextGadgetCreate(10 + window, 0, 0, 50, 20);
         PostProgramEvent(MenuChosen, window, window);
     }
+    BindEvent([] { ADD_FAILURE(); }, CloseRequested, 1);
     WindowDestroy(1);
-    EXPECT_EQ(Taken(), "Menu 0");
+    QueueEvent(CloseRequested, 1, 1, 0);
+    EXPECT_EQ(Taken(), "Menu 0, Close 1");
     EXPECT_TRUE(GadgetExists(10) && !GadgetExists(11));
     EXPECT_EQ(TextGadgetCreate(11, 0, 0, 50, 20), 0) << "no window is current any more";
 }
@@ -221,6 +223,7 @@ TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
 
 TEST_F(WindowTest, StatusBarLaysOutItsFields) {
     WindowCreate(0, 0, 0, 300, 100, u"", WindowResizable);
+    MenuCreate(0, WindowNativeHandle(0));
     EXPECT_NE(StatusBarCreate(7, WindowNativeHandle(0)), 0);
     for (const std::int64_t width : {std::int64_t{50}, IgnoreValue, std::int64_t{80}}) {
         StatusBarAddField(width);
