@@ -70,7 +70,6 @@ class WaitingTest : public GuiTest {
         MenuTitle(u"File");
         MenuItem(AskItem, u"Ask");
         MenuItem(60, u"Six\tF6");
-        MenuItem(61, u"Seven\tCTRL+F7");
         StringGadgetCreate(1, 10, 10, 80, 20);
         StringGadgetCreate(2, 10, 40, 80, 20);
         ButtonGadgetCreate(3, 10, 70, 80, 20, u"Push");
@@ -87,11 +86,10 @@ class WaitingTest : public GuiTest {
     }
 };
 
-TEST_F(WaitingTest, KeysGoWhereTheProgramHasGoneMeanwhile) {
+TEST_F(WaitingTest, KeysAndClicksGoOneByOneToWhereTheProgramHasGone) {
     TypeAhead("A Space B");
     Drain();
     EXPECT_EQ(GetGadgetText(1), u"a");
-    EXPECT_EQ(GetGadgetText(2), u" b");
     for (int round = 0; round < 10; ++round) {
         // From the menu to the bar and to the field, then to the box and its answer.
         TypeAhead("Alt+F Esc Esc A Alt+F Return Return B");
@@ -99,16 +97,14 @@ TEST_F(WaitingTest, KeysGoWhereTheProgramHasGoneMeanwhile) {
         ForgetEvents();
     }
     EXPECT_EQ(GetGadgetText(2), u" babababababababababab");
-}
 
-TEST_F(WaitingTest, EqualInputsStayAsManyAsTheyWere) {
     for (int press = 0; press < 2; ++press) {
         TypeAhead("F5 F6 F6");
         ClickAhead(3, Qt::LeftButton, 10'000 + 2'000 * press);
         ClickAhead(4, Qt::RightButton, 11'000 + 2'000 * press);
         ClickAhead(4, Qt::RightButton, 11'050 + 2'000 * press);  // a double click
     }
-    EXPECT_EQ(Drain(), "50 0;60 0;60 0;1 512;3 0;4 1;4 3;50 0;60 0;60 0;3 0;4 1;4 3;");
+    EXPECT_EQ(Drain(), "50 0;60 0;60 0;2 512;3 0;4 1;4 3;50 0;60 0;60 0;3 0;4 1;4 3;");
 }
 
 TEST_F(WaitingTest, PointersClickScrollAndAreFolded) {
@@ -131,7 +127,6 @@ TEST_F(WaitingTest, PointersClickScrollAndAreFolded) {
     const std::int64_t before = GadgetY(3, OnScreen);
     ClickAhead(3, Qt::LeftButton, 40'000);
     MouseAhead({100, Native(0)->height() - 5}, QEvent::MouseMove, Qt::NoButton, 41'000);
-    EXPECT_TRUE(QTest::qWaitFor([=] { return !Drain().empty() || GadgetY(3, OnScreen) < before; }));
     EXPECT_TRUE(QTest::qWaitFor([=] { return Drain().empty() && GadgetY(3, OnScreen) < before; }));
 }
 
