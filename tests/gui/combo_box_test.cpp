@@ -67,7 +67,6 @@ TEST_F(ComboBoxTest, ReportsEveryChoiceButNoneByTheWheel) {
     Click(1);
     WindowDisable(0, true);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "the list is closed";
-    EXPECT_EQ(GetGadgetState(1), 1);
 }
 
 }  // namespace

@@ -104,7 +104,6 @@ TEST_F(GadgetTest, CanvasFollowsPointerAndArrowKeysWhileItsWindowHasTheKeyboard)
         {[] { Point(20, 20, Qt::LeftButton); }, " 49,39"},
         {[] { Point(20, 21); }, "EM 10,11"},
         {[] { WindowCreate(1, 500, 400, 50, 50); }, "L 10,11"},
-        {[] { Point(20, 22); }, " 10,11"},
         {[] { WindowActivate(0); }, " 10,11"},
         {[] { Point(22, 20); }, "EM 12,10"},
         {[] { HideGadget(1, true); }, "L 12,10"},
