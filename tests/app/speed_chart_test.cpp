@@ -111,13 +111,15 @@ TEST_F(ChartPlotTest, ReachesToTheNextTenAboveTheTopGearsSpeed) {
     GearInputs inputs = {.Circumference = 100, .PrimaryRatio = 0.5, .FinalDriveRatio = 2};
     const std::tuple<std::array<double, GearCount>, std::int64_t, SpeedUnit, std::int64_t> cases[] =
         {{{4}, 3000, SpeedUnit::Mph, 60},      // the final drive in the place of first gear alone
-         {{8, 1}, 3175, SpeedUnit::Kmh, 200},  // 190.5 counts as 190, and that is not above
+         {{8, 1}, 3175, SpeedUnit::Kmh, 200},  // 190.5 counts as 190, which is not above
          {{4, 2, 1, -1}, 3000, SpeedUnit::Kmh, -170}};
     for (const auto& [ratios, maxRpm, unit, top] : cases) {
         std::int64_t topGearIndex = 0;
         inputs.GearRatio = ratios;
         EXPECT_EQ(TopSpeedForChart(inputs, 1, maxRpm, unit, topGearIndex), top) << maxRpm;
     }
+    inputs.GearRatio = {3};
+    EXPECT_EQ(GearTopSpeed(inputs, 0, 9325, SpeedUnit::Kmh), 186) << "186.5";
 }
 
 constexpr std::int64_t chart = 1;
