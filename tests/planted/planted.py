@@ -10,7 +10,6 @@ import os
 import pathlib
 import random
 import re
-import signal
 import subprocess
 import sys
 
@@ -46,22 +45,19 @@ def errors_in(path, pick):
 
 
 def run(seconds, *command):
-    """The status and output of a command, which is killed with all it started when time is up."""
-    with subprocess.Popen(command, cwd=COPY, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                          stderr=subprocess.STDOUT, text=True, start_new_session=True) as process:
-        try:
-            return process.communicate(timeout=seconds)[0], process.returncode
-        except subprocess.TimeoutExpired:
-            os.killpg(process.pid, signal.SIGKILL)
-            return process.communicate()[0], -signal.SIGKILL
+    """The output and status of a command, which is killed with all it started when time is up."""
+    done = subprocess.run(["timeout", "--signal=KILL", str(seconds), "nice", *command], cwd=COPY,
+                          stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                          stderr=subprocess.STDOUT, text=True)
+    return done.stdout, done.returncode
 
 
 def build():
-    return run(BUILD_SECONDS, "nice", "cmake", "--build", "--preset", "release")
+    return run(BUILD_SECONDS, "cmake", "--build", "--preset", "release")
 
 
 def test():
-    return run(TEST_SECONDS, "nice", "ctest", "--preset", "release", "--label-exclude", "windows",
+    return run(TEST_SECONDS, "ctest", "--preset", "release", "--label-exclude", "windows",
                "--exclude-regex", "^house", "--stop-on-failure", "--timeout", "60",
                "--parallel", str(os.cpu_count()))
 
