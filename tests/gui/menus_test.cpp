@@ -50,9 +50,7 @@ class MenuTest : public GuiTest {
         }
     }
     static void BuildMotorcycles() {
-        Build(
-            "File(Makers(Moto Guzzi(a1,b2,),Ducati,),MV,Leave,),Help(About,),"
-            "Fork(Oil,Five\tCTRL+5,),Direct,");
+        Build("File(Makers(Moto Guzzi(a1,b2,),),MV,),Help(a,),Fork(Oil,Five\tCTRL+5,),Direct,");
     }
     static void CreateField() {  // with the keyboard
         StringGadgetCreate(1, 0, 0, 100, 20);
@@ -117,13 +115,13 @@ TEST_F(MenuTest, KeysGoThroughMenusAndBack) {
               "File > MV; File > Makers; File > Makers > Moto Guzzi; "
               "File > Makers > Moto Guzzi > a1; Menu 2@3; Change 1@3");
     EXPECT_EQ(After("F10 X Right F10 Alt+D Alt"),
-              "gui_tests; gui_tests; File; -; Menu 9@3; gui_tests");
+              "gui_tests; gui_tests; File; -; Menu 7@3; gui_tests");
     EXPECT_NE(Bar().grab().toImage(), unselected) << "where the keys go is to be seen";
     EXPECT_EQ(After("Alt B"), "-; Change 1@3");
     // Alt may be let go first: it was for the letter.
     QTest::keyPress(Native(3)->windowHandle(), Qt::Key_D, Qt::AltModifier);
     QTest::keyRelease(Native(3)->windowHandle(), Qt::Key_Alt);
-    EXPECT_EQ(After("Shift Shift"), "Menu 9@3; -");
+    EXPECT_EQ(After("Shift Shift"), "Menu 7@3; -");
 }
 
 TEST_F(MenuTest, DisabledWindowHasNoMenusAndTheOneAboveItTheApplicationsKeys) {
@@ -144,7 +142,6 @@ TEST_F(MenuTest, DisabledWindowHasNoMenusAndTheOneAboveItTheApplicationsKeys) {
     WindowCreate(4, 0, 0, 200, 50, {}, WindowCloseBox, WindowNativeHandle(3));
     CreateField();
     EXPECT_EQ(After("Esc Ctrl+W Ctrl+5 Ctrl+, Ctrl+Q"), "Close 4; Close 4; -; -; Menu -4@3");
-    FreeMenu(0);
     FreeMenu(0);
     MenuTitle(u"Lost");
     EXPECT_EQ(Bar().actions().size(), 1) << "the plain bar is back";
@@ -205,23 +202,26 @@ TEST_F(RequesterTest, ShowsWhatItIsToldAndAnswers) {
 }
 
 TEST_F(RequesterTest, ProgramGoesOnUnderIt) {
-    WindowCreate(0, 0, 0, 200, 100);
+    WindowCreate(2, 0, 0, 200, 100);
     ForgetEvents();
-    PostProgramEvent(MenuChosen, 0, 1);
     const auto ask = [](QDialog& outer) {
         // The answer to the one above leaves this one as it is. Both go when the program ends.
         EXPECT_EQ(Answer(0, [](QDialog& inner) { inner.close(); }), 0);
         EXPECT_FALSE(outer.close()) << "it has to be answered";
         const auto end = [&outer](QDialog& inner) {
             EXPECT_EQ(inner.windowHandle()->transientParent(), outer.windowHandle());
+            // The window under them may go, with a wait that cleans up, and another may come.
+            WindowDestroy(2);
+            WaitForEvent(0);
+            WindowCreate(0, 0, 0, 200, 100);
+            PostProgramEvent(MenuChosen, 0, 1);
             std::raise(SIGTERM);
         };
         EXPECT_EQ(Answer(MessageYesNoCancel, end), 0);
-        EXPECT_FALSE(outer.isVisible());
     };
     EXPECT_EQ(Answer(MessageYesNo, ask), 0);
     EXPECT_EQ(Taken(), "Menu 1, Close 0") << "events wait for the answer";
-    EXPECT_EQ(KeyWindowNumber(), 0);
+    EXPECT_EQ(WindowNumberOf(QzWindow::ChosenKeyWindow()), 0) << "not the window that has gone";
 }
 
 }  // namespace
