@@ -137,7 +137,6 @@ TEST_F(MainWindowTest, ValuesLastFromRunToRun) {
         "[A - one]\nMaxRPM = 1\n";
     Start(settings);
     EXPECT_EQ(StatusText(TyreWidthField), u"Moto - Old");
-    EXPECT_EQ(GetGadgetText(GearRatioField), u"2,3636");
     EXPECT_EQ(GetGadgetText(RpmField), u"4000");
     SettingsSelectGroup(u"A - one");
     ShutDown(program);
