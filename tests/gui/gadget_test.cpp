@@ -22,6 +22,7 @@ TEST_F(GadgetTest, IsPlacedInTheCurrentContainerAndFreedWithIt) {
     const auto container = [] {
         return StringGadgetCreate(1, 5, 6, 70, 20) == 0 ? nullptr : View(1)->parentWidget();
     };
+    StringGadgetCreate(3, 200, 0, 50, 20);
     CanvasGadgetCreate(2, 40, 30, 100, 50);
     OpenGadgetList(2);
     EXPECT_EQ(container(), View(2));
