@@ -80,8 +80,8 @@ struct {
     bool State;
 } target;
 
-void CreateButton() {
-    ButtonGadgetCreate(target.Gadget, 10, 10, 60, 20, u"again");
+void CreateButton(GadgetNumber gadget) {
+    ButtonGadgetCreate(gadget, 10, 10, 60, 20, u"again");
 }
 
 bool IsButtonThere() {
@@ -98,7 +98,8 @@ struct Deed {
 const Deed deeds[] = {
     {"frees the gadget", [] { FreeGadget(target.Gadget); }},
     {"frees all gadgets", [] { FreeGadget(AnyNumber); }},
-    {"creates the gadget anew", CreateButton, [] { return IsButtonThere() || !WindowExists(0); }},
+    {"creates the gadget anew", [] { CreateButton(target.Gadget); },
+     [] { return IsButtonThere() || !WindowExists(0); }},
     {"puts a gadget into the gadget",
      [] {
          OpenGadgetList(target.Gadget);
@@ -114,7 +115,7 @@ const Deed deeds[] = {
     {"opens the window anew",
      [] {
          WindowCreate(target.Window, 0, 0, 300, 200);
-         CreateButton();
+         CreateButton(target.Gadget);
      },
      IsButtonThere},
     {"changes the window", [] { WindowSetBounds(target.Window, 30, 40, 300, 200); }},
@@ -216,6 +217,7 @@ const Trigger triggers[] = {
     {"a field clicked", Focus, Field, {{ClickAt, Field}}},
     {"a field left", LostFocus, Field, {{ActivateGadget, Field}, {ClickAt, EditList}}},
     {"a field freed", LostFocus, Field, {{ActivateGadget, Field}, {FreeGadget, Field}}},
+    {"a field replaced", LostFocus, Field, {{ActivateGadget, Field}, {CreateButton, Field}}},
     {"a field hidden", LostFocus, Field, {{ActivateGadget, Field}, {HideAt, Field}}},
     {"a window disabled", LostFocus, Field, {{ActivateGadget, Field}, {Disable}}},
     {"a window destroyed", LostFocus, Field, {{ActivateGadget, Field}, {WindowDestroy}}},
@@ -225,7 +227,6 @@ const Trigger triggers[] = {
     {"a canvas entered", CanvasMouseEnter, Canvas, {{PointAt}, {PointAt, Canvas}}},
     {"a canvas left", CanvasMouseLeave, Canvas, {{PointAt}, {PointAt, Canvas}, {PointAt}}},
     {"a canvas hidden", CanvasMouseLeave, Canvas, {{PointAt}, {PointAt, Canvas}, {HideAt, Canvas}}},
-    {"a click", LeftClick, Ground, {{ClickAt}}},
     {"a window painted", Repaint, Ground, {{MoveAndResize}}},
     {"a window moved", WindowMoved, Ground, {{MoveAndResize}}},
     {"a window resized", WindowResized, Ground, {{MoveAndResize}}},

@@ -227,7 +227,6 @@ TEST_F(WindowTest, StatusBarLaysOutItsFields) {
     }
     WindowSetBounds(0, IgnoreValue, IgnoreValue, 360, 120);
     StatusBarSetText(7, 0, u"<b>", StatusRight | StatusCentred);
-    StatusBarSetText(7, 3, u"beyond");
     ForgetEvents();
     std::vector<QRect> places;
     const auto fields = Native(0)->ContentView()->findChildren<QLabel*>();
