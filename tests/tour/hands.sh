@@ -26,11 +26,6 @@ click() {
     xdotool mousemove $((left + x)) $((top + height - content_height + y)) click 1
 }
 
-# close_window WINDOW: as its close box does, which stands elsewhere under every window manager.
-close_window() {
-    wmctrl -i -c "$1"
-}
-
 # type_over FIELD TEXT: in place of all that the field shows.
 type_over() {
     click "$1"
@@ -98,10 +93,6 @@ choose() {
 
 only_main_window() {
     [[ $(windows) == "$main" ]]
-}
-
-two_windows() {
-    [[ $(windows | wc -l) == 2 ]]
 }
 
 # File > Motorcycle > Moto Guzzi, the first of four makers.
