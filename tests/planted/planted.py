@@ -15,7 +15,11 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 COPY = ROOT / "build/planted"
-BUILD_SECONDS, TEST_SECONDS = 400, 300
+
+# How many seconds they may take, and the commands.
+BUILD = 400, "cmake", "--build", "--preset", "release"
+TEST = (300, "ctest", "--preset", "release", "--label-exclude", "windows", "--exclude-regex",
+        "^house", "--stop-on-failure", "--timeout", "60", "--parallel", str(os.cpu_count()))
 
 # What is looked for in a line of code, and what takes its place.
 CHANGES = [
@@ -52,16 +56,6 @@ def run(seconds, *command):
     return done.stdout, done.returncode
 
 
-def build():
-    return run(BUILD_SECONDS, "cmake", "--build", "--preset", "release")
-
-
-def test():
-    return run(TEST_SECONDS, "ctest", "--preset", "release", "--label-exclude", "windows",
-               "--exclude-regex", "^house", "--stop-on-failure", "--timeout", "60",
-               "--parallel", str(os.cpu_count()))
-
-
 def fate_of(path, number, changed):
     """What became of one error: "no code" that compiles, "noticed" by build or tests, "SURVIVED"."""
     original = path.read_text()
@@ -69,10 +63,10 @@ def fate_of(path, number, changed):
     lines[number] = changed
     path.write_text("\n".join(lines))
     try:
-        output, status = build()
+        output, status = run(*BUILD)
         if status != 0:
             return "no code" if "error: " in output else "noticed"
-        return "noticed" if test()[1] != 0 else "SURVIVED"
+        return "noticed" if run(*TEST)[1] != 0 else "SURVIVED"
     finally:
         path.write_text(original)
 
@@ -83,9 +77,9 @@ def prepare():
     for command in (["fetch", "--quiet", ROOT, "HEAD"], ["reset", "--hard", "FETCH_HEAD"]):
         subprocess.run(["git", *command], cwd=COPY, check=True)
     os.environ |= {"CCACHE_BASEDIR": str(COPY), "CCACHE_NOHASHDIR": "1", "LC_ALL": "C.UTF-8"}
-    run(BUILD_SECONDS, "cmake", "--preset", "release", "-DCMAKE_CXX_COMPILER_LAUNCHER=ccache")
-    for step in (build, test):
-        output, status = step()
+    run(60, "cmake", "--preset", "release", "-DCMAKE_CXX_COMPILER_LAUNCHER=ccache")
+    for step in (BUILD, TEST):
+        output, status = run(*step)
         if status != 0:
             sys.exit(f"{output}\nwithout an error in it")
 
