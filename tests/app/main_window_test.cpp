@@ -120,7 +120,7 @@ TEST_F(MainWindowTest, ForgetsTheMotorcycleWhenARatioIsTyped) {
         ActivateGadget(field);
         Run();
         EXPECT_EQ(StatusText(TyreWidthField), u"Moto - Old") << "the keyboard changes nothing";
-        Type("1");
+        Press("1");
         Run();
         EXPECT_EQ(CurrentModel(), field == PrimaryRatioField ? u"Old" : u"");
         EXPECT_EQ(StatusText(TyreWidthField).empty(), field != PrimaryRatioField);

@@ -168,7 +168,7 @@ TEST_F(SpeedChartTest, ReadsOutAndMagnifiesWhatIsUnderThePointer) {
     SetGadgetText(MaxRpmField, u"8750");
     SetGadgetState(SpeedUnitBox, 1);
     Push(GraphicButton);
-    Press(Qt::Key_Right);  // the cross-hair comes in, in the middle
+    Press("Right");  // the cross-hair comes in, in the middle
     Run();
     EXPECT_EQ(StatusText(canvas, 1), u"4362 rpm  -  93 mph");
     const std::tuple<int, int, const char16_t*> cases[] = {{740, 40, u"8750 rpm  -  190 mph"},

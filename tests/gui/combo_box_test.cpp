@@ -56,7 +56,7 @@ TEST_F(ComboBoxTest, ReportsEveryChoiceButNoneByTheWheel) {
     SetGadgetState(1, 1);
     ForgetEvents();
     Click(1);
-    Press(Qt::Key_Return);
+    Press("Return");
     EXPECT_EQ(Taken(), "Change 1") << "also of the item selected already";
     QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, {}, {}, {}, false);
     QCoreApplication::sendEvent(View(1), &wheel);

@@ -58,21 +58,21 @@ TEST_F(GadgetTest, GetsTheKeyboardAndGivesItUp) {
     ForgetEvents();
     const Step steps[] = {
         {[] { ActivateGadget(3); }, ""},  // a password field's
-        {[] { Press(Qt::Key_Tab); }, "Focus 1"},
-        {[] { Press(Qt::Key_Tab); }, "LostFocus 1, Focus 2"},
-        {[] { Press(Qt::Key_Tab); }, "LostFocus 2"},
-        {[] { Press(Qt::Key_Backtab); }, "Focus 2"},
+        {[] { Press("Tab"); }, "Focus 1"},
+        {[] { Press("Tab"); }, "LostFocus 1, Focus 2"},
+        {[] { Press("Tab"); }, "LostFocus 2"},
+        {[] { Press("Backtab"); }, "Focus 2"},
         {[] { WindowActivate(1); }, ""},  // the windows changed, not their fields
         {[] { WindowActivate(0); }, ""},
         {[] { DisableGadget(1, true); }, ""},
         {[] { ActivateGadget(1); }, ""},
         {[] { ActivateGadget(4); }, ""},
-        {[] { Type("a"); }, "Change 2"},
+        {[] { Press("A"); }, "Change 2"},
         {[] { ActivateGadget(AnyNumber); }, "LostFocus 2"},
         {[] { ActivateGadget(2); }, "Focus 2"},
         {[] { DisableGadget(1, false); }, ""},
         {[] { DisableGadget(2, true); }, "LostFocus 2"},
-        {[] { Type("b"); }, ""},  // no other field has got it
+        {[] { Press("B"); }, ""},  // no other field has got it
         {[] { ActivateGadget(1); }, "Focus 1"},
         {[] { HideGadget(1, true); }, "LostFocus 1"},
     };
@@ -110,8 +110,8 @@ TEST_F(GadgetTest, CanvasFollowsPointerAndArrowKeysWhileItsWindowHasTheKeyboard)
         {[] { HideGadget(1, true); }, "L 12,10"},
         {[] { HideGadget(1, false); }, " 12,10"},
         {[] { ActivateGadget(1); }, " 12,10"},
-        {[] { Press(Qt::Key_Up); }, "EM 12,10"},
-        {[] { Press(Qt::Key_Up); }, "M 12,9"},
+        {[] { Press("Up"); }, "EM 12,10"},
+        {[] { Press("Up"); }, "M 12,9"},
         {[] { ActivateGadget(2); }, "L 12,9"},
     };
     for (const auto& [act, result] : steps) {
@@ -133,7 +133,7 @@ TEST_F(GadgetTest, CanvasShowsWhereTheKeyboardIsBesideWhatIsDrawn) {
     ForgetEvents();
     EXPECT_TRUE(Content(0)->findChild<QFocusFrame*>()->isVisible());
     EXPECT_EQ(picture(), before);
-    Press(Qt::Key_Left);
+    Press("Left");
     EXPECT_NE(picture(), before) << "the place is to be seen";
     EXPECT_EQ(FromHandle(CanvasBitmap(1))->pixelColor(24, 19), QColor(Qt::white));
     HideGadget(1, true);

@@ -52,7 +52,7 @@ TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
         changes = 0;
         SetGadgetText(1, each.Set);
         QGuiApplication::clipboard()->setText(ToQString(each.Pasted));
-        Press(Qt::Key_End);
+        Press("End");
         Press(each.Keys);
         EXPECT_EQ(GetGadgetText(1), each.Result);
         EXPECT_EQ(changes, each.Changes) << ToQString(each.Result).toStdString();

@@ -189,10 +189,10 @@ TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
         return row();
     };
     ActivateGadget(canvas);
-    Press(Qt::Key_Down);
+    Press("Down");
     EXPECT_EQ(row(), 2013 / 2);
     EXPECT_TRUE(Room().contains(20, int(GadgetY(canvas, OnScreen) + 2013 / 2)));
-    Press(Qt::Key_Home);
+    Press("Home");
     EXPECT_EQ(pointedRow(200), 190);
     QWheelEvent wheel({100, 200}, {100, 200}, {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(Native(1), &wheel);
@@ -203,12 +203,12 @@ TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
     const QWidget& footer = *Native(1)->ContentView()->findChild<QLabel*>()->parentWidget();
     EXPECT_EQ(footer.mapTo(Native(1), QPoint(0, bar)), QPoint(0, Native(1)->height()));
     // The pointer near the edge brings the end into view, and no more than that.
-    Press(Qt::Key_End);
-    Press(Qt::Key_Up);
+    Press("End");
+    Press("Up");
     pointedRow(Native(1)->height() - bar - 5);
     EXPECT_TRUE(QTest::qWaitFor([&row] { return row() == 2024 - 10 - 5; }));
     // So does the focus, as little as it can, and the resting pointer does not undo it.
-    Press(Qt::Key_Home);
+    Press("Home");
     StringGadgetCreate(1, 10, 1000, 50, 20);
     ActivateGadget(1);
     ForgetEvents();

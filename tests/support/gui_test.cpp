@@ -91,12 +91,6 @@ std::string TakenOf(const Names& names) {
     return taken;
 }
 
-// A window manager that is busy gives a new window the keyboard some time later.
-QWindow* WindowWithKeyboard() {
-    QTest::qWaitFor([] { return QGuiApplication::focusWindow() != nullptr; });
-    return QGuiApplication::focusWindow();
-}
-
 std::string Outline(const QList<QAction*>& actions) {
     std::string outline;
     for (const QAction* const action : actions) {
@@ -145,20 +139,12 @@ std::int64_t KeyWindowNumber() {
     return WindowNumberOf(QApplication::activeWindow());
 }
 
-void Type(std::string_view text) {
-    for (const char each : text) {
-        QTest::keyClick(WindowWithKeyboard(), each);
-    }
-}
-
-void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    QTest::keyClick(WindowWithKeyboard(), key, modifiers);
-}
-
 void Press(const char* keys) {
-    for (const QString& each : QString(keys).split(' ')) {
-        const QKeyCombination combination = QKeySequence(each)[0];
-        Press(combination.key(), combination.keyboardModifiers());
+    for (const QString& name : QString(keys).split(' ')) {
+        const QKeyCombination key = QKeySequence(name)[0];
+        // A window manager that is busy gives a new window the keyboard some time later.
+        ASSERT_TRUE(QTest::qWaitFor([] { return QGuiApplication::focusWindow() != nullptr; }));
+        QTest::keyClick(QGuiApplication::focusWindow(), key.key(), key.keyboardModifiers());
     }
 }
 

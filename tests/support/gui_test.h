@@ -3,9 +3,6 @@
 #include <cstdint>
 #include <gtest/gtest.h>
 #include <string>
-#include <string_view>
-
-#include <Qt>
 
 #include "gui/event_queue.h"
 
@@ -38,10 +35,7 @@ QWidget* View(std::int64_t gadget);
 std::int64_t KeyWindowNumber();
 
 // Input as it arrives from the windowing system: keys go where the keyboard focus is, a click to
-// what is topmost at the place.
-void Type(std::string_view text);
-void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
-// Combinations with a space between, by their names as in "Ctrl+Shift+Z".
+// what is topmost at the place. Keys have a space between them, and names as in "Ctrl+Shift+Z".
 void Press(const char* keys);
 void Click(std::int64_t gadget);
 // What the title bar's close box and Alt+F4 ask for.
