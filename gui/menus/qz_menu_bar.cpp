@@ -148,7 +148,6 @@ void QzMenuBar::changeEvent(QEvent* event) {
     QMenuBar::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled()) {
         ForgetAlt();
-        ClosePopupsOf(*this);
     }
 }
 
