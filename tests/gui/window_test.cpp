@@ -151,8 +151,8 @@ TEST_F(WindowTest, PopupKeepsItsPlaceWhereThereIsRoom) {
     };
     WindowSetBounds(2, Frame(0).right() + 1, Frame(0).top(), IgnoreValue, IgnoreValue);
     EXPECT_EQ(show({0, 0}).topLeft(), Frame(0).topRight() + QPoint(1, 0));
-    WindowSetBounds(2, room.right() - 60, room.top() - 30, IgnoreValue, IgnoreValue);
-    const QRect inCorner(room.right() - 99, room.top(), 100, 80);
+    WindowSetBounds(2, room.right() - 60, room.bottom() - 30, IgnoreValue, IgnoreValue);
+    const QRect inCorner(room.right() - 99, room.bottom() - 79, 100, 80);
     EXPECT_EQ(show(room.topLeft()), inCorner);
     for (int turn = 0; turn < 2; ++turn) {
         const QPoint pointer = Frame(2).center();  // it gives way when it is shown again
