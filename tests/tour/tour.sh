@@ -16,7 +16,6 @@ open_stage "$1" "${2:-tour}"
 echo "The first start writes the motorcycles; the last model of a long menu can be reached"
 start
 [[ $(wc -c <"$settings") == 17404 ]] || fail "$settings: expected 17404 bytes"
-[[ $(readlink "/proc/$program/cwd") == "$folder" ]] || fail "it works in another folder than its own"
 open_models
 picture 1-menu
 choose_last_model
@@ -30,12 +29,9 @@ expect_saved "Manufacturer = Moto Guzzi" "Modell = V85TT" "RearWheelWidth = 150"
 echo "The next start shows what was saved; another motorcycle takes its place"
 start
 expect focus 150
-expect "ratio 6" 0.8889
 open_models
 choose_model 3
 expect width 130
-expect percent 80
-expect rim 17
 expect "ratio 1" 2.3636
 expect rpm 8750
 
