@@ -65,6 +65,7 @@ TEST_F(ImageTest, OneDrawingIsCurrentAndGoesWithItsImage) {
     EXPECT_EQ(InkIn(image).Pixels, 0) << "its drawing had ended";
     EXPECT_EQ(InkIn(other).Pixels, 10);
     EXPECT_FALSE(RasterBegin(ImageRasterTarget(99)));
+    EXPECT_EQ(ImageCreate(AnyNumber, 32768, 1) + ImageCreate(AnyNumber, 1, 0), 0);
     const std::function<void()> takes[] = {
         [&] { ImageResize(image, 50, 50, ResizeSmooth); }, [&] { ImageFree(image); },
         [&] { ImageCreate(5, 40, 30); }, [] { ImageFree(AnyNumber); }};
