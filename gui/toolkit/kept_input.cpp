@@ -82,26 +82,10 @@ bool IsBlocked(const QWindow& window) {
            modal->windowHandle() != &window;
 }
 
-// A box that asks, or a window just opened, has the keys though the window manager may not have
-// given it the keyboard yet. When a menu or a box has closed, the toolkit may know of its window,
-// or of none, until the window system has answered.
-QWindow* ReceiverOfKey(const Input& key) {
-    if (const QWidget* const modal = QApplication::activeModalWidget()) {
-        return modal->windowHandle();
-    }
-    QWindow* const chosen = chosenWindow == nullptr ? nullptr : chosenWindow();
-    for (QWindow* const window : {chosen, QGuiApplication::focusWindow(), key.Window.data()}) {
-        if (window != nullptr && window->isVisible()) {
-            return window;
-        }
-    }
-    return nullptr;
-}
-
 QWindow* ReceiverOf(const Input& input) {
     const QEvent::Type type = input.Event->type();
     if (type == QEvent::KeyPress || type == QEvent::KeyRelease) {
-        return ReceiverOfKey(input);
+        return ReceiverOfKey(input.Window);
     }
     const bool isElsewhere = input.Window != nullptr && !input.Window->isVisible() &&
                              IsOfMouse(*input.Event) && type != QEvent::Enter;
@@ -113,6 +97,19 @@ QWindow* ReceiverOf(const Input& input) {
 
 void SetKeyboardHook(QWindow* (*chosen)()) {
     chosenWindow = chosen;
+}
+
+QWindow* ReceiverOfKey(QWindow* sentTo) {
+    if (const QWidget* const modal = QApplication::activeModalWidget()) {
+        return modal->windowHandle();
+    }
+    QWindow* const chosen = chosenWindow == nullptr ? nullptr : chosenWindow();
+    for (QWindow* const window : {chosen, QGuiApplication::focusWindow(), sentTo}) {
+        if (window != nullptr && window->isVisible()) {
+            return window;
+        }
+    }
+    return nullptr;
 }
 
 void KeepInput(QWindow& window, QEvent& event) {

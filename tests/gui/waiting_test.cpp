@@ -1,8 +1,10 @@
+#include <cstdlib>
 #include <functional>
 #include <utility>
 #include <vector>
 
 #include <QAbstractEventDispatcher>
+#include <QApplication>
 #include <QTest>
 #include <QWindow>
 
@@ -105,6 +107,24 @@ TEST_F(WaitingTest, KeysAndClicksGoOneByOneToWhereTheProgramHasGone) {
         ClickAhead(4, Qt::RightButton, 11'050 + 2'000 * press);  // a double click
     }
     EXPECT_EQ(Drain(), "50 0;60 0;60 0;2 512;3 0;4 1;4 3;50 0;60 0;60 0;3 0;4 1;4 3;");
+}
+
+TEST_F(WaitingTest, KeysThatAClosedWindowWasSentGoToTheNext) {
+    if (QGuiApplication::platformName() != "xcb") {
+        GTEST_SKIP() << "only X sends keys to a window that has closed";
+    }
+    WindowCreate(1, 0, 0, 100, 100);
+    ForgetEvents();
+    ASSERT_EQ(std::system("xdotool key b"), 0);
+    WindowDestroy(1);
+    ForgetEvents();
+    Press("Alt+F");
+    ForgetEvents();
+    ASSERT_EQ(std::system("xdotool key c"), 0);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QApplication::activePopupWidget()->close();
+    ForgetEvents();
+    EXPECT_EQ(GetGadgetText(1), u"bc");
 }
 
 TEST_F(WaitingTest, PointersClickScrollAndAreFolded) {
