@@ -331,7 +331,8 @@ TEST_F(CallbacksTest, LeaveTheLayerWholeInRandomOrder) {
         }
         patienceMs = 0;
         for (deedsLeft = DeedsBetweenChecks; deedsLeft > 0;) {
-            WindowExists(0) ? DoAnything() : PutUp();
+            const auto next = WindowExists(0) ? DoAnything : PutUp;
+            next();
             WaitForEvent(Below(2));
         }
         patienceMs = 2000;

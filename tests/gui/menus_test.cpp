@@ -40,12 +40,15 @@ class MenuTest : public GuiTest {
         for (const auto& match : entry.globalMatch(outline)) {
             const std::u16string text = match.captured(1).toStdU16String();
             if (match.captured(2) == "(") {
-                depth++ == 0 ? MenuTitle(text) : MenuOpenSubmenu(text);
+                const auto open = depth++ == 0 ? MenuTitle : MenuOpenSubmenu;
+                open(text);
             } else if (match.captured(2) == ")") {
                 MenuCloseSubmenu();
                 --depth;
+            } else if (text == u"-") {
+                MenuSeparator();
             } else if (!text.empty()) {
-                text == u"-" ? MenuSeparator() : MenuItem(++number, text);
+                MenuItem(++number, text);
             }
         }
     }
