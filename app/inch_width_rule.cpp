@@ -12,12 +12,12 @@ void ApplyTypedWidth() {
     if (inches) {
         SetGadgetText(PercentHeightField, u"");
     }
-    DisableGadget(PercentHeightField, inches ? 1 : 0);
+    DisableGadget(PercentHeightField, inches);
 }
 
 void ShowInchWidth(std::u16string_view width) {
     SetGadgetText(TyreWidthField, width);
-    DisableGadget(PercentHeightField, 1);
+    DisableGadget(PercentHeightField, true);
 }
 
 }  // namespace rotavel

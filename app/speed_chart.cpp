@@ -41,7 +41,7 @@ bool OpenChartWindow(const PlotSize& plot, std::u16string_view heading) {
                      WindowOwnerCentred | WindowCloseBox, WindowNativeHandle(MainWindow)) == 0) {
         return false;
     }
-    WindowDisable(MainWindow, 1);
+    WindowDisable(MainWindow, true);
     CanvasGadgetCreate(Canvas, CanvasMargin, CanvasMargin, width, height);
     SetGadgetAttribute(Canvas, CanvasCursor, CursorCrossHair);
     GadgetName(Canvas, u"Chart of road speed against engine speed");
@@ -130,7 +130,7 @@ void CloseChart(SpeedChart& chart) {
     WindowDestroy(ChartWindow);
     ImageFree(chart.ChartImage);
     chart.ChartImage = 0;
-    WindowDisable(MainWindow, 0);
+    WindowDisable(MainWindow, false);
     WindowActivate(MainWindow);
 }
 

@@ -140,10 +140,10 @@ void CreateLabelsAndButtons() {
         TextGadgetCreate(label.Number, 220, y, 90, 20, label.Text, label.Flags);
         y += 28;
     }
-    DisableGadget(25, 1);
+    DisableGadget(25, true);
     ButtonGadgetCreate(Button, 220, y, 90, 20, u"Press & see");
     ButtonGadgetCreate(DisabledButton, 220, y + 28, 90, 20, u"disabled");
-    DisableGadget(DisabledButton, 1);
+    DisableGadget(DisabledButton, true);
 }
 
 void CreateComboBoxes(NativeImage* picture) {
@@ -210,7 +210,7 @@ void OpenPlainWindow(std::uint32_t flags) {
 }
 
 void DisableOrEnableGallery() {
-    WindowDisable(GalleryWindow, WindowIsDisabled(GalleryWindow) ? 0 : 1);
+    WindowDisable(GalleryWindow, !WindowIsDisabled(GalleryWindow));
 }
 
 void ChooseItem(std::int64_t item) {
@@ -221,7 +221,7 @@ void ChooseItem(std::int64_t item) {
                                          MessageYesNoCancel | MessageWarning));
             break;
         case DisableItem:
-            WindowDisable(GalleryWindow, 1);
+            WindowDisable(GalleryWindow, true);
             break;
         case OpenItem:
             OpenPlainWindow(0);
