@@ -7,7 +7,6 @@ namespace rotavel {
 
 namespace {
 
-constexpr double LineWidth = 1.0;
 constexpr double DotDistance = 10.0;
 constexpr std::int64_t GridStep = 10;
 // The grid's upright lines end here however high the chart is.
@@ -44,7 +43,7 @@ void DrawRpmAxis(const PlotSize& plot) {
     const std::int64_t y = plot.Height + ChartMargin;
     MoveTo(AxisStart, y);
     LineTo(plot.Width + ChartMargin + AxisOverhang, y);
-    PathStroke(LineWidth);
+    PathStroke(ChartLineWidth);
     std::int64_t label = RpmPerStep;
     for (std::int64_t x = ChartMargin + ChartStep; x <= plot.Width + ChartMargin; x += ChartStep) {
         DrawRpmLabel(label, x, plot);
@@ -52,13 +51,13 @@ void DrawRpmAxis(const PlotSize& plot) {
         MoveTo(x, y - HalfTick);
         LineTo(x, y + HalfTick);
     }
-    PathStroke(LineWidth);
+    PathStroke(ChartLineWidth);
 }
 
 void DrawSpeedAxis(const PlotSize& plot, std::int64_t topSpeed) {
     MoveTo(ChartMargin, AxisStart);
     LineTo(ChartMargin, plot.Height + ChartMargin + AxisOverhang);
-    PathStroke(LineWidth);
+    PathStroke(ChartLineWidth);
     std::int64_t label = topSpeed;
     for (std::int64_t y = ChartMargin; y <= plot.Height + ChartMargin; y += ChartStep) {
         MoveTo(SpeedLabelLeft, y - SpeedLabelRise);
@@ -67,7 +66,7 @@ void DrawSpeedAxis(const PlotSize& plot, std::int64_t topSpeed) {
         MoveTo(ChartMargin - HalfTick, y);
         LineTo(ChartMargin + HalfTick, y);
     }
-    PathStroke(LineWidth);
+    PathStroke(ChartLineWidth);
 }
 
 void DrawDottedGrid(const PlotSize& plot) {
@@ -79,7 +78,7 @@ void DrawDottedGrid(const PlotSize& plot) {
         MoveTo(x, ChartMargin);
         LineTo(x, GridBottom);
     }
-    PathStrokeDotted(LineWidth, DotDistance, StrokeRoundEnd);
+    PathStrokeDotted(ChartLineWidth, DotDistance, StrokeRoundEnd);
 }
 
 }  // namespace

@@ -15,7 +15,6 @@ namespace rotavel {
 
 namespace {
 
-constexpr double LineWidth = 1.0;
 constexpr double LabelSize = 10.0;
 constexpr double LegendSize = 14.0;
 constexpr double LegendLeft = 70.0;
@@ -45,7 +44,7 @@ void DrawGear(const GearInputs& inputs, std::size_t gear, const PlotSize& plot, 
     PathMoveTo(ChartMargin, originY);
     PathLineTo(ChartMargin + static_cast<double>(maxRpm) * ChartStep / RpmPerStep,
                originY - topSpeed * ChartStep / SpeedPerStep);
-    PathStroke(LineWidth);
+    PathStroke(ChartLineWidth);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@ inline constexpr std::int64_t ChartMargin = 40;  // left and below of the origin
 inline constexpr std::int64_t ChartStep = 20;    // of ticks and labels
 inline constexpr std::int64_t RpmPerStep = 250;
 inline constexpr std::int64_t SpeedPerStep = 10;
+inline constexpr double ChartLineWidth = 1.0;
 
 struct PlotSize {
     std::int64_t Width;   // of the plot; the image adds ImageMarginX
