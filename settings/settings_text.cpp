@@ -23,15 +23,17 @@ char* FindLineEnd(char* position, char* end) {
     return FindAny<'\r', '\n'>(position, end);
 }
 
-char* SkipBlanks(char* position, char* end) {
-    while (position < end && IsBlank(*position)) {
+// A zero byte stands behind the text.
+
+char* SkipBlanks(char* position) {
+    while (IsBlank(*position)) {
         ++position;
     }
     return position;
 }
 
-char* SkipLineEnds(char* position, char* end) {
-    while (position < end && IsLineEnd(*position)) {
+char* SkipLineEnds(char* position) {
+    while (IsLineEnd(*position)) {
         ++position;
     }
     return position;
@@ -66,7 +68,7 @@ char* ParseKey(char* position, char* end, SettingsEntries& entries) {
     while (keyEnd > position && IsBlank(keyEnd[-1])) {
         --keyEnd;
     }
-    char* const value = SkipBlanks(std::min(separator + 1, end), end);
+    char* const value = SkipBlanks(std::min(separator + 1, end));
     if (separator == lineEnd) {
         // Without "=" the first character of the line end stands in for it, which makes the line
         // after a lone LF or CR the value.
@@ -142,14 +144,14 @@ void ParseSettingsText(char* text, std::size_t length, SettingsEntries& entries)
     std::fill_n(end, SettingsTextPadding, '\0');
     char* position = text;
     while (position < end) {
-        position = SkipBlanks(position, end);
+        position = SkipBlanks(position);
         if (!IsLineEnd(*position)) {
             position = *position == '['   ? ParseGroup(position, end, entries)
                        : *position == ';' ? ParseComment(position, end, entries)
                                           : ParseKey(position, end, entries);
         }
         // On behind the line end's first character, which may have become a zero byte.
-        position = SkipLineEnds(std::min(position + 1, end), end);
+        position = SkipLineEnds(std::min(position + 1, end));
     }
 }
 
