@@ -25,7 +25,7 @@ void ShowAbout() {
 
 void ChooseMenuItem(std::int64_t item, const std::vector<MakerRecord>& makers) {
     if (item == QuitMenuItem || item == QuitItem) {
-        PostProgramEvent(CloseRequested, MainWindow, 0);
+        PostProgramEvent(CloseRequested, MainWindow);
     } else if (item == AboutMenuItem) {
         ShowAbout();
     } else if (item >= FirstMotorcycleMenuItem) {
