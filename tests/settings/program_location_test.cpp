@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
+#include <tuple>
 
 #include "tests/support/temporary_folder.h"
 #include "text/utf.h"
@@ -40,6 +41,18 @@ TEST(ProgramLocation, IsWhereTheProgramWasStartedIfSettingsAreKeptThere) {
                                     " --gtest_filter=ProgramLocation.*' >/dev/null";
         EXPECT_EQ(std::system(started.c_str()), 0);
         EXPECT_EQ(tests::ReadFile(told), place);
+    }
+}
+
+TEST(ProgramLocation, NamesThePartsOfAPath) {
+    const std::tuple<const char16_t*, std::uint32_t, const char16_t*> cases[] = {
+        {u"\"/a.b/c.txt\" d", StripExtension, u"c"},
+        {u"\"/a.b/c.txt\"", 0, u"c.txt"},
+        {u"/a/.profile", StripExtension, u".profile"},
+        {u"/a/b.", StripExtension, u"b."},
+        {u"/a/b. c", StripExtension, u"b. c"}};
+    for (const auto& [path, flags, name] : cases) {
+        EXPECT_EQ(FilePart(path, flags), name);
     }
 }
 

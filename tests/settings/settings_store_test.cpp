@@ -79,19 +79,20 @@ std::u16string Read(std::u16string_view key) {
 
 TEST_F(SettingsStoreTest, ReadsTheGroupsAndTheirValues) {
     Start(
-        "Top = 0\r\n[Numbers]\r\n; MaxRPM = 1\r\nMaxRPM = +12x\r\nReal = 0x1p4,\r\n"
+        "Top = 0\r\n[Numbers]\r\n; MaxRPM = 1\r\nMaxRPM = +12x\r\nReal = 0x1p-11,\r\n"
         "Az[ = \t55 \r\nAz[ = second\r\n[Other]\r\nKey = 1\r\n[other]\n[]\n");
     const struct {
         const char16_t *Group, *Key, *Values;
-    } cases[] = {{u"nUMBERS", u"maxrpm", u"+12x|12|12"}, {u"Numbers", u"Real", u"0x1p4,|0|16"},
-                 {u"Numbers", u"aZ[", u"55 |55|55"},     {u"Numbers", u"aZ{", u"none|5|5.5"},
-                 {u"Numbers", u"Key", u"none|5|5.5"},    {u"OTHER", u"Key", u"1|1|1"},
-                 {u"missing", u"Key", u"none|5|5.5"},    {u"", u"top", u"0|0|0"}};
+    } cases[] = {
+        {u"nUMBERS", u"maxrpm", u"+12x|12|12"}, {u"Numbers", u"Real", u"0x1p-11,|0|0.0004882812"},
+        {u"Numbers", u"aZ[", u"55 |55|55"},     {u"Numbers", u"aZ{", u"none|5|5.5"},
+        {u"Numbers", u"Key", u"none|5|5.5"},    {u"OTHER", u"Key", u"1|1|1"},
+        {u"missing", u"Key", u"none|5|5.5"},    {u"", u"top", u"0|0|0"}};
     for (const auto& [group, key, values] : cases) {
         EXPECT_EQ(SettingsSelectGroup(group), *group != u'm');
         EXPECT_EQ(Read(key), values);
     }
-    std::u16string names;
+    std::u16string names = SettingsGroupName();
     while (SettingsNextGroup()) {
         names += SettingsGroupName() + u"," + SettingsReadString(u"key", u"-") + u";";
     }
@@ -111,7 +112,7 @@ TEST_F(SettingsStoreTest, RewritesTheFile) {
          Mark + "\na = 1\n[G]\n; c\nk = 1\nNew = x\n\n[H]\n"},
         {Mark + "[G]\nk = 1", u"", CompactSeparator, Mark + "\nNew=x\n[G]\nk=1\n"},
         {"[G]\nNEW = longer  \n[H]", u"g", 0, Mark + "\n[G]\nNew = x\n[H]\n"},
-        {"New =\nk=1", u"", 0, Mark + "\nNew = x\nk = 1\n"},
+        {"\xE9=\nNew =\nk=1", u"", 0, Mark + "\n\xC3\xA9 = \nNew = x\nk = 1\n"},
         {"[G]\nk=1", u"Missing", GroupSpacing, Mark + "\n[G]\nk = 1\n\n[Missing]\nNew = x\n"},
         {"", u"", 0, "New = x\n"},
     };
@@ -126,18 +127,18 @@ TEST_F(SettingsStoreTest, RewritesTheFile) {
 }
 
 TEST_F(SettingsStoreTest, KeepsEveryKindOfLineAtEveryPlace) {
-    for (std::size_t place = 0; place < 8; ++place) {
+    for (std::size_t place = 0; place < 128; ++place) {
         const std::string first(place, 'k');
         Start(
             first +
-                "=1\n  Key\t=\tValue \xB0 \r\n[A]x\r\n[ B ]\r[C\r\n;one\n; two\n;  three\n;\n# x = "
+                "=1\n  Key\t=\tValue \x80 \r\n[A]x\r\n[ B ]\r[C\r\n;one\n; two\n;  three\n;\n# x = "
                 "1\n=5\n"
                 "a==b;\"\nalone\r\nk=1\nalone\nk=2\nnext=3\nalone\n\n[D]\n\n \r\n\t\n[\n \t",
             0);
         EXPECT_TRUE(SettingsWriteString(u"New", u"x"));
         EXPECT_EQ(Closed(),
                   Mark + "\n" + first +
-                      " = 1\nKey = Value \xC2\xB0 \nNew = x\n[A]\n[ B ]\n[C]\n; one\n; two\n"
+                      " = 1\nKey = Value \xC2\x80 \nNew = x\n[A]\n[ B ]\n[C]\n; one\n; two\n"
                       ";  three\n; \n# x = 1\n = 5\na = =b;\"\nalone = \nk = 1\nalone = k=2\n"
                       "next = 3\nalone = \n[D]\n[]\n = \n");
     }
@@ -157,6 +158,8 @@ TEST_F(SettingsStoreTest, KeepsWhatAnEditorWroteAndWhatWasTyped) {
          "[A - 1]\nMaxRPM = 2\n\n[B - 2]\n\n[Settings]\nMaxRPM = 99\nNew = x\n"},
         {Mark + "[A - 1]\nMaxRPM = 7\n\n[settings]\nNEW = longer\n",
          "[A - 1]\nMaxRPM = 7\n\n[settings]\nNew = x\nMaxRPM = 99\n"},
+        {"[Settings]\nMaxRPM = 5\n[settings]\nMaxRPM = 6\n",
+         "[Settings]\nMaxRPM = 99\nNew = x\n\n[settings]\nMaxRPM = 6\n"},
         // One that has been emptied is as good as gone.
         {"", "[Settings]\nMaxRPM = 99\nNew = x\n\n[A - 1]\nMaxRPM = 2\n"},
     };
