@@ -106,17 +106,23 @@ TEST_F(ChartPlotTest, EveryPixelIsAsItShouldBe) {
 TEST_F(ChartPlotTest, ReachesToTheNextTenAboveTheTopGearsSpeed) {
     // 0.06 km/h per rpm in a gear of ratio 1, without rounding errors.
     GearInputs inputs = {.Circumference = 100, .PrimaryRatio = 0.5, .FinalDriveRatio = 2};
-    const std::tuple<std::array<double, GearCount>, std::int64_t, SpeedUnit, std::int64_t> cases[] =
-        {{{4}, 3000, SpeedUnit::Mph, 60},      // the final drive in the place of first gear alone
-         {{8, 1}, 3175, SpeedUnit::Kmh, 200},  // 190.5 counts as 190, which is not above
-         {{4, 2, 1, -1}, 3000, SpeedUnit::Kmh, -170}};
-    for (const auto& [ratios, maxRpm, unit, top] : cases) {
-        std::int64_t topGearIndex = 0;
+    const std::tuple<std::array<double, GearCount>, std::int64_t, SpeedUnit, std::int64_t,
+                     std::optional<std::int64_t>>
+        cases[] = {
+            {{4}, 3000, SpeedUnit::Mph, 0, 60},  // the final drive in the place of first gear alone
+            {{4}, 3000, SpeedUnit::Kmh, 5, 50},  // the chart before had a sixth gear
+            {{8, 1}, 3175, SpeedUnit::Kmh, 0, 200},  // 190.5 counts as 190, which is not above
+            {{4, 2, 1, -1}, 3000, SpeedUnit::Kmh, 0, -170}};
+    for (const auto& [ratios, maxRpm, unit, before, top] : cases) {
+        std::int64_t topGearIndex = before;
         inputs.GearRatio = ratios;
         EXPECT_EQ(TopSpeedForChart(inputs, 1, maxRpm, unit, topGearIndex), top) << maxRpm;
     }
     inputs.GearRatio = {3};
     EXPECT_EQ(GearTopSpeed(inputs, 0, 9325, SpeedUnit::Kmh), 186) << "186.5";
+    inputs.GearRatio = {1e-300};
+    EXPECT_EQ(GearTopSpeed(inputs, 0, 1, SpeedUnit::Kmh), INT64_MAX);
+    EXPECT_EQ(GearTopSpeed({}, 0, 1, SpeedUnit::Kmh), 0) << "not a number";
 }
 
 }  // namespace

@@ -99,7 +99,8 @@ TEST_F(MainWindowTest, OpensWithTheDefaultFileAtTheFirstStart) {
 }
 
 TEST_F(MainWindowTest, TellsOfItselfAndQuits) {
-    Start("");
+    Start("[Own]\n[ -My-Bike ]\n");
+    EXPECT_NE(MenuOutline(MainWindow).find("(Own,My-Bike,)"), std::string::npos);
     PostProgramEvent(MenuChosen, MainWindow, AboutMenuItem);
     EXPECT_EQ(MessageDuring([this] { Run(); }),
               u"About|Rotavel V1.55\n\n\u00A9 2026 The Rotavel authors\n\n"
@@ -113,17 +114,19 @@ TEST_F(MainWindowTest, TellsOfItselfAndQuits) {
 }
 
 TEST_F(MainWindowTest, ForgetsTheMotorcycleWhenARatioIsTyped) {
-    Start("");
-    for (const std::int64_t field : {PrimaryRatioField, GearRatioField, GearRatioField + 5}) {
-        SetCurrentMotorcycle(u"Moto", u"Old");
-        ShowCurrentMotorcycle();
+    Start("[Moto - Old]\n");
+    for (const std::int64_t field : {GearSpeedField, GearRatioField, GearRatioField + 5}) {
+        PostProgramEvent(MenuChosen, MainWindow, FirstMotorcycleMenuItem);
         ActivateGadget(field);
         Run();
         EXPECT_EQ(StatusText(TyreWidthField), u"Moto - Old") << "the keyboard changes nothing";
+        for (const std::int64_t value : {1, 3, 5, 30, 51, 55, 57}) {
+            EXPECT_EQ(GetGadgetText(value), u"0") << value << " is not in the file";
+        }
         Press("1");
         Run();
-        EXPECT_EQ(CurrentModel(), field == PrimaryRatioField ? u"Old" : u"");
-        EXPECT_EQ(StatusText(TyreWidthField).empty(), field != PrimaryRatioField);
+        EXPECT_EQ(CurrentModel(), field == GearSpeedField ? u"Old" : u"");
+        EXPECT_EQ(StatusText(TyreWidthField).empty(), field != GearSpeedField);
     }
 }
 
@@ -145,12 +148,13 @@ TEST_F(MainWindowTest, ValuesLastFromRunToRun) {
     EXPECT_EQ(GetGadgetText(RpmField), u"8750");
     EXPECT_FALSE(View(PercentHeightField)->isEnabled());
     SetGadgetText(GearRatioField + 1, u"\u00BD x");
-    SetGadgetText(MaxRpmField, u"");
+    SetGadgetText(MaxRpmField, u"-9223372036854775808");
     ShutDown(program);
     EXPECT_EQ(ReadFile(file),
               "\xEF\xBB\xBF\n[Settings]\nSpeedType = mph\nRearWheelWidth = 3.25\n"
-              "RearWheelPercentHeight = \nManufacturer = \nModell = \nMaxRPM = 0\n"
-              "RearWheelDiameter = \nGear1Ratio = \nGear2Ratio = \u00BD x\nGear3Ratio = \n"
+              "RearWheelPercentHeight = \nManufacturer = \nModell = \n"
+              "MaxRPM = -9223372036854775808\nRearWheelDiameter = \nGear1Ratio = \nGear2Ratio = "
+              "\u00BD x\nGear3Ratio = \n"
               "Gear4Ratio = \nGear5Ratio = \nGear6Ratio = \nPrimaryRatio = \nFinalDriveRatio = \n");
 }
 

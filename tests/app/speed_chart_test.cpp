@@ -20,12 +20,12 @@ constexpr std::int64_t magnifierImage = 64;
 
 class SpeedChartTest : public AppTest {
   protected:
-    // A 180/55 R17 that reaches 187 km/h at 9000 rpm in sixth.
+    // A 180/55 R17 that reaches 187 km/h at 9000 rpm in fifth, its top gear.
     void SetUp() override {
         Start(
             "[Settings]\nManufacturer = Maker\nModell = Model 5\nMaxRPM = 9000\n"
             "RearWheelWidth = 180\nRearWheelPercentHeight = 55\nRearWheelDiameter = 17\n"
-            "PrimaryRatio = 2.33\nFinalDriveRatio = 2.6\nGear1Ratio = 3\nGear6Ratio = 0.94\n");
+            "PrimaryRatio = 2.33\nFinalDriveRatio = 2.6\nGear2Ratio = 3\nGear5Ratio = 0.94\n");
     }
     void Close() {
         AskToClose(chart);

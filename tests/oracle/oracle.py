@@ -98,7 +98,8 @@ class Window:
         self.kept, self.top_gear = Inputs(), 0
 
     def shown(self):
-        return [self.text[field] for field in FIELDS] + ["on" if self.percent_enabled else "off"]
+        rest = ["Calc rpm"] * 6 + ["on" if self.percent_enabled else "off"]
+        return [self.text[field] for field in FIELDS] + rest
 
     def read(self, into):
         width, percent = (self.text[field].replace(",", ".") for field in (1, 3))
@@ -240,17 +241,17 @@ class Comparison:
         if field in (51, 55, *RATIOS):
             text = "" if pick.random() < 0.1 else f"{pick.uniform(0.5, 4):.{pick.randint(0, 5)}f}"
         elif field in (1, 3, 5):
-            text = {1: pick.choice(["180", "130", "110.5", "3", *INCH])[:5].split("-")[0],
+            text = {1: pick.choice(["180", "130", "10.5", "3", *INCH])[:5].split("-")[0],
                     3: str(pick.randint(0, 110)), 5: str(pick.randint(13, 20))}[field]
         elif field in (57, 60, *SPEEDS):
             text = str(pick.randint(0, 15000 if field in (57, 60) else 300))
         if pick.random() < 0.12:
-            odd = ["", "1e308", "1e-320", "-inf", "NaN", "0x1.8p1", "$1f", "-%101", "1e400", "+-3",
-                   "9223372036854775808", "-9223372036854775808", " \t7", "\n5", ".", "-0", "1,2,3"]
+            odd = ["", "1e308", "1e-320", "-inf", "NaN", "0x1.8p1", "$AafF", "-%101", "1e400", "-+3",
+                   "9223372036854775808", "-9223372036854775808", " \t7", " " * 1023 + "7", "\n5", ".", "-0", "1,2,3"]
             text = pick.choice(odd) if pick.random() < 0.3 else text
             for _ in range(pick.randint(0, 2)):
                 place = pick.randint(0, len(text))
-                wrong = pick.choice("0123456789.,+-eExXpPaAfFiInN$% \t\u00bd\u20ac\u0663\U0001f3cd")
+                wrong = pick.choice("0123456789.,+-eExXpPaAfFiInN$% \t\u00ff\u20ac\u0663\U0001f3cd")
                 text = text[:place] + wrong + text[place + pick.randint(0, 1):]
         return text.replace("\n", "")
 
@@ -272,7 +273,7 @@ def is_equal(answer, expected):
         return answer == expected
     parts = answer.split("\x1f")
     if isinstance(expected, list):
-        return [parts[field] for field in [*FIELDS, -1]] == expected
+        return [parts[field] for field in [*FIELDS, *range(42, 48), -1]] == expected
     heading, wide, high, max_rpm, speeds = expected
     seen, seen_wide, seen_high, *ends = parts
     right = 40 + max_rpm * 2 / 25
