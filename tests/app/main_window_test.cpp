@@ -33,7 +33,8 @@ std::string DescriptionOf(std::int64_t number) {
     std::ostringstream description;
     description << number << ' ' << read->role() << ' ' << view.x() << ' ' << view.y() << ' '
                 << view.width() << ' ' << view.height() << ' ' << view.property("alignment").toInt()
-                << ' ' << ToUtf8(GetGadgetText(number));
+                << ' ' << view.property("frameShape").toInt() << ' '
+                << ToUtf8(GetGadgetText(number));
     for (const QString& name :
          {view.toolTip(), read->text(QAccessible::Name), read->text(QAccessible::Description)}) {
         description << '|' << name.toStdString();
@@ -83,6 +84,8 @@ TEST_F(MainWindowTest, OpensWithTheDefaultFileAtTheFirstStart) {
     EXPECT_TRUE(View(TyreWidthField)->hasFocus());
     EXPECT_EQ(StatusField(MaxRpmField).width(), 445);
     EXPECT_EQ(StatusField(MaxRpmField).alignment(), Qt::AlignCenter);
+    EXPECT_EQ(StatusField(MaxRpmField).font(), View(GraphicButton)->font());
+    EXPECT_EQ(QApplication::windowIcon().availableSizes().size(), 3);
     const QWidget& window = *View(TyreWidthField)->window();
     EXPECT_EQ(window.windowTitle().toStdU16String(),
               u"Rotavel V1.55 \u00A9 2026 The Rotavel authors");
@@ -95,7 +98,7 @@ TEST_F(MainWindowTest, OpensWithTheDefaultFileAtTheFirstStart) {
     EXPECT_EQ(View(GraphicButton)->font().pointSize(), 8);
     EXPECT_EQ(GetGadgetItemText(SpeedUnitBox, 0) + GetGadgetItemText(SpeedUnitBox, 1), u"km/hmph");
     const std::string gadgets = Gadgets();
-    EXPECT_EQ(HashOf(gadgets), "3710e68c9d1d7e2c28e1ab810f6994f4") << gadgets;
+    EXPECT_EQ(HashOf(gadgets), "8aca1fb317996f940511216f652c9cdb") << gadgets;
 }
 
 TEST_F(MainWindowTest, TellsOfItselfAndQuits) {

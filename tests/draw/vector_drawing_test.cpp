@@ -45,7 +45,7 @@ std::int64_t Start() {
     const std::int64_t image = ImageCreate(AnyNumber, 60, 60);
     EXPECT_TRUE(VectorBegin(ImageVectorTarget(image)));
     VectorSetColour(0xFFFFFFFF);
-    Draw("B 0 0 60 60 F");
+    Draw("L 60 0 L 60 60 L 0 60 F");
     VectorSetColour(0xFF000000);
     VectorSetFont(FontHandle(0), 10);
     return image;
@@ -165,7 +165,7 @@ TEST_F(VectorDrawingTest, TakesAnyNumber) {
         VectorRotate(number, 10, number);
         VectorSetFont(FontHandle(0), number);
         PathMoveTo(number, 5);
-        Draw("L 1000000 6 T");
+        Draw("L 1000000 6 L 1000000 1000000 T");
         PathAddBox(number, number, number, number);
         PathStroke(number, StrokeKeepPath | StrokeRoundJoin);
         PathStrokeDotted(number, 1, StrokeKeepPath);

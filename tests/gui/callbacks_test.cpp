@@ -69,7 +69,7 @@ void SetStage() {
     EXPECT_EQ(QApplication::topLevelWidgets().size(), 0) << "a window has outlived its number";
     PutUp();
     ForgetEvents();
-    Press("Space");
+    Press("Return");
     EXPECT_EQ(Taken(), "Press 1");
 }
 

@@ -115,7 +115,7 @@ TEST_F(EventQueueTest, WaitsAsLongAsItIsTold) {
     EXPECT_EQ(WaitForEvent(30), 0);
     EXPECT_GE(waited.elapsed(), 30);
     QTimer::singleShot(10, [] { QueueEvent(MenuChosen, 4, 0, 0); });
-    EXPECT_EQ(WaitForEvent(-1), MenuChosen);
+    EXPECT_EQ(WaitForEventBlocking(), MenuChosen);
 }
 
 }  // namespace

@@ -62,6 +62,7 @@ TEST_F(GadgetTest, GetsTheKeyboardAndGivesItUp) {
         {[] { Press("Tab"); }, "LostFocus 1, Focus 2"},
         {[] { Press("Tab"); }, "LostFocus 2"},
         {[] { Press("Backtab"); }, "Focus 2"},
+        {[] { Press("Backtab Backtab Backtab"); }, "LostFocus 2, Focus 1, LostFocus 1, Focus 2"},
         {[] { WindowActivate(1); }, ""},  // the windows changed, not their fields
         {[] { WindowActivate(0); }, ""},
         {[] { DisableGadget(1, true); }, ""},
@@ -70,6 +71,7 @@ TEST_F(GadgetTest, GetsTheKeyboardAndGivesItUp) {
         {[] { Press("A"); }, "Change 2"},
         {[] { ActivateGadget(AnyNumber); }, "LostFocus 2"},
         {[] { ActivateGadget(2); }, "Focus 2"},
+        {[] { Press("C"); }, "Change 2"},  // in the place of what was there
         {[] { DisableGadget(1, false); }, ""},
         {[] { DisableGadget(2, true); }, "LostFocus 2"},
         {[] { Press("B"); }, ""},  // no other field has got it
@@ -80,7 +82,7 @@ TEST_F(GadgetTest, GetsTheKeyboardAndGivesItUp) {
         act();
         EXPECT_EQ(Taken(), result) << "step " << &act - &steps->Do;
     }
-    EXPECT_EQ(GetGadgetText(2) + GetGadgetText(3), u"a");
+    EXPECT_EQ(GetGadgetText(2) + GetGadgetText(3), u"c");
 }
 
 // The pointer comes to a place of the content.
@@ -112,7 +114,9 @@ TEST_F(GadgetTest, CanvasFollowsPointerAndArrowKeysWhileItsWindowHasTheKeyboard)
         {[] { ActivateGadget(1); }, " 12,10"},
         {[] { Press("Up"); }, "EM 12,10"},
         {[] { Press("Up"); }, "M 12,9"},
-        {[] { ActivateGadget(2); }, "L 12,9"},
+        {[] { Press("Shift+Left Right Right Down"); }, "MMMM 4,10"},
+        {[] { Press("Shift+Down Shift+Down Shift+Down Shift+Left"); }, "MMMM 0,39"},
+        {[] { ActivateGadget(2); }, "L 0,39"},
     };
     for (const auto& [act, result] : steps) {
         act();

@@ -194,6 +194,9 @@ TEST_F(RequesterTest, ShowsWhatItIsToldAndAnswers) {
             EXPECT_EQ(box.windowTitle() + labels[0]->text(), "TitleTitle");
             EXPECT_EQ(labels[1]->text(), "<b>Text</b>\n& &amp;");
             EXPECT_EQ(labels[1]->textFormat(), Qt::PlainText);
+            EXPECT_LT(labels[0]->mapTo(&box, QPoint(0, labels[0]->height())).y(),
+                      labels[1]->mapTo(&box, QPoint(0, 1)).y());
+            EXPECT_TRUE(labels[0]->font().bold());
             EXPECT_EQ(box.findChild<QScrollBar*>()->maximum(), 0) << "it is seen whole";
             const QIcon icon = box.style()->standardIcon(each.Icon, nullptr, &box);
             const QImage picture = labels[2]->pixmap().toImage();

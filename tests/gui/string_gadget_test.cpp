@@ -37,6 +37,7 @@ TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
         {StringUpperCase, 0, u"A", u"", "Ctrl+A A Ctrl+Z Ctrl+Z", u"A", 2},
         {StringUpperCase | StringLowerCase, 0, u"aBc", u"", "Left D Ctrl+Z", u"abc", 2},
         {StringLowerCase, 0, u"AB", u"CD", "Ctrl+V E", u"abcde", 2},
+        {0, 0, u"", u"a\nb\r\n", "Ctrl+V", u"a b", 1},
         {StringReadOnly, 0, u"abc", u"d", "D Backspace Ctrl+V Ctrl+A Ctrl+X", u"abc", 0},
         {0, 0, u"130", u"", "Alt+F Ctrl+Alt+F Ctrl+A Alt+F", u"130", 0},
         {StringPassword, 0, u"secret", u"", "Ctrl+A Ctrl+X", u"secret", 0},

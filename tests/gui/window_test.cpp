@@ -90,7 +90,7 @@ TEST_F(WindowTest, HandsTheKeyboardBack) {
     };
     for (const auto& [meanwhile, key] : cases) {
         WindowDestroy(AnyNumber);
-        for (const std::int64_t window : {0, 1, 2}) {
+        for (const std::int64_t window : {3, 0, 1, 2}) {
             WindowCreate(window, 0, 0, 200, 100);
             ForgetEvents();
         }
@@ -197,12 +197,14 @@ TEST_F(WindowTest, ScrollsContentThatTheScreenHasNoRoomFor) {
     QWheelEvent wheel({100, 200}, {100, 200}, {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(Native(1), &wheel);
     const std::int64_t scrolled = row();
-    EXPECT_GT(scrolled, 190) << "where the pointer is, though it did not move";
+    EXPECT_EQ(scrolled, 190 + 3 * 20) << "where the pointer is, though it did not move";
     EXPECT_EQ(pointedRow(210), scrolled + 10);
     EXPECT_EQ(GadgetY(canvas, OnScreen), WindowGetY(1, InnerContent) + 10 + 190 - scrolled);
     const QWidget& footer = *Native(1)->ContentView()->findChild<QLabel*>()->parentWidget();
     EXPECT_EQ(footer.mapTo(Native(1), QPoint(0, bar)), QPoint(0, Native(1)->height()));
     // The pointer near the edge brings the end into view, and no more than that.
+    pointedRow(15);
+    EXPECT_TRUE(QTest::qWaitFor([&row] { return row() == 5; }));
     Press("End");
     Press("Up");
     pointedRow(Native(1)->height() - bar - 5);
