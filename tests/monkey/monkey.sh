@@ -92,7 +92,7 @@ xrandr --newmode tiny 30 640 650 660 670 480 490 500 510
 xrandr --addmode screen small
 xrandr --addmode screen tiny
 
-start Rotavel
+start
 look_at "$main"
 motorcycles >"$folder/motorcycles"
 ends=0
@@ -111,7 +111,7 @@ for ((done = 0; done < actions; done += round)); do
     if has_ended "$program" 2>/dev/null; then
         expect_end
         expect_whole
-        start Rotavel
+        start
         ends=$((ends + 1))
     fi
 done

@@ -11,11 +11,8 @@ declare -A place=(
 )
 for gear in 1 2 3 4 5 6; do
     y=$((80 + 30 * gear))
-    place[driving teeth $gear]="120 $y"
-    place[driven teeth $gear]="170 $y"
     place[ratio $gear]="225 $y"
     place[speed $gear]="285 $y"
-    place[Calc rpm $gear]="355 $y"
 done
 content_height=500
 
@@ -55,12 +52,10 @@ read_field() {
 
 # expect_speeds "TEXT...": first gear to sixth.
 expect_speeds() {
-    local gear=0 speed read=()
+    local gear=0 speed
     for speed in $1; do
         expect "speed $((++gear))" "$speed"
-        read+=("$text")
     done
-    echo "  speeds read: ${read[*]}"
 }
 
 # opens DEED...: does the deed and waits for the menu, list or box that it opens.
