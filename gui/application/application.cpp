@@ -19,7 +19,6 @@
 #include "gui/menus/menu_bars.h"
 #include "gui/status_bar.h"
 #include "gui/toolkit/kept_input.h"
-#include "gui/toolkit/late_keys.h"
 #include "gui/toolkit/native_events.h"
 #include "gui/toolkit/retired_objects.h"
 #include "gui/window.h"
@@ -78,7 +77,6 @@ void GuiStart() {
     // Gadgets go before the menus of a window that closes.
     WindowObservers() = {&GadgetsAsObserver(), &MenuBars::Shared()};
     CatchTerminationSignals();
-    CatchLateKeys();
 }
 
 void GuiStop() {

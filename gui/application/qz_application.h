@@ -4,6 +4,8 @@
 
 #include <QApplication>
 
+#include "gui/toolkit/late_keys.h"
+
 namespace rotavel {
 
 // Answers the system's requests to the program.
@@ -31,6 +33,7 @@ class QzApplication final : public QApplication {
     // Whether a key event is a shortcut of the window it goes to.
     static bool TakesShortcut(QObject* nativeWindow, QEvent* event);
 
+    LateKeys lateKeys;
     std::optional<quint64> offeredKeyTime;  // of a key whose press itself is still to come
     bool isOfferedKeyHandled = false;
 };

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 
-#include <QAbstractNativeEventFilter>
 #include <QGuiApplication>
 #include <QWindow>
 
@@ -43,21 +42,17 @@ void Redirect(KeyEvent& key) {
     }
 }
 
-class LateKeys final : public QAbstractNativeEventFilter {
-  public:
-    bool nativeEventFilter(const QByteArray& kind, void* event, qintptr*) override {
-        if (kind == "xcb_generic_event_t") {
-            Redirect(*static_cast<KeyEvent*>(event));
-        }
-        return false;  // the toolkit goes on with it
-    }
-};
-
 }  // namespace
 
-void CatchLateKeys() {
-    static LateKeys keys;
-    qApp->installNativeEventFilter(&keys);
+LateKeys::LateKeys() {
+    qApp->installNativeEventFilter(this);
+}
+
+bool LateKeys::nativeEventFilter(const QByteArray& kind, void* event, qintptr* /*result*/) {
+    if (kind == "xcb_generic_event_t") {
+        Redirect(*static_cast<KeyEvent*>(event));
+    }
+    return false;  // the toolkit goes on with it
 }
 
 }  // namespace rotavel
