@@ -24,11 +24,7 @@ bool BeginDrawing(const DrawingTarget& target) {
     if (target.Bitmap == nullptr) {
         return false;
     }
-    NotifyOfLostCanvas([](const NativeImage* bitmap) {
-        if (current != nullptr && current->Target.Bitmap == bitmap) {
-            EndDrawing();
-        }
-    });
+    NotifyOfLostCanvas(EndDrawingOn);
     current = new Drawing;
     current->Target = target;
     current->Path.setFillRule(Qt::WindingFill);

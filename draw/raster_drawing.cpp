@@ -68,7 +68,6 @@ void RasterLine(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t 
         std::swap(walk.From, walk.To);
         std::swap(walk.OtherFrom, walk.OtherTo);
     }
-    drawing->Painter.setTransform(QTransform());
     const QSizeF size = FromHandle(drawing->Target.Bitmap)->deviceIndependentSize();
     const auto edge = static_cast<std::int64_t>(flat ? size.width() : size.height());
     QColor opaque = ToQColor(colour);
@@ -84,7 +83,6 @@ void RasterLine(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t 
 void RasterDrawImage(NativeImage* image, std::int64_t x, std::int64_t y) {
     Drawing* const drawing = CurrentDrawing();
     if (drawing != nullptr && image != nullptr) {
-        drawing->Painter.setTransform(QTransform());
         // The toolkit copies the pixels of an image that is being drawn on, and only of that one.
         const QImage source = *FromHandle(image);
         drawing->Painter.drawImage(ToCoordinate(x), ToCoordinate(y), source);

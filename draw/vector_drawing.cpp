@@ -95,7 +95,6 @@ void Paint(std::uint32_t flags, Painting paint) {
         return;
     }
     QPainter& painter = drawing->Painter;
-    painter.setTransform(QTransform());
     QColor opaque = drawing->Colour;
     opaque.setAlpha(255);
     if (opaque == drawing->Colour) {
@@ -230,6 +229,7 @@ void VectorDrawText(std::u16string_view text) {
     drawing->Painter.setFont(drawing->Font);
     drawing->Painter.setPen(drawing->Colour);
     drawing->Painter.drawText(QPointF(corner.x(), corner.y() + metrics.ascent()), line);
+    drawing->Painter.resetTransform();  // all else is mapped before
     PathMoveTo(corner.x() + metrics.horizontalAdvance(line), corner.y());
 }
 
