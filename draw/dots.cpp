@@ -65,7 +65,7 @@ void AddRow(std::vector<DotRow>& rows, const QLineF& line, double lead, double d
             const QRectF& visible) {
     const double length = line.length();
     const auto [from, to] = VisiblePart(line, visible);
-    if (length == 0 || from > to) {
+    if (length == 0) {
         return;
     }
     const double first = std::max(std::ceil((from * length - lead) / distance), 0.0);

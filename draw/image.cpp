@@ -36,16 +36,14 @@ std::int64_t Register(std::int64_t number, QImage bitmap) {
 class NearestPixel {
   public:
     NearestPixel(int sourceSize, int targetSize)
-        : step(static_cast<std::int64_t>(65536.0 / (static_cast<double>(targetSize) / sourceSize))),
-          last(sourceSize - 1) {}
-
-    int operator()(int target) const {
-        return static_cast<int>(std::min<std::int64_t>((target * step + step / 2) >> 16, last));
+        : step(
+              static_cast<std::int64_t>(65536.0 / (static_cast<double>(targetSize) / sourceSize))) {
     }
+
+    int operator()(int target) const { return static_cast<int>((target * step + step / 2) >> 16); }
 
   private:
     std::int64_t step;
-    std::int64_t last;
 };
 
 void ScaleToNearest(const QImage& source, QImage& target) {

@@ -31,7 +31,6 @@ QzWindow::QzWindow(std::uint32_t flags, QzWindow* parent, QSize contentSize)
       layout(*this, *contentView, windowFlags().testFlag(Qt::WindowMaximizeButtonHint)),
       presentation(*this, flags),
       focus(*this, *contentView) {
-    setFocusPolicy(Qt::NoFocus);
     SetAccessibleRole(*this, QAccessible::Window);
     layout.SetContentSize(contentSize);
     EnterWindow(this);

@@ -24,7 +24,6 @@ constexpr int ManagerAnswersMs = 500;
 void QzWindowEvents::Connect(QzWindow* window, WindowNumber id) {
     WindowInstance = window;
     WindowID = id;
-    ZoomEvent = 0;
     window->SetDelegate(this);
 }
 
