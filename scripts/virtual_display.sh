@@ -21,10 +21,19 @@ open_display() {
     mkdir -p "$folder/.config/openbox"
     sed 's/<animateIconify>yes/<animateIconify>no/' /etc/xdg/openbox/rc.xml \
         >"$folder/.config/openbox/rc.xml"
+    start_manager
+}
+
+start_manager() {
+    xprop -root -remove _NET_SUPPORTING_WM_CHECK 2>/dev/null || true # of one that has gone
     # shellcheck disable=SC2086 # a command with its options
     ${WINDOW_MANAGER:-openbox} >/dev/null 2>&1 &
     manager=$!
-    wait_for "window manager" xdotool get_desktop
+    wait_for "window manager" is_managed
+}
+
+is_managed() {
+    [[ $(xprop -root _NET_SUPPORTING_WM_CHECK) == *window* ]] && xdotool get_desktop
 }
 
 # open_wayland_display NAME PICTURES: the same with a Wayland compositor and no X. It has neither

@@ -55,18 +55,14 @@ disturb() {
     case $((RANDOM % 6)) in
         0 | 1) xrandr --output screen --mode "${modes[RANDOM % ${#modes[@]}]}" ;;
         2 | 3)
-            kill "$manager"
+            kill "$manager" || true
             wait "$manager" || true
-            xprop -root -remove _NET_SUPPORTING_WM_CHECK
-            openbox >/dev/null 2>&1 &
-            manager=$!
-            wait_for "window manager" is_managed
             ;;
     esac
-}
-
-is_managed() {
-    [[ $(xprop -root _NET_SUPPORTING_WM_CHECK) == *window* ]]
+    # The window manager does not survive every round by itself either.
+    if has_ended "$manager" 2>/dev/null; then
+        start_manager
+    fi
 }
 
 # expect_whole: the settings file has all its motorcycles and keys.
