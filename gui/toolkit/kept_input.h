@@ -11,10 +11,11 @@ namespace rotavel {
 // manager may not have given it that yet; it gives null for none.
 void SetKeyboardHook(QWindow* (*chosen)());
 
-// The window that gets a key which the window system sent to another, null where that has closed. A
-// box that asks, or a window just opened, has the keys though the window manager may not have given
-// it the keyboard yet. When a menu or a box has closed, the toolkit may know of its window, or of
-// none, until the window system has answered. Null where no window is open.
+// The window that gets a key now which the window system sent to `sentTo`, or to one that has
+// closed meanwhile (null). A box that asks, or a window just opened, has the keys though the window
+// manager may not have given it the keyboard yet. When a menu or a box has closed, the toolkit may
+// know of its window, or of none, until the window system has answered. Null where no window is
+// open.
 QWindow* ReceiverOfKey(QWindow* sentTo);
 
 // Keeps a copy of an input of a window. The toolkit takes the event itself for delivered.
