@@ -42,6 +42,9 @@ void Hand(QEvent& event, QObject& bar) {
 
 void RevealAlong(QScrollBar& bar, int first, int last) {
     const int least = last - bar.pageStep();
+    if (first <= least && last > bar.value() && first < bar.value() + bar.pageStep()) {
+        return;  // more than can be seen, and some of it is
+    }
     bar.setValue(std::min(std::max(bar.value(), least), first));
 }
 
@@ -132,7 +135,7 @@ bool ContentScroll::eventFilter(QObject*, QEvent* event) {
 
 void ContentScroll::FollowPointer(QPoint place) {
     pointer = place;
-    const bool scrolls = DirectionAlong(*across) != 0 || DirectionAlong(*down) != 0;
+    const bool scrolls = StepAlong(*across) != 0 || StepAlong(*down) != 0;
     if (!scrolls) {
         edgeTimer.stop();
     } else if (!edgeTimer.isActive()) {
@@ -140,22 +143,27 @@ void ContentScroll::FollowPointer(QPoint place) {
     }
 }
 
-int ContentScroll::DirectionAlong(const QScrollBar& bar) const {
-    if (!isNeeded || !bar.isEnabled() || !view.contains(pointer)) {
+int ContentScroll::StepAlong(const QScrollBar& bar) const {
+    const QWidget* const gadget = window.childAt(pointer);
+    const bool isOnGadget = gadget != nullptr && gadget->parentWidget() != &window;
+    if (!isNeeded || !bar.isEnabled() || !view.contains(pointer) || !isOnGadget) {
         return 0;
     }
+    const QRect part(gadget->mapTo(&window, QPoint()), gadget->size());
     const bool isAcross = &bar == across;
     const int before = isAcross ? pointer.x() - view.left() : pointer.y() - view.top();
     const int behind = isAcross ? view.right() - pointer.x() : view.bottom() - pointer.y();
-    if (behind < EdgeWidth && bar.value() < bar.maximum()) {
-        return 1;
+    const int hiddenBefore = isAcross ? view.left() - part.left() : view.top() - part.top();
+    const int hiddenBehind = isAcross ? part.right() - view.right() : part.bottom() - view.bottom();
+    if (behind < EdgeWidth && hiddenBehind > 0) {
+        return std::min(EdgeStep, hiddenBehind);
     }
-    return before < EdgeWidth && bar.value() > bar.minimum() ? -1 : 0;
+    return before < EdgeWidth && hiddenBefore > 0 ? -std::min(EdgeStep, hiddenBefore) : 0;
 }
 
 void ContentScroll::timerEvent(QTimerEvent*) {
     for (QScrollBar* const bar : {across, down}) {
-        bar->setValue(bar->value() + EdgeStep * DirectionAlong(*bar));
+        bar->setValue(bar->value() + StepAlong(*bar));
     }
     FollowPointer(pointer);
 }

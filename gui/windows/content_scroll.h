@@ -15,7 +15,7 @@ class QWidget;
 namespace rotavel {
 
 // The scroll bars of a window that is too small for its content, made at the first need. Besides
-// them the wheel, the keys and the pointer near an edge scroll.
+// them the wheel and the keys scroll, and the pointer near an edge that cuts the gadget under it.
 class ContentScroll final : public QObject {
   public:
     // `scrolled` is called when the part of the content that is to be seen is another.
@@ -30,7 +30,8 @@ class ContentScroll final : public QObject {
     // The corner of the content that is to be seen.
     QPoint Offset() const;
 
-    // Scrolls as little as shows a part of the content.
+    // Scrolls as little as shows a part of the content; not at all for one larger than what can be
+    // seen, where some of it is seen already.
     void Reveal(const QRect& part);
     // Wheel and keys that nothing in the content has taken.
     void TakeWheel(QWheelEvent& event);
@@ -45,8 +46,9 @@ class ContentScroll final : public QObject {
     void Create();
     void Scrolled();
     void FollowPointer(QPoint place);
-    // -1, 0 or 1: which way the pointer scrolls along a bar.
-    int DirectionAlong(const QScrollBar& bar) const;
+    // How far the pointer scrolls along a bar: near an edge, towards what is hidden there of the
+    // gadget that it is on. So no gadget that is whole moves away from under it.
+    int StepAlong(const QScrollBar& bar) const;
 
     QWidget& window;
     const std::function<void()> tellScrolled;

@@ -134,7 +134,7 @@ TEST_F(WaitingTest, PointersClickScrollAndAreFolded) {
              [=] { QTest::touchEvent(Native(0), screen, false).release(1, place).commit(false); }};
     EXPECT_EQ(Drain(), "1 512;3 0;") << "the toolkit makes a click of it";
 
-    CanvasGadgetCreate(5, 100, 100, 100, 80);
+    CanvasGadgetCreate(5, 100, 100, 100, 2800);
     TypeAhead("Tab");
     for (int x = 120; x < 150; ++x) {
         MouseAhead({x, 150}, QEvent::MouseMove, Qt::NoButton, 30'000 + x);
