@@ -94,6 +94,14 @@ void QzTextEntry::keyPressEvent(QKeyEvent* event) {
     event->setAccepted(command.isAccepted());
 }
 
+void QzTextEntry::mouseDoubleClickEvent(QMouseEvent* event) {
+    QLineEdit::mouseDoubleClickEvent(event);
+    // To the toolkit a number ends at its decimal point. What has no blank in it is one word here.
+    if (event->button() == Qt::LeftButton && !text().trimmed().contains(' ')) {
+        selectAll();
+    }
+}
+
 void QzTextEntry::changeEvent(QEvent* event) {
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
