@@ -6,16 +6,16 @@ namespace rotavel {
 
 namespace {
 
-bool IsLineEnd(QChar unit) {
-    return unit == u'\n' || unit == u'\r' || unit == QChar::LineSeparator ||
+bool IsLayout(QChar unit) {
+    return unit == u'\t' || unit == u'\n' || unit == u'\r' || unit == QChar::LineSeparator ||
            unit == QChar::ParagraphSeparator;
 }
 
 QString OneLine(QString text) {
-    while (!text.isEmpty() && IsLineEnd(text.back())) {
+    while (!text.isEmpty() && IsLayout(text.back())) {
         text.chop(1);
     }
-    std::replace_if(text.begin(), text.end(), IsLineEnd, QChar(u' '));
+    std::replace_if(text.begin(), text.end(), IsLayout, QChar(u' '));
     return text;
 }
 

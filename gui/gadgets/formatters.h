@@ -10,9 +10,9 @@
 namespace rotavel {
 
 // The formatter of a text field judges every edit of the user's by the whole text that the field
-// would then hold, and may want another text in its place. This one limits the length. Line ends,
-// which a paste can bring along, are none of the formatters' business: a field has one line, so
-// they become blanks, and vanish at the text's end.
+// would then hold, and may want another text in its place. This one limits the length. Line ends
+// and tabs, which a paste can bring along, are none of the formatters' business: a field has one
+// line, so they become blanks, and vanish at the text's end.
 class QzMaximumLengthFormatter : public QValidator {
   public:
     // In UTF-16 units.

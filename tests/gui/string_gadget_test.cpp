@@ -1,5 +1,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QTest>
 
 #include "gui/toolkit/text.h"
 #include "layer.h"
@@ -37,7 +38,7 @@ TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
         {StringUpperCase, 0, u"A", u"", "Ctrl+A A Ctrl+Z Ctrl+Z", u"A", 2},
         {StringUpperCase | StringLowerCase, 0, u"aBc", u"", "Left D Ctrl+Z", u"abc", 2},
         {StringLowerCase, 0, u"AB", u"CD", "Ctrl+V E", u"abcde", 2},
-        {0, 0, u"", u"a\nb\r\n", "Ctrl+V", u"a b", 1},
+        {0, 0, u"", u"a\tb\r\n\t", "Ctrl+V", u"a b", 1},
         {StringReadOnly, 0, u"abc", u"d", "D Backspace Ctrl+V Ctrl+A Ctrl+X", u"abc", 0},
         {0, 0, u"130", u"", "Alt+F Ctrl+Alt+F Ctrl+A Alt+F", u"130", 0},
         {StringPassword, 0, u"secret", u"", "Ctrl+A Ctrl+X", u"secret", 0},
@@ -58,6 +59,10 @@ TEST_F(StringGadgetTest, JudgesEveryEditByTheWholeText) {
         EXPECT_EQ(GetGadgetText(1), each.Result);
         EXPECT_EQ(changes, each.Changes) << ToQString(each.Result).toStdString();
     }
+    SetGadgetText(1, u"2.3636");
+    QTest::mouseDClick(View(1), Qt::LeftButton);
+    Press("5");
+    EXPECT_EQ(GetGadgetText(1), u"5") << "a number is one word";
 }
 
 }  // namespace
