@@ -84,10 +84,10 @@ void QzGadgetFunctions::ActivateGadget() {
 }
 
 void QzGadgetFunctions::GadgetToolTip(std::u16string_view text) {
-    // Plain text, whatever it looks like.
-    Gadget->View->setToolTip(
-        text.empty() ? QString()
-                     : "<qt>" + ToQString(text).toHtmlEscaped().replace('\n', "<br>") + "</qt>");
+    // Plain text, whatever it looks like, in its own lines.
+    Gadget->View->setToolTip(text.empty() ? QString()
+                                          : "<p style='white-space:pre'>" +
+                                                ToQString(text).toHtmlEscaped() + "</p>");
     Gadget->View->setAccessibleDescription(ToQString(text));  // else it is read with its marks
 }
 

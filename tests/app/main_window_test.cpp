@@ -98,7 +98,7 @@ TEST_F(MainWindowTest, OpensWithTheDefaultFileAtTheFirstStart) {
     EXPECT_EQ(View(GraphicButton)->font().pointSize(), 8);
     EXPECT_EQ(GetGadgetItemText(SpeedUnitBox, 0) + GetGadgetItemText(SpeedUnitBox, 1), u"km/hmph");
     const std::string gadgets = Gadgets();
-    EXPECT_EQ(HashOf(gadgets), "8aca1fb317996f940511216f652c9cdb") << gadgets;
+    EXPECT_EQ(HashOf(gadgets), "225de59a082870fc03656bf8d2b1469d") << gadgets;
 }
 
 TEST_F(MainWindowTest, TellsOfItselfAndQuits) {
