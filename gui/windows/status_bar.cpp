@@ -1,5 +1,6 @@
 #include "gui/status_bar.h"
 
+#include <algorithm>
 #include <vector>
 
 #include <QHBoxLayout>
@@ -10,6 +11,7 @@
 #include "gui/toolkit/coordinates.h"
 #include "gui/toolkit/font.h"
 #include "gui/toolkit/handle.h"
+#include "gui/toolkit/narrow_font.h"
 #include "gui/toolkit/retired_objects.h"
 #include "gui/toolkit/text.h"
 #include "gui/windows/qz_views.h"
@@ -32,6 +34,7 @@ class QzStatusField final : public QLabel {
         setSizePolicy(takesRest ? QSizePolicy::Ignored : QSizePolicy::Fixed, QSizePolicy::Fixed);
         setTextFormat(Qt::PlainText);
         setIndent(TextIndent);
+        setAutoFillBackground(true);
         if (DefaultGadgetFont() != AnyNumber) {
             setFont(FontForGadgets(DefaultGadgetFont()));
         }
@@ -40,8 +43,36 @@ class QzStatusField final : public QLabel {
     QSize sizeHint() const override { return size; }
     QSize minimumSizeHint() const override { return size; }
 
+    // Of a number that is cut another number would be left: a text that is too long for its field,
+    // however narrow its letters, covers what stands before it in the bar.
+    void MakeRoom(const QRect& bar) {
+        const auto widthIn = [this](const QFont& tried) {
+            return QFontMetricsF(tried, this).horizontalAdvance(text());
+        };
+        const int right = std::min(geometry().right(), bar.right());
+        int room = right + 1 - x();
+        if (widthIn(NarrowFont(font(), room, widthIn)) > room) {
+            room = std::min(static_cast<int>(widthIn(font())) + 2 * TextIndent, bar.width());
+        }
+        setGeometry(right + 1 - room, y(), std::max(room, 0), height());
+    }
+
   private:
     const QSize size;
+};
+
+class QzStatusRow final : public QHBoxLayout {
+  public:
+    using QHBoxLayout::QHBoxLayout;
+
+    void setGeometry(const QRect& bar) override {
+        QHBoxLayout::setGeometry(bar);
+        for (int place = 0; place < count(); ++place) {
+            if (auto* const field = static_cast<QzStatusField*>(itemAt(place)->widget())) {
+                field->MakeRoom(bar);
+            }
+        }
+    }
 };
 
 class QzStatusBarView final : public QWidget {
@@ -66,7 +97,7 @@ NumberedObjects<QzStatusBarView*> registry;
 std::int64_t newestBar = AnyNumber;
 
 QzStatusBarView::QzStatusBarView(QzWindow* owner)
-    : QWidget(owner->ContentView()), window(owner), row(new QHBoxLayout(this)) {
+    : QWidget(owner->ContentView()), window(owner), row(new QzStatusRow(this)) {
     constexpr int margin = (BarHeight - FieldHeight) / 2;
     row->setContentsMargins(0, margin, 0, margin);
     row->setSpacing(0);
