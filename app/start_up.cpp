@@ -2,8 +2,10 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "app/current_motorcycle.h"
 #include "app/default_settings.h"
@@ -69,6 +71,16 @@ void OpenWithSettings(Program& program) {
     ActivateGadget(TyreWidthField);
 }
 
+const Program* running = nullptr;  // until its values are saved
+
+// When its display is lost the toolkit ends the process at once.
+void SaveAtExit() {
+    if (const Program* const program = std::exchange(running, nullptr)) {
+        SaveLastValues();
+        CloseSettings(program->SettingsPath);
+    }
+}
+
 }  // namespace
 
 std::u16string SettingsPath(std::u16string_view executable) {
@@ -105,7 +117,10 @@ int RunProgram() {
     EnterBundleContents();
     Program program;
     if (StartUp(program, SettingsPath(ProgramFilename()))) {
+        running = &program;
+        std::atexit(SaveAtExit);
         RunMainLoop(program);
+        running = nullptr;
         ShutDown(program);
     }
     GuiStop();

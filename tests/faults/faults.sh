@@ -122,7 +122,7 @@ until [[ -s $folder.old.display ]]; do sleep 0.02; done
     DISPLAY=:$(<"$folder.old.display")
     export DISPLAY QT_QPA_PLATFORM=xcb
     end_it() { kill -KILL "$server"; }
-    ended=1 row "display lost" "*" true is_old
+    ended=1 row "display lost" "*" true 'is_saved "$settings"'
     exit $((failures > 0))
 ) || failures=1
 
