@@ -22,9 +22,10 @@ namespace {
 std::vector<std::pair<NativeEventFilter, void*>> filters;
 
 bool Offer(QEvent& event) {
-    const auto present = filters;  // a filter may add and remove some
+    const auto present = filters;  // a filter may add some, and remove those that are to come
     return std::any_of(present.begin(), present.end(), [&event](const auto& filter) {
-        return filter.first(&event, filter.second);
+        const bool isPresent = std::find(filters.begin(), filters.end(), filter) != filters.end();
+        return isPresent && filter.first(&event, filter.second);
     });
 }
 
