@@ -48,11 +48,11 @@ bool RawFile::Create(const std::string& path, std::string_view content, const Ra
     }
     Lock();
     const std::optional<std::uint64_t> oldSize = Size();
-    if (oldSize && *oldSize > 0) {
+    if (!oldSize || *oldSize > 0) {
         Close();
-        return FailWith(EEXIST);
+        return oldSize ? FailWith(EEXIST) : false;
     }
-    if (!oldSize || !Fill(content, model)) {
+    if (!Fill(content, model)) {
         RemoveFile(path);
         Close();
         return false;
