@@ -52,9 +52,10 @@ class QzStatusField final : public QLabel {
         const int right = std::min(geometry().right(), bar.right());
         int room = right + 1 - x();
         if (widthIn(NarrowFont(font(), room, widthIn)) > room) {
-            room = std::min(static_cast<int>(widthIn(font())) + 2 * TextIndent, bar.width());
+            room = static_cast<int>(widthIn(font())) + 2 * TextIndent;
         }
-        setGeometry(right + 1 - room, y(), std::max(room, 0), height());
+        room = std::min(room, right + 1 - bar.left());
+        setGeometry(right + 1 - room, y(), room, height());
     }
 
   private:

@@ -235,6 +235,11 @@ TEST_F(WindowTest, StatusBarLaysOutItsFields) {
         places.push_back(field->geometry().translated(field->parentWidget()->pos()));
     }
     EXPECT_EQ(places, (std::vector<QRect>{{0, 98, 50, 20}, {50, 98, 230, 20}, {280, 98, 80, 20}}));
+    StatusBarSetText(7, 2, u"A text longer than its field is wide");
+    ForgetEvents();
+    const QLabel& last = *Native(0)->ContentView()->findChildren<QLabel*>().last();
+    EXPECT_EQ(last.geometry().right(), 359);
+    EXPECT_GT(last.width(), 150) << "room is taken from those before it";
     WindowDestroy(0);
     EXPECT_EQ(StatusBarHeight(7), 0);
 }
