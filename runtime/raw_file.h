@@ -51,8 +51,10 @@ class RawFile {
     std::optional<std::size_t> Read(char* block, std::size_t size);
 
     // Makes `content` the whole content of a file that holds `old`, and returns when it has reached
-    // the disk. The space is reserved first, where the file system can do that, so that a full disk
-    // is noticed before anything is overwritten; after any other failure `old` is put back.
+    // the disk. In place: the file keeps its owner, permissions, links and name, wherever its
+    // folder has gone. The space is reserved first, where the file system can do that, so that a
+    // full disk is noticed before anything is overwritten; after any other failure `old` is put
+    // back.
     Replacement Replace(std::string_view content, std::string_view old);
 
     // Keeps others that lock the same file waiting until Unlock or Close. Waits for them a second
