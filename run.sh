@@ -41,6 +41,7 @@ if [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; then
 else
     install_packages build run tour
 fi
+# Without the Wayland platform X will do, if it answers.
 if wayland_answers; then
     install_packages wayland || x_answers
 fi

@@ -14,11 +14,11 @@ constexpr std::int64_t GridBottom = 580;
 constexpr std::int64_t AxisStart = 20;
 constexpr std::int64_t AxisOverhang = 20;  // beyond the plot
 constexpr std::int64_t HalfTick = 10;
-// Of an rpm label, which reads upwards from its foot: so far left of its tick, and its foot so far
-// below y = plot height.
+// An rpm label reads upwards: it stands this far left of its tick and begins this far below
+// y = plot height.
 constexpr std::int64_t RpmLabelLeft = 5;
 constexpr std::int64_t RpmLabelFoot = 85;
-// Of a speed label to the image's left edge, and above its tick.
+// A speed label stands this far from the image's left edge and above its tick.
 constexpr std::int64_t SpeedLabelLeft = 5;
 constexpr std::int64_t SpeedLabelRise = 5;
 

@@ -6,7 +6,7 @@ namespace rotavel {
 
 // Where the chart's values lie in its image, in pixels: 20 for each 250 rpm across and for each 10
 // speed units up. The origin of the axes is at (40, height of the plot + 40).
-inline constexpr std::int64_t ChartMargin = 40;  // left and below of the origin, above the plot
+inline constexpr std::int64_t ChartMargin = 40;  // left of the origin, above the plot
 inline constexpr std::int64_t ChartStep = 20;    // of ticks and labels
 inline constexpr std::int64_t RpmPerStep = 250;
 inline constexpr std::int64_t SpeedPerStep = 10;

@@ -8,15 +8,16 @@
 
 namespace rotavel {
 
-// The speeds that the chart is laid out by: whole numbers in the unit, saturated where 64 bits do
-// not hold them. maxRpm is in turns a minute.
+// The speeds that the chart is laid out by: whole numbers in the unit. maxRpm is in turns a minute.
 
-// Road speed of the gear (0 to 5) at maxRpm: where its line ends.
+// Road speed of the gear (0 to 5) at maxRpm: where its line ends. Saturated where 64 bits do not
+// hold it.
 std::int64_t GearTopSpeed(const GearInputs& inputs, std::size_t gear, std::int64_t maxRpm,
                           SpeedUnit unit);
 
 // The upper end of the speed axis, the next multiple of 10 strictly above what the top gear reaches
-// at maxRpm. Nothing when the mask is 0.
+// at maxRpm. Nothing when the mask is 0. Where 64 bits do not hold it, it wraps to what no window
+// can have.
 //
 // topGearIndex (-1 to 5, 0 before the first use) is the top gear, counted from 0; the caller keeps
 // it from one use to the next. Once it is not 0 only sixth gear can displace it, even when its own

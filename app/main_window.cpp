@@ -55,8 +55,8 @@ constexpr std::array TopRows = {
     GadgetRow{SpeedUnitBox, Kind::Choice, 260, 75, 50, u"", 0, u"Unit of speed"},
 };
 
-// The row of first gear; each further gear's stands GearRowStep lower, its numbers one higher. The
-// asterisk of a name stands for the gear's.
+// The row of first gear; each further gear's stands GearRowStep lower, its numbers one higher. A
+// `*` in a name stands for the gear in words.
 constexpr std::array GearRow = {
     GadgetRow{12, Kind::Label, 10, GearRowTop, 80, u"", TextRight},
     GadgetRow{GearDrivingField, Kind::Entry, 100, GearRowTop, 40, u"", StringNumeric,

@@ -83,7 +83,8 @@ void RasterLine(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t 
 void RasterDrawImage(NativeImage* image, std::int64_t x, std::int64_t y) {
     Drawing* const drawing = CurrentDrawing();
     if (drawing != nullptr && image != nullptr) {
-        // The toolkit copies the pixels of an image that is being drawn on, and only of that one.
+        // So that an image can be drawn on itself: where the image is being drawn on, and only
+        // there, a copied QImage has pixels of its own.
         const QImage source = *FromHandle(image);
         drawing->Painter.drawImage(ToCoordinate(x), ToCoordinate(y), source);
     }

@@ -15,9 +15,9 @@ namespace rotavel {
 // returns 0, false or an empty text and, unless it says otherwise, changes nothing.
 
 // Closes what was open and opens the file at `path`, to be rewritten in the layout of `flags`
-// (settings_flags.h). False when no file could be opened: the store is then empty and the first
-// flush creates the file. Also false where memory is short. A file that could not be read whole is
-// never rewritten; what was read of it can be used.
+// (settings_flags.h). False when no file could be opened: the store is then empty, and the first
+// flush creates the file where there is none. Also false where memory is short. A file that could
+// not be read whole is never rewritten; what was read of it can be used.
 bool SettingsOpen(std::u16string_view path, std::uint32_t flags);
 
 // The same with no flags.

@@ -23,7 +23,7 @@ char* FindLineEnd(char* position, char* end) {
     return FindAny<'\r', '\n'>(position, end);
 }
 
-// A zero byte stands behind the text.
+// These need no end: the zero byte behind the text stops them.
 
 char* SkipBlanks(char* position) {
     while (IsBlank(*position)) {

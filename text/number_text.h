@@ -6,8 +6,9 @@
 
 namespace rotavel {
 
-// Takes the process's locale from the environment, but keeps "." as its decimal point. Call it
-// once, after the toolkit, which sets the locale itself. The conversions below do not depend on it.
+// Takes the process's locale from the environment: system messages come in the user's language,
+// but "." stays the decimal point for whatever goes by the locale. Call it once, after the toolkit,
+// which sets the locale itself. The conversions below do not depend on it.
 void SetUpLocale();
 
 // The value in fixed notation with `decimals` decimals (0 to 512; beyond counts as the nearer

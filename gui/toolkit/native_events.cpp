@@ -18,7 +18,8 @@ namespace {
 
 // One call of ProcessNativeEvents.
 struct Turn {
-    int Depth;       // of deliveries, at which events come in from outside
+    // How many deliveries were under way when it began: events from outside come in at that depth.
+    int Depth;
     bool Postpones;  // every input, to a later call
     bool HasSeen = false;
     bool HasInput = false;  // one that came in during this call has been delivered
@@ -29,7 +30,7 @@ struct Turn {
 
 Turn* turn = nullptr;  // the innermost one
 int deliveries = 0;
-int redeliveryDepth = -1;  // of deliveries, while an input that had to wait is delivered
+int redeliveryDepth = -1;  // how many are under way while a kept input is sent; -1 when none is
 
 // The toolkit makes a mouse's event of a touch or a pen's that nobody takes, while that is being
 // delivered. Only the mouse's can wait.

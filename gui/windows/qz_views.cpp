@@ -12,7 +12,7 @@ namespace rotavel {
 
 namespace {
 
-// Larger than any screen, if not than what is scrolled on it.
+// Larger than any screen, so that it need not follow a window that grows.
 constexpr QSize DisabledViewSize(4096, 4096);
 
 }  // namespace
