@@ -5,8 +5,8 @@
 #include "draw/raster_drawing.h"
 #include "gui/gadget.h"
 #include "gui/image_gadget.h"
+#include "gui/numbers.h"
 #include "gui/window.h"
-#include "runtime/numbered_objects.h"
 
 namespace rotavel {
 

@@ -16,9 +16,9 @@
 #include "gui/canvas_gadget.h"
 #include "gui/event_queue.h"
 #include "gui/gadget.h"
+#include "gui/numbers.h"
 #include "gui/status_bar.h"
 #include "gui/window.h"
-#include "runtime/numbered_objects.h"
 #include "text/number_text.h"
 
 namespace rotavel {

@@ -9,7 +9,7 @@
 #include "draw/vector_drawing.h"
 #include "gui/application.h"
 #include "gui/font.h"
-#include "runtime/numbered_objects.h"
+#include "gui/numbers.h"
 
 // The speed chart's picture, drawn into an image without a display.
 

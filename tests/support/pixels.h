@@ -4,8 +4,8 @@
 #include <QRect>
 
 #include "draw/image.h"
+#include "gui/numbers.h"
 #include "gui/toolkit/handle.h"
-#include "runtime/numbered_objects.h"
 #include "tests/support/gui_test.h"
 
 namespace rotavel::tests {
