@@ -20,12 +20,12 @@
 #include "gui/gadget.h"
 #include "gui/image_gadget.h"
 #include "gui/menu.h"
+#include "gui/numbers.h"
 #include "gui/requester.h"
 #include "gui/status_bar.h"
 #include "gui/string_gadget.h"
 #include "gui/text_gadget.h"
 #include "gui/window.h"
-#include "runtime/numbered_objects.h"
 #include "text/utf.h"
 
 namespace {
@@ -131,7 +131,7 @@ void CreateFields() {
     SetGadgetColor(1, GadgetBackColor, ColourRGBA(255, 255, 200, 255));
     SetGadgetColor(1, GadgetFrontColor, ColourRGBA(0, 0, 160, 255));
     GadgetToolTip(1, u"Drop a text here");
-    EnableGadgetDrop(1, 1);
+    EnableGadgetDrop(1, true);
 }
 
 void CreateLabelsAndButtons() {
