@@ -1,6 +1,8 @@
 #include "draw/raster_drawing.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <utility>
 
 #include "draw/current_drawing.h"
 #include "draw/image.h"

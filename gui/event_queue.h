@@ -66,4 +66,5 @@ void BindEvent(EventCallback callback, std::uint32_t kind, WindowNumber window =
                std::int64_t object = -1, std::int64_t type = -1);
 void UnbindEvent(EventCallback callback, std::uint32_t kind, WindowNumber window = -1,
                  std::int64_t object = -1, std::int64_t type = -1);
+
 }  // namespace rotavel

@@ -17,13 +17,12 @@
 #include "gui/gadgets/gadget_registry.h"
 #include "gui/menu.h"
 #include "gui/menus/menu_bars.h"
-#include "gui/status_bar.h"
+#include "gui/numbers.h"
 #include "gui/toolkit/kept_input.h"
 #include "gui/toolkit/native_events.h"
 #include "gui/toolkit/retired_objects.h"
 #include "gui/window.h"
 #include "gui/windows/qz_window.h"
-#include "runtime/numbered_objects.h"
 
 // The toolkit's macro names a function of no namespace.
 static void LoadIcons() {
