@@ -24,7 +24,7 @@ bool BeginDrawing(const DrawingTarget& target) {
     if (target.Bitmap == nullptr) {
         return false;
     }
-    NotifyOfLostCanvas(EndDrawingOn);
+    SetLostCanvasHook(EndDrawingOn);
     current = new Drawing;
     current->Target = target;
     current->Path.setFillRule(Qt::WindingFill);

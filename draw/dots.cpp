@@ -18,7 +18,7 @@ constexpr double Precision = 1.0 / 16;
 
 constexpr double LongestPiece = 64;
 
-constexpr double Half = std::numbers::pi;  // of a turn
+constexpr double HalfTurn = std::numbers::pi;
 
 // The visible dots of one line.
 struct DotRow {
@@ -118,7 +118,7 @@ QPolygonF JoinedDiscs(const DotRow& row, double diameter, double first, double l
                            diameter / 2 * QPointF(std::cos(angle), std::sin(angle)));
         }
     };
-    const auto behind = [&](double disc) { return disc == 0 ? Half : Half - meeting; };
+    const auto behind = [&](double disc) { return disc == 0 ? HalfTurn : HalfTurn - meeting; };
     const auto ahead = [&](double disc) { return disc == row.Steps ? 0 : meeting; };
     for (double disc = first; disc <= last; ++disc) {
         addArc(disc, behind(disc), ahead(disc));
@@ -171,10 +171,11 @@ void PaintJoined(QPainter& painter, const std::vector<DotRow>& rows, const DotSt
 // pointed: no pixel is off by as much.
 QPolygonF Disc(double diameter, double precision) {
     const double widest = std::sqrt(12 * precision / diameter);
-    const double half = Half / 4 / std::ceil(Half / 4 / widest);
-    const double radius = diameter / 2 * std::sqrt(half / (std::sin(half) * std::cos(half)));
+    const double halfCorner = HalfTurn / 4 / std::ceil(HalfTurn / 4 / widest);
+    const double radius =
+        diameter / 2 * std::sqrt(halfCorner / (std::sin(halfCorner) * std::cos(halfCorner)));
     QPolygonF disc;
-    for (double angle = half; angle < 2 * Half; angle += 2 * half) {
+    for (double angle = halfCorner; angle < 2 * HalfTurn; angle += 2 * halfCorner) {
         disc.append(radius * QPointF(std::cos(angle), std::sin(angle)));
     }
     return disc;

@@ -41,6 +41,6 @@ std::int64_t CanvasGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_
 // that goes while it is being drawn on.
 NativeImage* CanvasBitmap(GadgetNumber canvas);
 void ShowCanvasBitmap(GadgetNumber canvas);
-void NotifyOfLostCanvas(void (*notify)(const NativeImage* bitmap));
+void SetLostCanvasHook(void (*notify)(const NativeImage* bitmap));
 
 }  // namespace rotavel

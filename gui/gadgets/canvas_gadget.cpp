@@ -26,7 +26,7 @@ namespace rotavel {
 
 namespace {
 
-void (*lostCanvasNotifier)(const NativeImage*) = nullptr;
+void (*lostCanvasHook)(const NativeImage*) = nullptr;
 
 constexpr int LongStep = 10;  // of an arrow key with Shift
 constexpr int PointerArm = 8;
@@ -60,8 +60,8 @@ class Qz_CanvasView final : public QWidget, public QzTaggedView {
     }
     ~Qz_CanvasView() override {
         delete focusFrame;
-        if (bitmap.paintingActive() && lostCanvasNotifier != nullptr) {
-            lostCanvasNotifier(ToHandle<NativeImage>(&bitmap));
+        if (bitmap.paintingActive() && lostCanvasHook != nullptr) {
+            lostCanvasHook(ToHandle<NativeImage>(&bitmap));
         }
     }
 
@@ -270,8 +270,8 @@ void ShowCanvasBitmap(GadgetNumber canvas) {
     }
 }
 
-void NotifyOfLostCanvas(void (*notify)(const NativeImage* bitmap)) {
-    lostCanvasNotifier = notify;
+void SetLostCanvasHook(void (*notify)(const NativeImage* bitmap)) {
+    lostCanvasHook = notify;
 }
 
 std::int64_t CanvasGadgetCreate(GadgetNumber number, std::int64_t x, std::int64_t y,

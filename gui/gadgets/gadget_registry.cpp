@@ -23,7 +23,7 @@ void FreeRecord(GadgetNumber number, GadgetRecord& record) {
 }
 
 // The view lives on for a while.
-void FreeRecordOnly(GadgetNumber number, GadgetRecord& record) {
+void FreeRecordBeforeView(GadgetNumber number, GadgetRecord& record) {
     dynamic_cast<QzTaggedView&>(*record.View).SetAlreadyDestroyed(true);
     FreeRecord(number, record);
 }
@@ -58,7 +58,7 @@ void FreeOne(GadgetNumber number, const GadgetRecord& record) {
     if (present == nullptr || present->Container != container) {
         return;
     }
-    FreeRecordOnly(number, *present);
+    FreeRecordBeforeView(number, *present);
     // A binding may have given it the keyboard back, and hiding would pass that on.
     TakeKeyboardFrom(*container);
     container->hide();
@@ -84,7 +84,7 @@ class GadgetObserver final : public WindowObserver {
         for (auto next = registry.First(); next.second != nullptr;
              next = registry.After(next.first)) {
             if (QzWindow::Of(next.second->Container) == &window) {
-                FreeRecordOnly(next.first, *next.second);
+                FreeRecordBeforeView(next.first, *next.second);
             }
         }
     }

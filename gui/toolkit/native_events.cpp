@@ -21,7 +21,7 @@ struct Turn {
     // How many deliveries were under way when it began: events from outside come in at that depth.
     int Depth;
     bool Postpones;  // every input, to a later call
-    bool HasSeen = false;
+    bool HasDelivered = false;
     bool HasInput = false;  // one that came in during this call has been delivered
     QEvent::Type InputType = QEvent::None;
     quint64 InputTime = 0;
@@ -112,10 +112,10 @@ bool ProcessNativeEvents(const QDeadlineTimer& deadline, NativeInput input) {
     QAbstractEventDispatcher::instance()->processEvents(flags);
     if (redelivers && !here.HasInput && IsInputKept()) {
         Redeliver();
-        here.HasSeen = true;
+        here.HasDelivered = true;
     }
     turn = around;
-    return here.HasSeen;
+    return here.HasDelivered;
 }
 
 bool IsNativeEvent(const QObject& receiver, const QEvent& event) {
@@ -143,7 +143,7 @@ bool AdmitNativeEvent(QObject& receiver, QEvent& event) {
         }
     }
     if (turn != nullptr) {
-        turn->HasSeen = true;
+        turn->HasDelivered = true;
     }
     return true;
 }
