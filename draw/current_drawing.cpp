@@ -2,9 +2,10 @@
 
 #include <utility>
 
+#include <QImage>
+
 #include "gui/canvas_gadget.h"
 #include "gui/toolkit/handle.h"
-#include "gui/toolkit/image.h"
 
 namespace rotavel {
 

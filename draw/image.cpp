@@ -6,9 +6,9 @@
 #include <QPainter>
 
 #include "draw/current_drawing.h"
+#include "gui/toolkit/bitmap.h"
 #include "gui/toolkit/coordinates.h"
 #include "gui/toolkit/handle.h"
-#include "gui/toolkit/image.h"
 #include "runtime/numbered_objects.h"
 
 namespace rotavel {

@@ -4,13 +4,14 @@
 #include <cstdlib>
 #include <utility>
 
+#include <QImage>
+
 #include "draw/current_drawing.h"
 #include "draw/image.h"
 #include "gui/canvas_gadget.h"
 #include "gui/toolkit/colour.h"
 #include "gui/toolkit/coordinates.h"
 #include "gui/toolkit/handle.h"
-#include "gui/toolkit/image.h"
 
 namespace rotavel {
 

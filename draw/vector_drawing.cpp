@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <QFontMetricsF>
+#include <QImage>
 #include <QLineF>
 #include <QPainterPathStroker>
 
@@ -12,7 +13,6 @@
 #include "draw/image.h"
 #include "gui/toolkit/colour.h"
 #include "gui/toolkit/handle.h"
-#include "gui/toolkit/image.h"
 #include "gui/toolkit/text.h"
 
 namespace rotavel {

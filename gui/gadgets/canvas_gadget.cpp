@@ -17,9 +17,9 @@
 #include "gui/gadgets/gadget_creation.h"
 #include "gui/gadgets/gadget_view.h"
 #include "gui/toolkit/accessible_role.h"
+#include "gui/toolkit/bitmap.h"
 #include "gui/toolkit/colour.h"
 #include "gui/toolkit/handle.h"
-#include "gui/toolkit/image.h"
 #include "gui/windows/qz_window.h"
 
 namespace rotavel {

@@ -1,4 +1,4 @@
-#include "gui/toolkit/image.h"
+#include "gui/toolkit/bitmap.h"
 
 #include <cmath>
 
