@@ -28,8 +28,8 @@ constexpr std::array<Colour, GearCount> GearColours = {
 
 void DrawBackground(const PlotSize& plot) {
     VectorSetColour(White);
-    PathAddBox(0, 0, static_cast<double>(plot.Width + PlotSize::ImageMarginX),
-               static_cast<double>(plot.Height + PlotSize::ImageMarginY));
+    PathAddBox(0, 0, static_cast<double>(plot.ImageWidth()),
+               static_cast<double>(plot.ImageHeight()));
     PathFill();
 }
 

@@ -21,7 +21,8 @@ PlotSize PlotSizeFor(std::int64_t maxRpm, std::int64_t topSpeed) {
 
 PlotPoint PlotPointAt(std::int64_t x, std::int64_t y, std::int64_t topSpeed) {
     const std::int64_t height = PlotSizeFor(0, topSpeed).Height;
-    return {(x - ChartMargin) * RpmPerStep / ChartStep, (height - y + ChartMargin) / 2};
+    return {(x - ChartMargin) * RpmPerStep / ChartStep,
+            (height - y + ChartMargin) * SpeedPerStep / ChartStep};
 }
 
 }  // namespace rotavel

@@ -13,11 +13,12 @@ inline constexpr std::int64_t SpeedPerStep = 10;
 inline constexpr double ChartLineWidth = 1.0;
 
 struct PlotSize {
-    std::int64_t Width;   // of the plot; the image adds ImageMarginX
-    std::int64_t Height;  // of the plot; the image adds ImageMarginY
+    std::int64_t Width;
+    std::int64_t Height;
 
-    static constexpr std::int64_t ImageMarginX = 80;
-    static constexpr std::int64_t ImageMarginY = 90;
+    // The image has margins for axes and labels.
+    std::int64_t ImageWidth() const { return Width + 80; }
+    std::int64_t ImageHeight() const { return Height + 90; }
 };
 
 // The size of a plot up to maxRpm turns a minute and a speed. Values far out of reach give sizes

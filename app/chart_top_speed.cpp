@@ -4,11 +4,11 @@
 #include <cmath>
 #include <limits>
 
+#include "app/chart_scale.h"
+
 namespace rotavel {
 
 namespace {
-
-constexpr std::int64_t SpeedStep = 10;
 
 // The nearest whole number, of two equally near the even one; not-a-number gives 0.
 std::int64_t RoundToInteger(double value) {
@@ -86,8 +86,8 @@ std::optional<std::int64_t> TopSpeedForChart(const GearInputs& inputs, GearMask 
         top = RoundToInteger(static_cast<double>(top) * UnitFactor(unit));
     }
     const auto above = static_cast<std::int64_t>(static_cast<std::uint64_t>(top) +
-                                                 static_cast<std::uint64_t>(SpeedStep));
-    return above / SpeedStep * SpeedStep;
+                                                 static_cast<std::uint64_t>(SpeedPerStep));
+    return above / SpeedPerStep * SpeedPerStep;
 }
 
 }  // namespace rotavel

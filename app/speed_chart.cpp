@@ -34,8 +34,8 @@ constexpr std::int64_t Canvas = 63;
 constexpr std::int64_t CanvasMargin = 10;  // of the canvas to the window's edges
 
 bool OpenChartWindow(const PlotSize& plot, std::u16string_view heading) {
-    const std::int64_t width = plot.Width + PlotSize::ImageMarginX;
-    const std::int64_t height = plot.Height + PlotSize::ImageMarginY;
+    const std::int64_t width = plot.ImageWidth();
+    const std::int64_t height = plot.ImageHeight();
     const std::u16string title = std::u16string(ProgramTitle) + u" Graphic";
     if (WindowCreate(ChartWindow, 0, 0, width + 2 * CanvasMargin, height + 2 * CanvasMargin, title,
                      WindowOwnerCentred | WindowCloseBox, WindowNativeHandle(MainWindow)) == 0) {
@@ -58,8 +58,7 @@ bool OpenChartWindow(const PlotSize& plot, std::u16string_view heading) {
 // An image with the plot, shown on the canvas; 0 when it cannot be made.
 std::int64_t MakePlotImage(const GearInputs& inputs, const PlotSize& plot, std::int64_t maxRpm,
                            std::int64_t topSpeed) {
-    const std::int64_t image = ImageCreate(AnyNumber, plot.Width + PlotSize::ImageMarginX,
-                                           plot.Height + PlotSize::ImageMarginY);
+    const std::int64_t image = ImageCreate(AnyNumber, plot.ImageWidth(), plot.ImageHeight());
     if (image == 0) {
         return 0;
     }

@@ -31,8 +31,7 @@ void DrawPlotIntoImage(benchmark::State& state) {
     const std::int64_t topSpeed = state.range(1);
     const PlotSize plot = PlotSizeFor(maxRpm, topSpeed);
     for (auto _ : state) {
-        const std::int64_t image = ImageCreate(AnyNumber, plot.Width + PlotSize::ImageMarginX,
-                                               plot.Height + PlotSize::ImageMarginY);
+        const std::int64_t image = ImageCreate(AnyNumber, plot.ImageWidth(), plot.ImageHeight());
         if (!VectorBegin(ImageVectorTarget(image))) {
             state.SkipWithError("the image could not be drawn on");
             break;
