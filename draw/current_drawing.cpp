@@ -11,7 +11,7 @@ namespace rotavel {
 
 namespace {
 
-// Not destroyed at exit: it ends when the bitmap that it works on goes, in whatever order they go.
+// Ends at the latest when the bitmap that it works on goes.
 Drawing* current = nullptr;
 
 }  // namespace

@@ -15,21 +15,21 @@ namespace rotavel {
 
 namespace {
 
-// Ends the drawing on an image that it takes along at exit.
-struct Images : NumberedObjects<QImage> {
-    ~Images() { ImageFree(AnyNumber); }
-} registry;
+NumberedObjects<QImage> registry;
 
 std::int64_t Register(std::int64_t number, QImage bitmap) {
-    if (bitmap.isNull() || number < AnyNumber) {
+    if (bitmap.isNull()) {
         return 0;
     }
     if (number != AnyNumber) {
         ImageFree(number);
     }
     const auto [id, image] = registry.Create(number);
+    if (image == nullptr) {
+        return 0;
+    }
     *image = std::move(bitmap);
-    return number == AnyNumber ? id : reinterpret_cast<std::intptr_t>(image);
+    return CreationResult(number, id, image);
 }
 
 // For each target pixel of one axis the source pixel it shows, in 16.16 fixed point.
@@ -69,11 +69,8 @@ std::int64_t ImageCreate(std::int64_t number, std::int64_t width, std::int64_t h
 std::int64_t ImageGrab(std::int64_t source, std::int64_t number, std::int64_t x, std::int64_t y,
                        std::int64_t width, std::int64_t height) {
     const QImage* const from = registry.Find(source);
-    if (from == nullptr) {
-        return 0;
-    }
     QImage bitmap = MakeBitmap(width, height);
-    if (bitmap.isNull()) {
+    if (from == nullptr || bitmap.isNull()) {
         return 0;
     }
     bitmap.fill(Qt::white);
