@@ -105,10 +105,8 @@ bool ImageResize(std::int64_t image, std::int64_t width, std::int64_t height, st
 
 void ImageFree(std::int64_t image) {
     if (image == AnyNumber) {
-        for (auto next = registry.First(); next.second != nullptr;
-             next = registry.After(next.first)) {
-            EndDrawingOn(ToHandle<NativeImage>(next.second));
-        }
+        registry.ForEach(
+            [](std::int64_t, QImage& bitmap) { EndDrawingOn(ToHandle<NativeImage>(&bitmap)); });
         registry.Clear();
     } else if (QImage* const bitmap = registry.Find(image)) {
         EndDrawingOn(ToHandle<NativeImage>(bitmap));

@@ -40,8 +40,17 @@ class NumberedObjects {
 
     void Clear() { records.clear(); }
 
+    // Calls visit(number, record) for each record that is there when its turn comes, lowest number
+    // first; records may come and go meanwhile.
+    template <typename Visit>
+    void ForEach(Visit visit) const {
+        for (auto next = First(); next.second != nullptr; next = After(next.first)) {
+            visit(next.first, *next.second);
+        }
+    }
+
     // The lowest open number and its record, and the next one above a number; a null record when
-    // there is none. They let a caller walk the family while records come and go.
+    // there is none. For those who may stop before the last.
     std::pair<std::int64_t, Record*> First() const { return After(AnyNumber); }
     std::pair<std::int64_t, Record*> After(std::int64_t number) const {
         const auto found = records.upper_bound(number);

@@ -33,11 +33,11 @@ void FreeRecordBeforeView(GadgetNumber number, GadgetRecord& record) {
 template <typename Predicate>
 void FreeWhere(Predicate matches) {
     std::vector<std::pair<GadgetNumber, const QWidget*>> present;
-    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
-        if (matches(*next.second)) {
-            present.emplace_back(next.first, next.second->Container);
+    registry.ForEach([&](GadgetNumber number, const GadgetRecord& record) {
+        if (matches(record)) {
+            present.emplace_back(number, record.Container);
         }
-    }
+    });
     for (const auto& [number, container] : present) {
         const GadgetRecord* const record = registry.Find(number);
         if (record != nullptr && record->Container == container && matches(*record)) {
@@ -81,12 +81,11 @@ class GadgetObserver final : public WindowObserver {
     void WindowClosed(QzWindow& window) override {
         QzGadgetList::RemoveWindow(ToHandle<NativeWindow>(&window));
         // A callback may have created gadgets in it to the last: they go with it, without a word.
-        for (auto next = registry.First(); next.second != nullptr;
-             next = registry.After(next.first)) {
-            if (QzWindow::Of(next.second->Container) == &window) {
-                FreeRecordBeforeView(next.first, *next.second);
+        registry.ForEach([&window](GadgetNumber number, GadgetRecord& record) {
+            if (QzWindow::Of(record.Container) == &window) {
+                FreeRecordBeforeView(number, record);
             }
-        }
+        });
     }
 };
 

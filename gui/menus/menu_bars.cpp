@@ -81,9 +81,7 @@ void MenuBars::Free(std::int64_t number) {
 
 void MenuBars::FreeAll() {
     std::vector<std::int64_t> numbers;  // those of now: a callback may make others
-    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
-        numbers.push_back(next.first);
-    }
+    registry.ForEach([&](std::int64_t number, const MenuRecord&) { numbers.push_back(number); });
     for (const std::int64_t number : numbers) {
         Free(number);
     }

@@ -179,10 +179,9 @@ std::int64_t WindowCreate(WindowNumber number, std::int64_t x, std::int64_t y, s
 void WindowDestroy(WindowNumber number) {
     if (number == AnyNumber) {
         std::vector<std::pair<WindowNumber, QzWindow*>> open;
-        for (auto next = registry.First(); next.second != nullptr;
-             next = registry.After(next.first)) {
-            open.emplace_back(next.first, next.second->Window);
-        }
+        registry.ForEach([&open](WindowNumber each, const WindowRecord& record) {
+            open.emplace_back(each, record.Window);
+        });
         for (const auto& [each, window] : open) {
             if (FindWindow(each) == window) {
                 DestroyOne(each, *window);
