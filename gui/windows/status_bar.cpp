@@ -146,11 +146,11 @@ void DestroyBar(std::int64_t number, QzStatusBarView* bar) {
 }  // namespace
 
 void DestroyStatusBarsOf(const QzWindow& window) {
-    for (auto next = registry.First(); next.second != nullptr; next = registry.After(next.first)) {
-        if ((*next.second)->Window() == &window) {
-            DestroyBar(next.first, *next.second);
+    registry.ForEach([&window](std::int64_t number, QzStatusBarView* bar) {
+        if (bar->Window() == &window) {
+            DestroyBar(number, bar);
         }
-    }
+    });
 }
 
 std::int64_t StatusBarCreate(std::int64_t number, NativeWindow* window) {
