@@ -27,13 +27,16 @@ constexpr int WrapWidthInLetters = 60;  // lines longer than that are hard to re
 // The open boxes, the newest last: a timer may open one over another.
 std::vector<MessageBox*> openBoxes;
 
+int WrapWidthOf(const QLabel& label) {
+    return WrapWidthInLetters * label.fontMetrics().averageCharWidth();
+}
+
 QLabel* MakeLabel(const QString& text, QWidget* parent) {
     auto* const label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setText(text);
-    const int wrapWidth = WrapWidthInLetters * label->fontMetrics().averageCharWidth();
-    label->setWordWrap(label->sizeHint().width() > wrapWidth);
+    label->setWordWrap(label->sizeHint().width() > WrapWidthOf(*label));
     return label;
 }
 
@@ -52,10 +55,9 @@ QWidget* MakeMessage(const QString& title, const QString& text) {
     column->addStretch();
     int width = 0;
     for (const QLabel* const label : {titleLabel, textLabel}) {
-        const int wrapWidth = WrapWidthInLetters * label->fontMetrics().averageCharWidth();
         // A word wider than the line is not broken.
         width = std::max({width, label->minimumSizeHint().width(),
-                          label->wordWrap() ? wrapWidth : label->sizeHint().width()});
+                          label->wordWrap() ? WrapWidthOf(*label) : label->sizeHint().width()});
     }
     message->resize(width, column->hasHeightForWidth() ? column->totalHeightForWidth(width)
                                                        : column->totalSizeHint().height());
