@@ -38,12 +38,12 @@ double RatioAt(const GearInputs& inputs, std::int64_t gearIndex) {
                          : inputs.GearRatio[static_cast<std::size_t>(gearIndex)];
 }
 
-// Of the gears of the mask, which are those with a ratio above 0.
-double FastestSpeed(const GearInputs& inputs, GearMask mask, std::int64_t maxRpm) {
+// Of the gears with a ratio above 0.
+double FastestSpeed(const GearInputs& inputs, std::int64_t maxRpm) {
     double fastest = -std::numeric_limits<double>::infinity();
-    for (std::size_t gear = 0; gear < GearCount; ++gear) {
-        if ((mask >> gear & 1) != 0) {
-            fastest = std::max(fastest, SpeedAt(inputs, inputs.GearRatio[gear], maxRpm));
+    for (const double gearRatio : inputs.GearRatio) {
+        if (gearRatio > 0.0) {
+            fastest = std::max(fastest, SpeedAt(inputs, gearRatio, maxRpm));
         }
     }
     return fastest;
@@ -69,17 +69,13 @@ std::int64_t GearTopSpeed(const GearInputs& inputs, std::size_t gear, std::int64
     return RoundToInteger(SpeedAt(inputs, inputs.GearRatio[gear], maxRpm) * UnitFactor(unit));
 }
 
-std::optional<std::int64_t> TopSpeedForChart(const GearInputs& inputs, GearMask mask,
-                                             std::int64_t maxRpm, SpeedUnit unit,
-                                             std::int64_t& topGearIndex) {
-    if (mask == 0) {
-        return std::nullopt;
-    }
+std::int64_t TopSpeedForChart(const GearInputs& inputs, std::int64_t maxRpm, SpeedUnit unit,
+                              std::int64_t& topGearIndex) {
     FindTopGear(inputs, topGearIndex);
 
     double kmh = SpeedAt(inputs, RatioAt(inputs, topGearIndex), maxRpm);
     if (!std::isfinite(kmh)) {
-        kmh = FastestSpeed(inputs, mask, maxRpm);
+        kmh = FastestSpeed(inputs, maxRpm);
     }
     std::int64_t top = RoundToInteger(kmh);
     if (unit == SpeedUnit::Mph) {

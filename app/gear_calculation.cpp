@@ -63,9 +63,9 @@ std::array<std::optional<double>, GearCount> RoadSpeeds(const GearInputs& inputs
     return speeds;
 }
 
-std::optional<double> EngineSpeed(const GearInputs& inputs, GearMask mask, std::size_t gear,
+std::optional<double> EngineSpeed(const GearInputs& inputs, std::size_t gear,
                                   std::u16string_view speed, SpeedUnit unit) {
-    if (gear >= GearCount || (mask >> gear & 1) == 0) {
+    if (!(inputs.GearRatio[gear] > 0.0)) {
         return std::nullopt;
     }
     double kmh = TypedNumber(speed);

@@ -58,8 +58,8 @@ std::array<std::optional<double>, GearCount> RoadSpeeds(const GearInputs& inputs
                                                         SpeedUnit unit);
 
 // Engine speed in turns a minute at which the gear (0 to 5) drives at the speed typed in the unit.
-// Nothing when the mask lacks the gear or the speed is not above 0.
-std::optional<double> EngineSpeed(const GearInputs& inputs, GearMask mask, std::size_t gear,
+// Nothing when the gear's ratio or the speed is not above 0.
+std::optional<double> EngineSpeed(const GearInputs& inputs, std::size_t gear,
                                   std::u16string_view speed, SpeedUnit unit);
 
 }  // namespace rotavel

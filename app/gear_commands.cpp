@@ -58,9 +58,9 @@ void CalcRpmForGear(std::int64_t button) {
         return;
     }
     GearInputs inputs;
-    const GearMask mask = ReadGearInputs(inputs);
+    ReadGearInputs(inputs);  // no ratio is above 0 where there is nothing to calculate with
     const std::optional<double> rpm = EngineSpeed(
-        inputs, mask, *gear, GetGadgetText(GadgetOfGear(GearSpeedField, *gear)), UnitOnShow());
+        inputs, *gear, GetGadgetText(GadgetOfGear(GearSpeedField, *gear)), UnitOnShow());
     if (!rpm) {
         return;
     }

@@ -136,20 +136,16 @@ void CloseChart(SpeedChart& chart) {
 }  // namespace
 
 void ShowSpeedChart(SpeedChart& chart) {
-    if (WindowExists(ChartWindow)) {
+    if (WindowExists(ChartWindow) || ReadGearInputs(chart.Inputs) == 0) {
         return;
     }
-    const GearMask mask = ReadGearInputs(chart.Inputs);
     const std::int64_t maxRpm = TextToInteger(GetGadgetText(MaxRpmField));
-    const auto topSpeed =
-        TopSpeedForChart(chart.Inputs, mask, maxRpm, UnitOnShow(), chart.TopGearIndex);
-    if (!topSpeed) {
-        return;
-    }
+    const std::int64_t topSpeed =
+        TopSpeedForChart(chart.Inputs, maxRpm, UnitOnShow(), chart.TopGearIndex);
     chart.ChartImage =
-        OpenSpeedChart(CurrentManufacturer() + u"- " + CurrentModel(), maxRpm, *topSpeed);
+        OpenSpeedChart(CurrentManufacturer() + u"- " + CurrentModel(), maxRpm, topSpeed);
     chart.ChartMaxRpm = maxRpm;
-    chart.ChartTopSpeed = *topSpeed;
+    chart.ChartTopSpeed = topSpeed;
 }
 
 void HandleChartEvent(SpeedChart& chart) {

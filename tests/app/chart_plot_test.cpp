@@ -107,7 +107,7 @@ TEST_F(ChartPlotTest, ReachesToTheNextTenAboveTheTopGearsSpeed) {
     // 0.06 km/h per rpm in a gear of ratio 1, without rounding errors.
     GearInputs inputs = {.Circumference = 100, .PrimaryRatio = 0.5, .FinalDriveRatio = 2};
     const std::tuple<std::array<double, GearCount>, std::int64_t, SpeedUnit, std::int64_t,
-                     std::optional<std::int64_t>>
+                     std::int64_t>
         cases[] = {
             {{4}, 3000, SpeedUnit::Mph, 0, 60},  // the final drive in the place of first gear alone
             {{4}, 3000, SpeedUnit::Kmh, 5, 50},  // the chart before had a sixth gear
@@ -116,7 +116,7 @@ TEST_F(ChartPlotTest, ReachesToTheNextTenAboveTheTopGearsSpeed) {
     for (const auto& [ratios, maxRpm, unit, before, top] : cases) {
         std::int64_t topGearIndex = before;
         inputs.GearRatio = ratios;
-        EXPECT_EQ(TopSpeedForChart(inputs, 1, maxRpm, unit, topGearIndex), top) << maxRpm;
+        EXPECT_EQ(TopSpeedForChart(inputs, maxRpm, unit, topGearIndex), top) << maxRpm;
     }
     inputs.GearRatio = {3};
     EXPECT_EQ(GearTopSpeed(inputs, 0, 9325, SpeedUnit::Kmh), 186) << "186.5";
