@@ -9,11 +9,10 @@
 
 #include "app/current_motorcycle.h"
 #include "app/default_settings.h"
+#include "app/last_values.h"
 #include "app/main_loop.h"
 #include "app/main_window.h"
 #include "app/motorcycle_records.h"
-#include "app/settings_group.h"
-#include "app/settings_keys.h"
 #include "draw/image.h"
 #include "gui/application.h"
 #include "gui/event_queue.h"
@@ -60,7 +59,6 @@ void AddStatusBar() {
 
 void OpenWithSettings(Program& program) {
     program.Makers = ReadMotorcycles();
-    SettingsSelectGroup(LastValuesGroup);
     FontLoad(ProgramFont, u"Arial", ProgramFontPoints);
     SetGadgetFont(AnyNumber, ProgramFont);
     OpenMainWindow(program.Makers);

@@ -4,8 +4,7 @@ namespace rotavel {
 
 // The group [Settings]: the values on show when the program last ended.
 
-// Puts them from the current group of the settings store into the main window's gadgets and the
-// current motorcycle's names.
+// Puts them into the main window's gadgets and the current motorcycle's names.
 void RestoreLastValues();
 
 // Writes what the window shows now, as it stands, into the group.

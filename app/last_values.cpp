@@ -1,4 +1,4 @@
-#include "app/settings_group.h"
+#include "app/last_values.h"
 
 #include <array>
 #include <cstdint>
@@ -42,10 +42,11 @@ constexpr std::array FieldKeys = {
 }  // namespace
 
 void RestoreLastValues() {
-    const std::u16string_view metric = UnitTexts[static_cast<std::size_t>(SpeedUnit::Kmh)];
-    const bool isMetric = SettingsReadString(SpeedTypeKey, metric) == metric;
+    SettingsSelectGroup(LastValuesGroup);
+    const std::u16string_view kmh = UnitTexts[static_cast<std::size_t>(SpeedUnit::Kmh)];
+    const bool isKmh = SettingsReadString(SpeedTypeKey, kmh) == kmh;
     SetGadgetState(SpeedUnitBox,
-                   static_cast<std::int64_t>(isMetric ? SpeedUnit::Kmh : SpeedUnit::Mph));
+                   static_cast<std::int64_t>(isKmh ? SpeedUnit::Kmh : SpeedUnit::Mph));
     SetCurrentMotorcycle(SettingsReadString(ManufacturerKey, u""),
                          SettingsReadString(ModelKey, u""));
     for (const FieldKey& each : FieldKeys) {
