@@ -98,11 +98,8 @@ void QzWindowEvents::WindowFrameDidChange() {
 }
 
 void QzWindowEvents::WindowDidZoom(bool wasZoomed) {
-    if (!WindowInstance->Layout().IsResizable()) {
-        return;
-    }
     const QPointer<QzWindowEvents> self = this;
-    if (wasZoomed != told.IsZoomed) {
+    if (WindowInstance->Layout().IsResizable() && wasZoomed != told.IsZoomed) {
         // The zoom before this one is not told yet, and the size it led to is gone or never came.
         told.IsZoomed = wasZoomed;
         told.Content = {};
@@ -110,15 +107,15 @@ void QzWindowEvents::WindowDidZoom(bool wasZoomed) {
         WindowDidResize();
     }
     if (self != nullptr) {
+        // The frame may get its new width last, which the toolkit does not tell of.
+        managerAnswered.setRemainingTime(ManagerAnswersMs);
         WindowFrameDidChange();
     }
 }
 
 void QzWindowEvents::WindowDidTakeBounds() {
     const QPointer<QzWindowEvents> self = this;
-    const Geometry given = CurrentGeometry();
-    told.IsZoomed = given.IsZoomed;
-    told.Inset = given.Inset;
+    told.IsZoomed = CurrentGeometry().IsZoomed;
     Report();
     // The window manager answers request by request, and each answer first takes the window back
     // to bounds that the program has left already.
@@ -128,8 +125,7 @@ void QzWindowEvents::WindowDidTakeBounds() {
 }
 
 QzWindowEvents::Geometry QzWindowEvents::CurrentGeometry() const {
-    const QPoint corner = FrameOf(*WindowInstance).topLeft();
-    return {corner, InnerCornerOf(*WindowInstance) - corner, WindowInstance->Layout().ContentSize(),
+    return {FrameOf(*WindowInstance).topLeft(), WindowInstance->Layout().ContentSize(),
             WindowInstance->Layout().IsResizable() && WindowInstance->isMaximized()};
 }
 
@@ -150,9 +146,8 @@ void QzWindowEvents::Report() {
         return;  // a zoom is told as one; its size is still to come
     }
     const Geometry before = std::exchange(told, current);
-    // A frame that the window manager adds or changes moves nothing, and where a zoom puts the
-    // window is part of the zoom.
-    const bool moves = current.Corner != before.Corner && current.Inset == before.Inset && !zooms;
+    // Where a zoom puts the window is part of the zoom.
+    const bool moves = current.Corner != before.Corner && !zooms;
     const QPointer<QzWindowEvents> self = this;
     if (zooms) {
         WindowShouldZoom(before.Content.isValid()

@@ -38,13 +38,14 @@ class QzWindowEvents final : public QObject {
     void WindowFrameDidChange();
     // The window was zoomed, or zoomed back. Its new size may be still to come.
     void WindowDidZoom(bool wasZoomed);
+    // An edge of its frame is elsewhere.
+    void WindowDidMove() const;
     // The program has given the window new bounds.
     void WindowDidTakeBounds();
 
   private:
     struct Geometry {
         QPoint Corner;  // of the frame
-        QPoint Inset;   // of the inside to the frame
         QSize Content;
         bool IsZoomed = false;
     };
@@ -58,7 +59,6 @@ class QzWindowEvents final : public QObject {
 
     void WindowShouldZoom(bool grows);
     void WindowDidResize();
-    void WindowDidMove() const;
 
     QzWindow* WindowInstance = nullptr;
     WindowNumber WindowID = -1;
