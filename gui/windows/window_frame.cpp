@@ -5,6 +5,7 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QRegion>
 #include <QScreen>
 #include <QWidget>
 #include <QWindow>
@@ -151,6 +152,14 @@ void CentreFrameOver(QWidget& window, const QWidget& owner) {
 
 bool IsFrameOnScreen(const QWidget& window) {
     return window.screen()->availableGeometry().contains(FrameOf(window));
+}
+
+bool IsFrameOnScreens(const QWidget& window) {
+    QRegion outside(FrameOf(window));
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        outside -= screen->availableGeometry();
+    }
+    return outside.isEmpty();
 }
 
 void MoveFrameOntoScreen(QWidget& window) {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include <QScreen>
 #include <QTimer>
 #include <QWindow>
 
@@ -28,7 +29,9 @@ QzWindow* OwnerOf(const QzWindow& window) {
 }  // namespace
 
 WindowPresentation::WindowPresentation(QzWindow& presentedWindow, std::uint32_t creationFlags)
-    : window(presentedWindow), flags(creationFlags), over(OwnerOf(presentedWindow)) {}
+    : window(presentedWindow), flags(creationFlags), over(OwnerOf(presentedWindow)) {
+    FollowScreen();
+}
 
 bool WindowPresentation::IsVisibleOrPending() const {
     return isPending || window.isVisible();
@@ -146,10 +149,16 @@ void WindowPresentation::Present() {
     if (!isStillWanted) {
         return;
     }
-    if (window.windowHandle() == nullptr && !IsCompositorInCharge()) {
-        unframedCorner = window.pos();
+    if (window.windowHandle() == nullptr) {
+        if (!IsCompositorInCharge()) {
+            unframedCorner = window.pos();
+        }
+        window.winId();  // makes the native window
+        QObject::connect(window.windowHandle(), &QWindow::screenChanged, &window, [this] {
+            FollowScreen();
+            FitOntoScreen();
+        });
     }
-    window.winId();  // makes the native window
     if (QzWindow* const parent = window.ParentWindow()) {
         parent->winId();
         window.windowHandle()->setTransientParent(parent->windowHandle());
@@ -218,13 +227,32 @@ void WindowPresentation::ContentPainted() {
         delegate->WindowDidShow();
     }
     RememberFrame(window);
-    if (window.Layout().IsTooLarge() && !window.isMaximized() && !window.isMinimized()) {
+    if (window.Layout().IsTooLarge()) {
         // Its frame was not known when it was made. Not within the painting, which this is.
-        const auto fitOntoScreen = [this] {
-            window.Layout().SetContentSize(window.Layout().ContentSize());
+        QMetaObject::invokeMethod(
+            &window, [this] { FitOntoScreen(); }, Qt::QueuedConnection);
+    }
+}
+
+void WindowPresentation::FollowScreen() {
+    QObject::disconnect(roomChanges);
+    roomChanges = QObject::connect(window.screen(), &QScreen::availableGeometryChanged, &window,
+                                   [this] { FitOntoScreen(); });
+}
+
+void WindowPresentation::FitOntoScreen() {
+    if (window.IsPopup()) {
+        SetCorner(popupCorner);
+    } else if (!window.isMaximized() && !window.isFullScreen()) {
+        const QSize before = window.size();
+        window.Layout().SetContentSize(window.Layout().ContentSize());
+        if (!IsFrameOnScreens(window)) {
             MoveFrameOntoScreen(window);
-        };
-        QMetaObject::invokeMethod(&window, fitOntoScreen, Qt::QueuedConnection);
+        }
+        if (window.size() != before && window.isVisible() && window.Delegate() != nullptr) {
+            // The content is no other, but what stands beside the window has to follow.
+            window.Delegate()->WindowDidMove();
+        }
     }
 }
 

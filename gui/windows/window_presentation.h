@@ -4,6 +4,7 @@
 #include <optional>
 
 #include <QDeadlineTimer>
+#include <QMetaObject>
 #include <QPoint>
 #include <QPointer>
 #include <QSize>
@@ -13,7 +14,8 @@ namespace rotavel {
 class QzWindow;
 
 // How a window comes onto the screen: when the program next waits, where its flags want it, and in
-// the frame that the window manager gives it at its own pace.
+// the frame that the window manager gives it at its own pace; and how it stays there when the
+// screen becomes another.
 class WindowPresentation {
   public:
     // `creationFlags` are those of WindowCreate.
@@ -48,6 +50,9 @@ class WindowPresentation {
   private:
     void Present();
     bool IsAwaited() const;
+    void FollowScreen();
+    // Makes the window as large as its content asks for and its screen has room for.
+    void FitOntoScreen();
 
     QzWindow& window;
     std::uint32_t flags;      // what the next presentation goes by
@@ -57,6 +62,7 @@ class WindowPresentation {
     bool isUnderWay = false;
     bool stands = false;
     QDeadlineTimer patience;
+    QMetaObject::Connection roomChanges;
     // Of the window until its frame has moved it, and until it is zoomed.
     std::optional<QPoint> unframedCorner;
     std::optional<QSize> unzoomedSize;
