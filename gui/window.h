@@ -15,7 +15,8 @@ namespace rotavel {
 //
 // A window that its screen has no room for is as large as fits, with the frame on the screen, and
 // scrolls: by bars, wheel, keys, and by itself when the pointer nears an edge that cuts the gadget
-// under it. Its content keeps the size that was asked for.
+// under it. Its content keeps the size that was asked for. When the screen becomes another, its
+// windows are fitted anew.
 
 inline constexpr std::uint32_t WindowHidden = 1;  // not shown until WindowShow
 inline constexpr std::uint32_t WindowResizable = 2;
