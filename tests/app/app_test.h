@@ -42,11 +42,15 @@ class AppTest : public DrawTest {
     // Lets the program do what the input so far asks for, and its windows come and go.
     void Run() {
         for (int turns = 0; turns < 2; ++turns) {
-            QCoreApplication::processEvents();
-            PostProgramEvent(CloseRequested, MainWindow);
-            RunMainLoop(program);
+            Serve();
         }
         ForgetEvents();
+    }
+    // The same without dropping what comes later.
+    void Serve() {
+        QCoreApplication::processEvents();
+        PostProgramEvent(CloseRequested, MainWindow);
+        RunMainLoop(program);
     }
     void Push(std::int64_t button) {
         Click(button);

@@ -94,7 +94,7 @@ TEST_F(SpeedChartTest, ReadsOutAndMagnifiesWhatIsUnderThePointer) {
     QWidget& window = *View(ChartCanvas)->window();
     window.move(window.pos() + QPoint(-30, 30));  // as the rider does
     EXPECT_TRUE(QTest::qWaitFor([this] {
-        Run();
+        Serve();
         return WindowGetX(magnifier) == WindowGetX(chart) + WindowGetWidth(chart, OuterFrame) &&
                WindowGetY(magnifier) == WindowGetY(chart);
     })) << "it goes where the chart goes";
