@@ -51,7 +51,7 @@ class QzStatusField final : public QLabel {
         };
         const int right = std::min(geometry().right(), bar.right());
         int room = right + 1 - x();
-        if (widthIn(NarrowFont(font(), room, widthIn)) > room) {
+        if (!text().isEmpty() && widthIn(NarrowFont(font(), room, widthIn)) > room) {
             room = static_cast<int>(widthIn(font())) + 2 * TextIndent;
         }
         room = std::min(room, right + 1 - bar.left());
