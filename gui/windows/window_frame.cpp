@@ -154,7 +154,7 @@ bool IsFrameOnScreen(const QWidget& window) {
     return window.screen()->availableGeometry().contains(FrameOf(window));
 }
 
-bool IsFrameOnScreens(const QWidget& window) {
+bool IsFrameSeenWhole(const QWidget& window) {
     QRegion outside(FrameOf(window));
     for (const QScreen* const screen : QGuiApplication::screens()) {
         outside -= screen->availableGeometry();

@@ -246,7 +246,7 @@ void WindowPresentation::FitOntoScreen() {
     } else if (!window.isMaximized() && !window.isFullScreen()) {
         const QSize before = window.size();
         window.Layout().SetContentSize(window.Layout().ContentSize());
-        if (!IsFrameOnScreens(window)) {
+        if (!IsFrameSeenWhole(window)) {
             MoveFrameOntoScreen(window);
         }
         if (window.size() != before && window.isVisible() && window.Delegate() != nullptr) {
