@@ -150,15 +150,16 @@ int ContentScroll::StepAlong(const QScrollBar& bar) const {
         return 0;
     }
     const QRect part(gadget->mapTo(&window, QPoint()), gadget->size());
-    const bool isAcross = &bar == across;
-    const int before = isAcross ? pointer.x() - view.left() : pointer.y() - view.top();
-    const int behind = isAcross ? view.right() - pointer.x() : view.bottom() - pointer.y();
-    const int hiddenBefore = isAcross ? view.left() - part.left() : view.top() - part.top();
-    const int hiddenBehind = isAcross ? part.right() - view.right() : part.bottom() - view.bottom();
-    if (behind < EdgeWidth && hiddenBehind > 0) {
+    const auto along = [&](QPoint way) { return &bar == across ? way.x() : way.y(); };
+    const int hiddenBefore = along(view.topLeft() - part.topLeft());
+    const int hiddenBehind = along(part.bottomRight() - view.bottomRight());
+    if (hiddenBehind > 0 && along(view.bottomRight() - pointer) < EdgeWidth) {
         return std::min(EdgeStep, hiddenBehind);
     }
-    return before < EdgeWidth && hiddenBefore > 0 ? -std::min(EdgeStep, hiddenBefore) : 0;
+    if (hiddenBefore > 0 && along(pointer - view.topLeft()) < EdgeWidth) {
+        return -std::min(EdgeStep, hiddenBefore);
+    }
+    return 0;
 }
 
 void ContentScroll::timerEvent(QTimerEvent*) {
