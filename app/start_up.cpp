@@ -74,8 +74,7 @@ const Program* running = nullptr;  // until its values are saved
 // When its display is lost the toolkit ends the process at once.
 void SaveAtExit() {
     if (const Program* const program = std::exchange(running, nullptr)) {
-        SaveLastValues();
-        CloseSettings(program->SettingsPath);
+        ShutDown(*program);
     }
 }
 

@@ -6,16 +6,16 @@ namespace rotavel {
 
 namespace {
 
-bool IsLayout(QChar unit) {
+bool IsLineEndOrTab(QChar unit) {
     return unit == u'\t' || unit == u'\n' || unit == u'\r' || unit == QChar::LineSeparator ||
            unit == QChar::ParagraphSeparator;
 }
 
 QString OneLine(QString text) {
-    while (!text.isEmpty() && IsLayout(text.back())) {
+    while (!text.isEmpty() && IsLineEndOrTab(text.back())) {
         text.chop(1);
     }
-    std::replace_if(text.begin(), text.end(), IsLayout, QChar(u' '));
+    std::replace_if(text.begin(), text.end(), IsLineEndOrTab, QChar(u' '));
     return text;
 }
 
