@@ -36,12 +36,24 @@ namespace {
 // Left alone by a program that ends without GuiStop: at exit the toolkit's own globals go first.
 QzApplication* application = nullptr;
 
+QtMessageHandler standardHandler = nullptr;
+
 // The toolkit ends a program that finds no display as if it had crashed, with a page of advice for
 // its makers. The user gets one line, and whoever started the program a status.
 void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
     if (type == QtFatalMsg) {
         std::fputs("Rotavel: no display answers\n", stderr);
         std::_Exit(EXIT_FAILURE);
+    }
+}
+
+// The toolkit's Wayland platform ends a program whose compositor has gone without what the program
+// has left to do at its exit.
+void ExitWithoutCompositor(QtMsgType type, const QMessageLogContext& context,
+                           const QString& message) {
+    standardHandler(type, context, message);
+    if (message.startsWith("The Wayland connection")) {
+        std::exit(EXIT_FAILURE);
     }
 }
 
@@ -63,9 +75,9 @@ void GuiStart() {
     static int argumentCount = 1;
     // The desktop entry, by which some desktops find name and icon; the others get the icon itself.
     QGuiApplication::setDesktopFileName("Rotavel");
-    const QtMessageHandler standard = qInstallMessageHandler(EndWithoutDisplay);
+    standardHandler = qInstallMessageHandler(EndWithoutDisplay);
     application = new QzApplication(argumentCount, arguments.data());
-    qInstallMessageHandler(standard);
+    qInstallMessageHandler(ExitWithoutCompositor);
     // While the window system maps the first window there is time to read pictures.
     QTimer::singleShot(0, application, [] { QApplication::setWindowIcon(ProgramIcon()); });
     SetWakeHook(&WakeNativeLoop);

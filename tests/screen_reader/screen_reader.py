@@ -5,6 +5,7 @@ can do is left out.
 """
 
 import os
+import signal
 import subprocess
 import sys
 import time
@@ -89,8 +90,10 @@ def main(path):
     program = subprocess.Popen([path])
     try:
         use(find("Rotavel V1.55 ©", "frame"), told)
-        program.terminate()
-        assert program.wait(PATIENCE) == 0
+        # The values are kept, too, when a compositor goes before its programs.
+        has_keys = "DISPLAY" in os.environ
+        os.kill(program.pid if has_keys else int(os.environ["COMPOSITOR"]), signal.SIGTERM)
+        assert program.wait(PATIENCE) == (0 if has_keys else 1)
     finally:
         program.kill()
 

@@ -18,6 +18,7 @@ if ! type -P dbus-run-session weston >/dev/null ||
 fi
 open_stage "$1" screen_reader "${2:-open_display}"
 unset DBUS_SESSION_BUS_ADDRESS
+export COMPOSITOR=$server
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 timeout 150 dbus-run-session -- "$python" "$here/screen_reader.py" "$folder/bin/Rotavel"
 expect_saved "Modell = Breva 750" "RearWheelWidth = 130" "MaxRPM = 9000"
