@@ -42,7 +42,7 @@ void Hand(QEvent& event, QObject& bar) {
 
 void RevealAlong(QScrollBar& bar, int first, int last) {
     const int least = last - bar.pageStep();
-    if (first <= least && last > bar.value() && first < bar.value() + bar.pageStep()) {
+    if (first < least && last > bar.value() && first < bar.value() + bar.pageStep()) {
         return;  // more than can be seen, and some of it is
     }
     bar.setValue(std::min(std::max(bar.value(), least), first));
