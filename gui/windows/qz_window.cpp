@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QWindow>
 
 #include "gui/toolkit/accessible_role.h"
@@ -32,6 +33,10 @@ QzWindow::QzWindow(std::uint32_t flags, QzWindow* parent, QSize contentSize)
       presentation(*this, flags),
       focus(*this, *contentView) {
     SetAccessibleRole(*this, QAccessible::Window);
+    // A window that is not on a screen yet counts as on the one that its place is on.
+    const QScreen* const screen =
+        parent != nullptr ? parent->screen() : QGuiApplication::primaryScreen();
+    move(screen->availableGeometry().topLeft());
     layout.SetContentSize(contentSize);
     EnterWindow(this);
 }
