@@ -5,7 +5,6 @@
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QRegion>
 #include <QScreen>
 #include <QWidget>
 #include <QWindow>
@@ -152,14 +151,6 @@ void CentreFrameOver(QWidget& window, const QWidget& owner) {
 
 bool IsFrameOnScreen(const QWidget& window) {
     return window.screen()->availableGeometry().contains(FrameOf(window));
-}
-
-bool IsFrameSeenWhole(const QWidget& window) {
-    QRegion outside(FrameOf(window));
-    for (const QScreen* const screen : QGuiApplication::screens()) {
-        outside -= screen->availableGeometry();
-    }
-    return outside.isEmpty();
 }
 
 void MoveFrameOntoScreen(QWidget& window) {

@@ -50,10 +50,8 @@ void LeaveZoom(QWidget& window, QPoint corner);
 void CentreFrameOnScreen(QWidget& window);
 void CentreFrameOver(QWidget& window, const QWidget& owner);
 
-// Whether the whole frame of a window is on its screen, or is seen though on several; moves it onto
-// its screen as far as it fits.
+// Whether the whole frame of a window is on its screen; moves it there as far as it fits.
 bool IsFrameOnScreen(const QWidget& window);
-bool IsFrameSeenWhole(const QWidget& window);
 void MoveFrameOntoScreen(QWidget& window);
 
 // Where a popup of the owner's that is to be at `corner` stands: there if it then is on a screen as

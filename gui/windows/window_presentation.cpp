@@ -29,9 +29,7 @@ QzWindow* OwnerOf(const QzWindow& window) {
 }  // namespace
 
 WindowPresentation::WindowPresentation(QzWindow& presentedWindow, std::uint32_t creationFlags)
-    : window(presentedWindow), flags(creationFlags), over(OwnerOf(presentedWindow)) {
-    FollowScreen();
-}
+    : window(presentedWindow), flags(creationFlags), over(OwnerOf(presentedWindow)) {}
 
 bool WindowPresentation::IsVisibleOrPending() const {
     return isPending || window.isVisible();
@@ -149,18 +147,9 @@ void WindowPresentation::Present() {
     if (!isStillWanted) {
         return;
     }
-    if (window.windowHandle() == nullptr) {
-        if (!IsCompositorInCharge()) {
-            unframedCorner = window.pos();
-        }
-        window.winId();  // makes the native window
-        QObject::connect(window.windowHandle(), &QWindow::screenChanged, &window, [this] {
-            FollowScreen();
-            FitOntoScreen();
-        });
-    }
+    MakeNativeWindow();
     if (QzWindow* const parent = window.ParentWindow()) {
-        parent->winId();
+        parent->Presentation().MakeNativeWindow();
         window.windowHandle()->setTransientParent(parent->windowHandle());
     }
     // The toolkit goes by the attribute only when it makes the native window, later by the
@@ -186,6 +175,22 @@ void WindowPresentation::Present() {
     if (QzWindow::ChosenKeyWindow() == &window) {
         window.MakeKeyAndOrderFront();
     }
+}
+
+void WindowPresentation::MakeNativeWindow() {
+    if (window.windowHandle() != nullptr) {
+        return;
+    }
+    if (!IsCompositorInCharge()) {
+        unframedCorner = window.pos();
+    }
+    window.winId();  // makes it
+    QObject::connect(window.windowHandle(), &QWindow::screenChanged, &window, [this] {
+        FollowScreen();
+        FitOntoScreen();
+    });
+    FollowScreen();
+    room = window.screen()->availableGeometry();
 }
 
 void WindowPresentation::EnsureFramed() {
@@ -244,12 +249,17 @@ void WindowPresentation::FitOntoScreen() {
     if (window.IsPopup()) {
         SetCorner(popupCorner);
     } else if (!window.isMaximized() && !window.isFullScreen()) {
-        const QSize before = window.size();
+        const QRect before = FrameOf(window);
+        const bool wasWhole = room.contains(before);
+        room = window.screen()->availableGeometry();
         window.Layout().SetContentSize(window.Layout().ContentSize());
-        if (!IsFrameSeenWhole(window)) {
+        const bool isResized = FrameOf(window).size() != before.size();
+        // Where the rider has pushed it beyond an edge it stays as long as some of it is seen.
+        if (wasWhole || isResized || !room.intersects(before)) {
             MoveFrameOntoScreen(window);
         }
-        if (window.size() != before && window.isVisible() && window.Delegate() != nullptr) {
+        if (isResized && FrameOf(window).topLeft() == before.topLeft() && window.isVisible() &&
+            window.Delegate() != nullptr) {
             // The content is no other, but what stands beside the window has to follow.
             window.Delegate()->WindowDidMove();
         }

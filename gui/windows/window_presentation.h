@@ -7,6 +7,7 @@
 #include <QMetaObject>
 #include <QPoint>
 #include <QPointer>
+#include <QRect>
 #include <QSize>
 
 namespace rotavel {
@@ -49,6 +50,7 @@ class WindowPresentation {
 
   private:
     void Present();
+    void MakeNativeWindow();
     bool IsAwaited() const;
     void FollowScreen();
     // Makes the window as large as its content asks for and its screen has room for.
@@ -63,6 +65,7 @@ class WindowPresentation {
     bool stands = false;
     QDeadlineTimer patience;
     QMetaObject::Connection roomChanges;
+    QRect room;  // of the screen that the window was fitted onto
     // Of the window until its frame has moved it, and until it is zoomed.
     std::optional<QPoint> unframedCorner;
     std::optional<QSize> unzoomedSize;
