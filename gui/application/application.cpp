@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <QIcon>
+#include <QThread>
 #include <QTimer>
 #include <QtGlobal>
 
@@ -38,6 +39,8 @@ QzApplication* application = nullptr;
 
 QtMessageHandler standardHandler = nullptr;
 
+constexpr unsigned long SavingSeconds = 5;
+
 // The toolkit ends a program that finds no display as if it had crashed, with a page of advice for
 // its makers. The user gets one line, and whoever started the program a status.
 void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
@@ -47,13 +50,14 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&
     }
 }
 
-// The toolkit's Wayland platform ends a program whose compositor has gone without what the program
-// has left to do at its exit.
+// The toolkit's Wayland platform ends a program whose compositor has gone as soon as one of its
+// threads finds out, without what the program has left to do at its exit.
 void ExitWithoutCompositor(QtMsgType type, const QMessageLogContext& context,
                            const QString& message) {
     standardHandler(type, context, message);
     if (message.startsWith("The Wayland connection")) {
-        std::exit(EXIT_FAILURE);
+        QMetaObject::invokeMethod(application, [] { std::exit(EXIT_FAILURE); });
+        QThread::sleep(SavingSeconds);  // another thread, which would end the program now
     }
 }
 
