@@ -50,7 +50,7 @@ int main(int argc, char** argv) {
     QMainWindow window;
     window.resize(450, 519);
     auto* const content = new QWidget;
-    content->setFont(QFont("Arial", 9));  // Rotavel's too, beside the desktop's for the menus
+    content->setFont(QFont("Arial", 8));  // Rotavel's too, beside the desktop's for the menus
     window.setCentralWidget(content);
     for (int i = 0; i < 18; ++i) {
         Place<QLabel>(content)->setText("Label");
