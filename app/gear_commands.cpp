@@ -52,20 +52,16 @@ void CalcSpeeds() {
     }
 }
 
-void CalcRpmForGear(std::int64_t button) {
-    const std::optional<std::size_t> gear = GearOfGadget(CalcRpmButton, button);
-    if (!gear) {
-        return;
-    }
+void CalcRpmForGear(std::size_t gear) {
     GearInputs inputs;
     ReadGearInputs(inputs);  // no ratio is above 0 where there is nothing to calculate with
-    const std::optional<double> rpm = EngineSpeed(
-        inputs, *gear, GetGadgetText(GadgetOfGear(GearSpeedField, *gear)), UnitOnShow());
+    const std::optional<double> rpm =
+        EngineSpeed(inputs, gear, GetGadgetText(GadgetOfGear(GearSpeedField, gear)), UnitOnShow());
     if (!rpm) {
         return;
     }
     for (std::size_t other = 0; other < GearCount; ++other) {
-        if (other != *gear) {
+        if (other != gear) {
             SetGadgetText(GadgetOfGear(GearSpeedField, other), NoSpeedText);
         }
     }

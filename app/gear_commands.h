@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "app/gear_calculation.h"
@@ -19,8 +20,8 @@ SpeedUnit UnitOnShow();
 // "Calc speed": the road speed of every gear at the typed engine speed.
 void CalcSpeeds();
 
-// "Calc rpm" of one gear, by the number of its button: the engine speed for the road speed typed
-// into the gear's field.
-void CalcRpmForGear(std::int64_t button);
+// "Calc rpm" of one gear, counted from 0: the engine speed for the road speed typed into the gear's
+// field.
+void CalcRpmForGear(std::size_t gear);
 
 }  // namespace rotavel

@@ -28,10 +28,8 @@ void ChooseMenuItem(std::int64_t item, const std::vector<MakerRecord>& makers) {
         PostProgramEvent(CloseRequested, MainWindow);
     } else if (item == AboutMenuItem) {
         ShowAbout();
-    } else if (item >= FirstMotorcycleMenuItem) {
-        if (const auto choice = FindMotorcycle(makers, item)) {
-            ChooseMotorcycle(*choice);
-        }
+    } else if (const auto choice = FindMotorcycle(makers, item)) {
+        ChooseMotorcycle(*choice);
     }
 }
 
@@ -51,8 +49,8 @@ void UseGadget(std::int64_t gadget, std::int64_t type, SpeedChart& chart) {
     if (type == Change) {
         FieldChanged(gadget);
     }
-    if (GearOfGadget(CalcRpmButton, gadget)) {
-        CalcRpmForGear(gadget);
+    if (const auto gear = GearOfGadget(CalcRpmButton, gadget)) {
+        CalcRpmForGear(*gear);
     } else if (gadget == CalcSpeedButton) {
         CalcSpeeds();
     } else if (gadget == GraphicButton) {
