@@ -189,6 +189,7 @@ TEST_F(RequesterTest, ShowsWhatItIsToldAndAnswers) {
             QStringList buttons;
             for (const auto* const button : box.findChildren<QAbstractButton*>()) {
                 buttons += button->text();
+                EXPECT_GT(button->y(), labels[1]->mapTo(&box, QPoint()).y());
             }
             EXPECT_EQ(buttons.join('|'), each.Buttons);
             EXPECT_EQ(box.windowTitle() + labels[0]->text(), "TitleTitle");

@@ -74,6 +74,7 @@ def use(window, told):
     do("Show a chart of road speed against engine speed", "push button", window)
     chart = find("Rotavel V1.55 Graphic", "frame")
     find("Chart of road speed against engine speed", "image", chart)
+    find("", "status bar", chart)
     if "DISPLAY" in os.environ:
         wait_for("keyboard", lambda: b"Graphic" in subprocess.run(
             ["xdotool", "getwindowfocus", "getwindowname"], stdout=subprocess.PIPE).stdout)
