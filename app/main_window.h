@@ -12,7 +12,7 @@
 
 namespace rotavel {
 
-// The main window: its numbers, and the tables it is built from.
+// The main window: its numbers and texts.
 
 inline constexpr std::int64_t MainWindow = 0;
 inline constexpr std::int64_t MainMenu = 0;

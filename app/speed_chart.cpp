@@ -80,7 +80,7 @@ std::int64_t MakePlotImage(const GearInputs& inputs, const PlotSize& plot, std::
 // image cannot (the window is open, empty).
 std::int64_t OpenSpeedChart(std::u16string_view heading, std::int64_t maxRpm,
                             std::int64_t topSpeed) {
-    GearInputs inputs;
+    GearInputs inputs;  // begun empty: with an inch tyre that is not made there is no chart
     if (ReadGearInputs(inputs) == 0) {
         return 0;
     }

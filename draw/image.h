@@ -11,7 +11,7 @@ namespace rotavel {
 // return 0. Creating under a number in use frees the image that holds it.
 
 // A new black image. Returns the automatic number for AnyNumber, else non-zero; 0 when a side is
-// below 1 or above 32767 or memory is short.
+// below 1 or above 32767, it has more than 64 Mi pixels or memory is short.
 std::int64_t ImageCreate(std::int64_t number, std::int64_t width, std::int64_t height);
 
 // A new image with a copy of a rectangle of another; what lies outside of that one is white.

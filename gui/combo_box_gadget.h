@@ -2,7 +2,6 @@
 
 #include <cstdint>
 
-#include "gui/handles.h"
 #include "gui/numbers.h"
 
 namespace rotavel {

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string_view>
 
-#include "gui/handles.h"
 #include "gui/numbers.h"
 
 namespace rotavel {

@@ -122,6 +122,7 @@ class SettingsEntries {
         entry->next = nullptr;
         entry->key = key;
         entry->value = value;
+        // The mask changes no length; it tells the compiler that they fit.
         entry->keyLength = keyLength & LargestSettingsText;
         entry->kind = kind;
         entry->valueLength = valueLength & LargestSettingsText;

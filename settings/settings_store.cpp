@@ -13,7 +13,6 @@
 #include "settings/settings_entries.h"
 #include "settings/settings_text.h"
 #include "text/number_text.h"
-#include "text/text.h"
 #include "text/utf.h"
 
 namespace rotavel {

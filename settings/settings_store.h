@@ -44,7 +44,8 @@ int SettingsSaveError();
 bool SettingsSelectGroup(std::u16string_view name);
 
 // Visit all groups in file order: rewind, then each SettingsNextGroup makes the next group current
-// until it returns false. Rewinding returns false when no store is open.
+// until it returns false. Rewinding returns false when no store is open. A group that was selected
+// and not found stays selected for reads and writes until the next rewind or select.
 bool SettingsRewindGroups();
 bool SettingsNextGroup();
 

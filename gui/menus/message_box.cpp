@@ -15,7 +15,6 @@
 
 #include "gui/toolkit/native_events.h"
 #include "gui/windows/window_frame.h"
-#include "gui/windows/window_list.h"
 
 namespace rotavel {
 

@@ -10,8 +10,8 @@ namespace rotavel {
 QSize BitmapSize(std::int64_t width, std::int64_t height);
 
 // A bitmap of this size in the program's pixels, 24 bits deep and as fine as the screen: at a
-// screen scale of 2 it holds four of its own pixels for each. A null image when a side is below 1
-// or above what the windowing system can hold, or memory is short.
+// screen scale of 2 it holds four of its own pixels for each. A null image when the size is
+// not a possible one (see coordinates.h) or memory is short.
 QImage MakeBitmap(std::int64_t width, std::int64_t height);
 
 }  // namespace rotavel

@@ -9,7 +9,7 @@ namespace rotavel {
 
 void Retire(QObject* object);
 
-// Deletes what has been retired. For the outermost wait only.
+// Deletes what has been retired. For the outermost wait and the end of the program only.
 void DeleteRetiredObjects();
 
 }  // namespace rotavel
