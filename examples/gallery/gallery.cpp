@@ -1,6 +1,7 @@
 // One window with every kind of gadget in every form, a menu and a requester, and second windows of
 // several kinds, written on the public headers of gui/ and draw/ alone. Prints each event it takes
-// but Repaint, one a line: kind, object, window, type and a text, which is a drop's or the gadget's.
+// but Repaint, one a line: kind, object, window, type and a text, which is a drop's or the
+// gadget's.
 
 #include <array>
 #include <cinttypes>
