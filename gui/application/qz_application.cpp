@@ -51,16 +51,9 @@ QzApplication::QzApplication(int& argumentCount, char** arguments)
     connect(this, &QApplication::focusChanged, this, &QzApplication::FollowFocus);
 }
 
-void QzApplication::FollowFocus(QWidget* before, QWidget* now) {
-    const QWidget* const widget = now != nullptr ? now : before;
-    auto* const window = widget == nullptr ? nullptr : QzWindow::Of(widget);
-    if (window == nullptr) {
-        return;
-    }
-    if (now != nullptr) {
+void QzApplication::FollowFocus(QWidget*, QWidget* now) {
+    if (QzWindow* const window = now == nullptr ? nullptr : QzWindow::Of(now)) {
         window->FocusArrived(now);
-    } else if (activeWindow() == window && window->focusWidget() == nullptr) {
-        window->FocusVanished();  // the widget was disabled or hidden, and no other took over
     }
 }
 

@@ -58,9 +58,8 @@ class QzWindow final : public QWidget {
     void KeepOverlayOnTop();
     bool CanBecomeKeyWindow() const { return overlay == nullptr; }
 
-    // The toolkit's focus is on a widget of this window now, or on none of it any more.
+    // The toolkit's focus has come to a widget of this window.
     void FocusArrived(QWidget* widget);
-    void FocusVanished() { focus.Vanished(); }
     // Scrolls a part of a view of the content into sight.
     void Reveal(const QWidget& view, const QRect& part);
     // Makes a widget of the content, or none, the one that keys go to, also while the window does

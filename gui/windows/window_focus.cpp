@@ -70,12 +70,6 @@ void WindowFocus::Arrived(QWidget* widget) {
     }
 }
 
-void WindowFocus::Vanished() {
-    if (!isSuspended) {
-        Pass(nullptr);
-    }
-}
-
 void WindowFocus::Suspend() {
     if (!isSuspended) {
         suspendedResponder = firstResponder;

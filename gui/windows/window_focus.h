@@ -27,9 +27,8 @@ class WindowFocus {
     // to bottom as the eye goes, whatever the order of creation. False when there is none.
     bool Advance(bool forward);
 
-    // The toolkit's focus is on a widget of the window now, or on none of it any more.
+    // The toolkit's focus has come to a widget of the window.
     void Arrived(QWidget* widget);
-    void Vanished();
 
     // Takes the focus from the content until Resume gives it back.
     void Suspend();

@@ -215,6 +215,7 @@ TEST_F(RequesterTest, ProgramGoesOnUnderIt) {
         // The answer to the one above leaves this one as it is. Both go when the program ends.
         EXPECT_EQ(Answer(0, [](QDialog& inner) { inner.close(); }), 0);
         EXPECT_FALSE(outer.close()) << "it has to be answered";
+        EXPECT_EQ(outer.windowHandle()->transientParent(), Native(2)->windowHandle());
         const auto end = [&outer](QDialog& inner) {
             EXPECT_EQ(inner.windowHandle()->transientParent(), outer.windowHandle());
             // The window under them may go, with a wait that cleans up, and another may come.
