@@ -104,6 +104,7 @@ void GuiStop() {
     ReleaseTerminationSignals();
     ReleaseEventQueue();
     SetWakeHook(nullptr);
+    qInstallMessageHandler(nullptr);
     delete std::exchange(application, nullptr);
 }
 

@@ -246,12 +246,12 @@ void WindowPresentation::FollowScreen() {
 }
 
 void WindowPresentation::FitOntoScreen() {
+    const QRect former = std::exchange(room, window.screen()->availableGeometry());
     if (window.IsPopup()) {
         SetCorner(popupCorner);
     } else if (!window.isMaximized() && !window.isFullScreen()) {
         const QRect before = FrameOf(window);
-        const bool wasWhole = room.contains(before);
-        room = window.screen()->availableGeometry();
+        const bool wasWhole = former.contains(before);
         window.Layout().SetContentSize(window.Layout().ContentSize());
         const bool isResized = FrameOf(window).size() != before.size();
         // Where the rider has pushed it beyond an edge it stays as long as some of it is seen.

@@ -65,7 +65,7 @@ class WindowPresentation {
     bool stands = false;
     QDeadlineTimer patience;
     QMetaObject::Connection roomChanges;
-    QRect room;  // of the screen that the window was fitted onto
+    QRect room;  // of its screen when the window was last fitted onto it
     // Of the window until its frame has moved it, and until it is zoomed.
     std::optional<QPoint> unframedCorner;
     std::optional<QSize> unzoomedSize;
