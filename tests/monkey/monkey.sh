@@ -62,7 +62,15 @@ disturb() {
     # The window manager does not survive every round by itself either.
     if has_ended "$manager" 2>/dev/null; then
         start_manager
+        # A window that is to be mapped while it starts it loses. Once it does as asked, it is up.
+        wait_for "window manager at work" has_desktops 2
+        wait_for "window manager at work" has_desktops 1
     fi
+}
+
+has_desktops() {
+    wmctrl -n "$1"
+    [[ $(xdotool get_num_desktops) == "$1" ]]
 }
 
 # expect_whole: the settings file has all its motorcycles and keys.
